@@ -1,0 +1,55 @@
+# Sourced by ./run, ./test and .ci/run: installs from Debian, by name, what is missing.
+build_packages="g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
+                libkf5archive-dev fonts-noto-cjk"
+test_packages="libgtest-dev librapidcheck-dev binutils"
+lint_packages="clang-format clang-tidy"
+bench_packages="libbenchmark-dev"
+
+# need PACKAGE...: makes sure that the packages are installed, or says what to do and ends.
+need() {
+    missing=
+    if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        command -v cmake >/dev/null && command -v ninja >/dev/null && return 0
+        echo "This is not a Debian system. Please install what these Debian packages hold:" "$@" >&2
+        exit 1
+    fi
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
+            missing="$missing $package"
+    done
+    [ -z "$missing" ] && return 0
+    echo "Installing from Debian:$missing" >&2
+    as_root=
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Not root and no sudo. As root: apt-get install$missing" >&2
+            exit 1
+        fi
+        as_root=sudo
+    fi
+    log=$(mktemp)
+    if ! { $as_root apt-get update -qq &&
+           $as_root env DEBIAN_FRONTEND=noninteractive \
+               apt-get install -y -qq --no-install-recommends $missing; } >"$log" 2>&1; then
+        tail -n 20 "$log" >&2
+        echo "Could not install:$missing" >&2
+        exit 1
+    fi
+    rm -f "$log"
+}
+
+# build PRESET [TARGET...]: configures and builds; shows the whole output only on failure.
+build() {
+    preset=$1
+    shift
+    log=build/$preset.log
+    mkdir -p build
+    echo "Building ($preset) …" >&2
+    if ! { cmake --preset "$preset" &&
+           cmake --build --preset "$preset" ${1:+--target "$@"}; } >"$log" 2>&1; then
+        grep -nE 'error|FAILED|CMake Error' "$log" | head -n 40 >&2 || true
+        tail -n 40 "$log" >&2
+        echo "The build failed; all of it is in $log." >&2
+        exit 1
+    fi
+}

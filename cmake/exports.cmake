@@ -1,0 +1,13 @@
+# The one export macro, generated: NEWPRO_EXPORT in newProDialog_export.h.
+include(GenerateExportHeader)
+generate_export_header(newProDialog
+    EXPORT_MACRO_NAME NEWPRO_EXPORT
+    EXPORT_FILE_NAME ${CMAKE_BINARY_DIR}/include/newProDialog_export.h)
+target_include_directories(newProDialog PUBLIC
+    $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/newProDialog>)
+foreach(room dialog import)
+    target_include_directories(newProDialog PUBLIC
+        $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/${room}>)
+endforeach()
+target_include_directories(newProDialogObjects PUBLIC ${CMAKE_BINARY_DIR}/include)
