@@ -1,0 +1,23 @@
+/// A label of one line that never asks for more width than it gets.
+#pragma once
+
+#include "zBaseControl.h"
+
+namespace newpro {
+
+/// Keeps its text whole and shortens only what it paints. Plain text.
+class ElidedLabel : public zBaseLabel {
+    Q_OBJECT
+  public:
+    /// @param mode where the dots stand: at the right for sentences, in the middle for paths.
+    ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent);
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    Qt::TextElideMode mode;
+};
+
+}  // namespace newpro

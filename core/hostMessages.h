@@ -1,0 +1,78 @@
+/// The signals and messages to the host: codes, keys and payloads. The one place that knows them.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QVariant>
+
+#include "core/projectKind.h"
+
+namespace ProjectSettingSpace {
+struct TaxTemplateInfo;
+}
+
+namespace newpro {
+
+/// Codes of the creation signals and messages.
+enum MessageCode {
+    NoCase = 0,
+    CreateBudget = 100,
+    CreateEstimate = 102,
+    CreateFromFile = 103,
+    CreateSettlement = 104,
+    CreateContracting = 105,
+    ImportExcel = 107,
+    ImportTender = 108,
+    ContractingFromFile = 114,
+    CreateFromTemplate = 44,
+    CreateFromModel = 95,
+};
+
+/// The fee-charging modes as they stand in the configuration.
+extern const QString wholeProjectFee;  ///< "整体计费"
+extern const QString perUnitFee;       ///< "单独计费"
+
+/// A message to a plug-in.
+struct PluginMessage {
+    int client = UnknownProgram;  ///< The plug-in's program type.
+    int code = NoCase;
+    QJsonObject body;
+
+    /// Adds "client_pid", the number of the plug-in addressed.
+    void addClient();
+    /// Hands the message to the host.
+    void send() const;
+};
+
+/// @return the project map of SignalCreatePro for a pricing model: 13 keys, the project type its
+///         name, "mJfms" 1 for "整体计费" and else 0.
+QVariantMap newProjectMap(const ProjectSettingSpace::TaxTemplateInfo& model);
+
+/// @param values the page's values: "TemplateName", "GcLj", "GsMb", "JsMb"; a missing one counts as
+///        empty.
+/// @param kind   bit flags of the kind to create.
+/// @return the message for the data of a page, without "client_pid".
+PluginMessage pageMessage(const QVariantMap& values, int kind);
+
+/// @param file the project file to start from, as chosen.
+PluginMessage contractingMessage(const QString& file);
+
+/// What the Excel import dialog answers.
+struct ExcelChoice {
+    QString appType;          ///< Chosen application type.
+    int type = -1;            ///< 0 one workbook, 1 a folder of workbooks.
+    QString path;             ///< The workbook or folder.
+    QString model;            ///< Text of the chosen pricing model.
+    QString projectTemplate;  ///< Path of the project template; empty as the dialog is laid out.
+};
+
+/// @return plug-in 4 for the application type "Kvys" in any letter case, else plug-in 16.
+PluginMessage excelMessage(const ExcelChoice& choice);
+
+/// @param file the tendering-data file. Always goes to plug-in 4.
+PluginMessage tenderMessage(const QString& file);
+
+/// Sends the message of a template card: code 44 to target 4, with the template's path.
+void sendTemplateMessage(const QString& path);
+
+}  // namespace newpro

@@ -1,0 +1,63 @@
+#include "core/projectKind.h"
+
+#include <QVector>
+
+namespace newpro {
+
+namespace {
+
+const QVector<ProjectKind>& kinds() {
+    static const QVector<ProjectKind> table = {
+        {QStringLiteral("预算工程"), BudgetProgram, QStringLiteral("Kvys"), QStringLiteral("kvys")},
+        {QStringLiteral("概算工程"), EstimateProgram, QStringLiteral("Kvys"), QString()},
+        {QStringLiteral("结算工程"), SettlementProgram, QStringLiteral("Kvjs"), QString()},
+        {QStringLiteral("总承包工程"), ContractingProgram, QStringLiteral("Kvzcb"),
+         QStringLiteral("kvzcb")},
+        {QStringLiteral("全过程工程"), WholeProcessProgram, QStringLiteral("Kvqgc"), QString()},
+        {QStringLiteral("审核工程"), AuditProgram, QStringLiteral("Kvys"), QString()},
+    };
+    return table;
+}
+
+}  // namespace
+
+void CurrentKind::choose(const ProjectKind& kind) {
+    programType = kind.programType;
+    appType = kind.appType;
+    if (!kind.appTypeKey.isNull()) appTypeKey = kind.appTypeKey;
+}
+
+const ProjectKind* kindOfLabel(const QString& label) {
+    for (const ProjectKind& kind : kinds()) {
+        if (kind.label == label) return &kind;
+    }
+    return nullptr;
+}
+
+QString kindName(int programType) {
+    for (const ProjectKind& kind : kinds()) {
+        if (kind.programType == programType) return kind.label;
+    }
+    return kinds().constFirst().label;
+}
+
+bool programTypeOf(const QString& appType, int& type) {
+    static const struct {
+        QLatin1String appType;
+        int type;
+    } table[] = {
+        {QLatin1String("Kvys"), BudgetProgram},
+        {QLatin1String("Kvzcb"), ContractingProgram},
+        {QLatin1String("Kvjs"), SettlementProgram},
+        {QLatin1String("Kvqgc"), WholeProcessProgram},
+    };
+    for (const auto& row : table) {
+        if (appType == row.appType) {
+            type = row.type;
+            break;
+        }
+    }
+    return true;
+}
+
+}  // namespace newpro

@@ -1,0 +1,64 @@
+#include "models/PricingModelCatalogue.h"
+
+#include "core/scale.h"
+#include "models/ProModelItemForm.h"
+
+namespace newpro {
+
+namespace {
+
+constexpr double rowHeight = 80.0;  // design pixels
+
+void clearList(QListWidget* list, ListItemPool& pool) {
+    if (!list) return;
+    for (int row = list->count() - 1; row >= 0; --row) {
+        QListWidgetItem* item = list->item(row);
+        if (!item) continue;
+        list->setItemWidget(item, nullptr);
+        pool.keep(list->takeItem(row));
+    }
+}
+
+}  // namespace
+
+void PricingModelCatalogue::clear() {
+    clearList(templates, pool);
+    clearList(lists[BusinessTax], pool);
+    clearList(lists[SimpleTax], pool);
+    clearList(lists[GeneralTax], pool);
+}
+
+void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMade,
+                                 const ModeFilled& modeFilled) {
+    ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
+    if (!helper) return;
+    // A copy: the host may rebuild its list while the cards ask for their configuration.
+    const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
+        helper->GetProTaxTemplateInfoList(appType, appType);
+    for (const ProjectSettingSpace::ProTaxTemplateInfo& entry : entries) {
+        if (entry.taxMode < 0 || entry.taxMode >= taxModeCount) continue;
+        QListWidget* list = lists[size_t(entry.taxMode)];
+        if (!list) continue;
+        if (!entry.models.isEmpty()) modeFilled(entry.taxMode);
+        for (const ProjectSettingSpace::TaxTemplateInfo& model : entry.models) {
+            place(model, list, cardMade);
+        }
+        list->setMinimumHeight(scaled(rowHeight) * entry.models.size());
+    }
+}
+
+void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
+                                  QListWidget* list, const CardMade& cardMade) {
+    auto card = std::make_unique<ProModelItemForm>(model, nullptr);
+    std::unique_ptr<QListWidgetItem> item = pool.take();
+    item->setData(Qt::UserRole, QVariant::fromValue(model));
+    // Not setSizeHint: it drops a size whose width is the item's current -1.
+    item->setData(Qt::SizeHintRole, QSize(item->sizeHint().width(), scaled(rowHeight)));
+    QListWidgetItem* placed = item.release();
+    list->insertItem(list->count(), placed);
+    ProModelItemForm* shown = card.release();
+    list->setItemWidget(placed, shown);
+    cardMade(shown);
+}
+
+}  // namespace newpro

@@ -1,0 +1,47 @@
+/// The lists of pricing-model cards, one per tax mode.
+#pragma once
+
+#include <QListWidget>
+#include <QPointer>
+#include <array>
+#include <functional>
+
+#include "SharedInterface.h"
+#include "core/listItemPool.h"
+
+class ProModelItemForm;
+
+namespace newpro {
+
+/// Tax modes, as the configuration numbers them; also the page numbers of the tax-mode stack.
+enum TaxMode { GeneralTax = 0, SimpleTax = 1, BusinessTax = 2, taxModeCount = 3 };
+
+/// Fills, clears and shows the three lists. A list that was never built is passed over.
+class PricingModelCatalogue {
+  public:
+    using CardMade = std::function<void(ProModelItemForm* card)>;
+    using ModeFilled = std::function<void(int taxMode)>;
+
+    std::array<QPointer<QListWidget>, taxModeCount> lists;  ///< By tax mode.
+    QPointer<QListWidget> templates;                        ///< The template cards.
+
+    /// Empties the template list and the lists of tax mode 2, 1 and 0, in this order.
+    void clear();
+
+    /// Appends a card for each model of an application type to the list of its tax mode. Without
+    /// configuration the lists stay as they are. After an exception the cards placed so far stay.
+    /// @param cardMade   called for each card placed. @param modeFilled called once for each entry
+    ///        of the configuration that placed a card.
+    void load(const QString& appType, const CardMade& cardMade, const ModeFilled& modeFilled);
+
+    /// Items for the lists' rows; those taken out wait here until they are used again.
+    ListItemPool& items() { return pool; }
+
+  private:
+    void place(const ProjectSettingSpace::TaxTemplateInfo& model, QListWidget* list,
+               const CardMade& cardMade);
+
+    ListItemPool pool;
+};
+
+}  // namespace newpro

@@ -1,0 +1,236 @@
+#include "models/ProModelItemForm.h"
+
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include "core/ElidedLabel.h"
+#include "core/guard.h"
+#include "core/hostMessages.h"
+#include "core/scale.h"
+
+using newpro::guarded;
+using newpro::scaled;
+
+namespace {
+
+constexpr char source[] = "ProModelItemForm";
+
+// Style codes of the host's widget library.
+constexpr int cardWidget = 9;
+constexpr int cardText = 2;
+constexpr int newButton = 88;
+constexpr int splitPart = 18;
+
+constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
+
+/// Makes the record known to queued connections and QVariant, under its full name and its alias.
+int registeredType() {
+    static const int id = [] {
+        qRegisterMetaType<ProjectSettingSpace::TaxTemplateInfo>("TaxTemplateInfo");
+        return qRegisterMetaType<ProjectSettingSpace::TaxTemplateInfo>(
+            "ProjectSettingSpace::TaxTemplateInfo");
+    }();
+    return id;
+}
+
+/// @return the menu text of a fee mode; empty for a mode without explanation.
+QString feeModeText(const QString& mode) {
+    if (mode == newpro::wholeProjectFee) return mode + QStringLiteral("(措施等费用在项目级计取)");
+    if (mode == newpro::perUnitFee) return mode + QStringLiteral("(措施等费用在单位工程计取)");
+    return QString();
+}
+
+}  // namespace
+
+struct ProModelItemForm::Form {
+    explicit Form(QWidget* card)
+        : verticalLayout(new QVBoxLayout(card)),
+          horizontalLayout(new QHBoxLayout),
+          verticalLayout_2(new QVBoxLayout),
+          lblTitle(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
+          btnNewProject(new zBaseButton(QStringLiteral("新建"), card)),
+          lblSource(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
+          lblDescription(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)) {
+        name(verticalLayout, "verticalLayout");
+        name(horizontalLayout, "horizontalLayout");
+        name(verticalLayout_2, "verticalLayout_2");
+        name(lblTitle, "lblTitle");
+        name(btnNewProject, "btnNewProject");
+        name(lblSource, "lblSource");
+        name(lblDescription, "lblDescription");
+        for (zBaseLabel* label : {lblTitle, lblSource, lblDescription}) {
+            label->setControlType(cardText);
+        }
+        btnNewProject->setControlType(newButton);
+        btnNewProject->setAutoDefault(false);
+        btnNewProject->setCursor(Qt::PointingHandCursor);
+        btnNewProject->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+
+        horizontalLayout->addWidget(lblTitle, 1);
+        horizontalLayout->addWidget(btnNewProject);
+        verticalLayout_2->addWidget(lblSource);
+        verticalLayout_2->addWidget(lblDescription);
+        verticalLayout->addLayout(horizontalLayout);
+        verticalLayout->addLayout(verticalLayout_2);
+    }
+
+    static void name(QObject* object, const char* text) {
+        object->setObjectName(QLatin1String(text));
+    }
+
+    QVBoxLayout* verticalLayout;
+    QHBoxLayout* horizontalLayout;
+    QVBoxLayout* verticalLayout_2;
+    zBaseLabel* lblTitle;
+    zBaseButton* btnNewProject;
+    zBaseLabel* lblSource;
+    zBaseLabel* lblDescription;
+};
+
+ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent)
+    : zBaseWidget(parent, cardWidget), model(model) {
+    guarded(source, "ProModelItemForm::ProModelItemForm", [this] {
+        ui = std::make_unique<Form>(this);
+        resize(scaled(470), scaled(94));
+        ui->verticalLayout->setSpacing(scaled(6));
+        ui->verticalLayout->setContentsMargins(scaled(5), scaled(5), 0, scaled(5));
+        ui->lblTitle->setMinimumWidth(scaled(5));
+        QFont bold = ui->lblTitle->font();
+        bold.setWeight(QFont::Bold);
+        ui->lblTitle->setFont(bold);
+        ui->btnNewProject->setMinimumWidth(scaled(50));
+        ui->btnNewProject->setMaximumSize(scaled(50), QWIDGETSIZE_MAX);
+        ui->verticalLayout_2->setSpacing(scaled(2));
+        registeredType();
+        UpdateDataDisplay();
+        connect(ui->btnNewProject, &QAbstractButton::clicked, this, [this] {
+            guarded(source, "ProModelItemForm::ProModelItemForm",
+                    [this] { Q_EMIT signalNewPro(this->model); });
+        });
+    });
+}
+
+ProModelItemForm::~ProModelItemForm() = default;
+
+void ProModelItemForm::UpdateDataDisplay() {
+    guarded(source, "ProModelItemForm::UpdateDataDisplay", [this] {
+        ui->lblTitle->setText(model.name);
+
+        QStringList basis;
+        if (!model.leadingBasisDocument.isEmpty()) basis << model.leadingBasisDocument;
+        if (!model.basisDocument.isEmpty()) basis << model.basisDocument;
+        basis << model.basis;
+        const QString sourceText = QStringLiteral("依据：") + basis.join(QStringLiteral("；"));
+        ui->lblSource->setText(sourceText);
+        ui->lblSource->setToolTip(sourceText);
+
+        if (model.description.isEmpty()) ui->lblDescription->clear();
+        descriptionText = QStringLiteral("说明：") + model.description;
+        UpdateDescriptionText();
+        initXjButton(ui->btnNewProject);
+    });
+}
+
+void ProModelItemForm::UpdateDescriptionText() {
+    guarded(source, "ProModelItemForm::UpdateDescriptionText", [this] {
+        if (!ui) return;
+        ui->lblDescription->setText(ui->lblDescription->fontMetrics().elidedText(
+            descriptionText, Qt::ElideRight, width() - descriptionMargin));
+        ui->lblDescription->setToolTip(descriptionText);
+    });
+}
+
+void ProModelItemForm::initXjButton(zBaseButton* button) {
+    ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
+    if (!helper) return;
+    // Always the budget type's configuration, whatever kind the dialog is in.
+    const QMap<QString, ProjectSettingSpace::PricingModelInfo> configured =
+        helper->GetPricingModelInfoMap(QStringLiteral("Kvys"), QString());
+    for (const ProjectSettingSpace::PricingModelInfo& info : configured) {
+        if (info.key != model.key) continue;
+        model.alternativeFeeMode = info.defaultFeeMode;
+        if (info.feeModes.size() == 1) {
+            model.feeMode = info.feeModes.constFirst();
+        } else if (info.feeModes.size() > 1) {
+            splitButton(button, info.feeModes);
+        }
+        return;
+    }
+}
+
+void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeModes) {
+    button->SetText(QString());
+    // The two parts take the keyboard; the frame around them has no action of its own to offer.
+    button->setFocusPolicy(Qt::NoFocus);
+    auto* layout = new QHBoxLayout(button);
+    layout->setContentsMargins(1, 0, 1, 0);
+    layout->setSpacing(0);
+
+    auto* create = new zBaseButton(QStringLiteral("新建"), button);
+    create->setTextAlignment(Qt::AlignRight);
+    create->setControlType(splitPart);
+    create->setAutoDefault(false);
+    layout->addWidget(create, 1);
+    connect(create, &QAbstractButton::clicked, this, [this, create] {
+        guarded(source, "ProModelItemForm::initXjButton", [this, create] {
+            model.feeMode = model.alternativeFeeMode;
+            emitWithout(create);
+        });
+    });
+
+    auto* choose = new zBaseButton(button);
+    choose->setIcon(QStringLiteral(":/Image/Home/xjXl.svg"));
+    choose->setIconAlignment(Qt::AlignCenter);
+    choose->setControlType(splitPart);
+    choose->setAutoDefault(false);
+    choose->setAccessibleName(QStringLiteral("选择计费方式"));
+    choose->setMenu(feeModeMenu(feeModes, create, choose));
+    layout->addWidget(choose);
+}
+
+zBaseMenu* ProModelItemForm::feeModeMenu(const QStringList& feeModes, zBaseButton* create,
+                                         QWidget* parent) {
+    auto* menu = new zBaseMenu(parent);
+    menu->setFixedWidth(scaled(240));
+    for (const QString& mode : feeModes) {
+        // Deliberately set here, while the menu is built, and not when the entry is picked: a pick
+        // creates with whatever the field holds by then.
+        if (mode == newpro::perUnitFee) model.feeMode = mode;
+        QAction* action = menu->addAction(feeModeText(mode));
+        connect(action, &QAction::triggered, this, [this, create] {
+            guarded(source, "ProModelItemForm::initXjButton", [&] { emitWithout(create); });
+        });
+    }
+    return menu;
+}
+
+/// Emits the model while the button `create` cannot be clicked.
+void ProModelItemForm::emitWithout(zBaseButton* create) {
+    const QPointer<zBaseButton> alive = create;
+    create->setEnabled(false);
+    // The receiver's exception must not leave the button disabled.
+    struct Enable {
+        const QPointer<zBaseButton>& button;
+        ~Enable() {
+            if (button) button->setEnabled(true);
+        }
+    } enable{alive};
+    Q_EMIT signalNewPro(model);
+}
+
+void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
+    guarded(source, "ProModelItemForm::mouseDoubleClickEvent", [&] {
+        const QPointer<ProModelItemForm> alive = this;
+        if (event->button() == Qt::LeftButton) Q_EMIT signalNewPro(model);
+        if (alive) zBaseWidget::mouseDoubleClickEvent(event);
+    });
+}
+
+void ProModelItemForm::resizeEvent(QResizeEvent* event) {
+    guarded(source, "ProModelItemForm::resizeEvent", [&] {
+        zBaseWidget::resizeEvent(event);
+        UpdateDescriptionText();
+    });
+}

@@ -1,0 +1,42 @@
+/// The card of one pricing model.
+#pragma once
+
+#include <memory>
+
+#include "SharedInterface.h"
+#include "zBaseControl.h"
+
+/// Shows a pricing model's name, basis and description, and offers "新建": a plain button, or a
+/// split button where the configuration offers two or more fee-charging modes.
+class ProModelItemForm : public zBaseWidget {
+    Q_OBJECT
+  public:
+    /// @param model copied; the card changes the fee modes of its copy.
+    ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent);
+    ~ProModelItemForm() override;
+
+    /// Fills the labels and sets up the new-project control.
+    void UpdateDataDisplay();
+    /// Elides the description to the card's width.
+    void UpdateDescriptionText();
+
+  Q_SIGNALS:
+    /// The user wants a project from this model. Receivers may delete the card.
+    void signalNewPro(TaxTemplateInfo newProTaxInfo);
+
+  protected:
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    struct Form;
+
+    void initXjButton(zBaseButton* button);
+    void splitButton(zBaseButton* button, const QStringList& feeModes);
+    zBaseMenu* feeModeMenu(const QStringList& feeModes, zBaseButton* create, QWidget* parent);
+    void emitWithout(zBaseButton* create);
+
+    TaxTemplateInfo model;
+    QString descriptionText;
+    std::unique_ptr<Form> ui;
+};

@@ -1,0 +1,14 @@
+/// The preliminary-estimate templates of the installation.
+#pragma once
+
+class zBaseCombox;
+
+namespace newpro {
+
+/// Refills a combo box with the base names of the installation's preliminary-estimate templates, in
+/// name order. The user's default template becomes current, else "通用概算模板", else nothing is
+/// chosen.
+/// @param combo null does nothing.
+void fillEstimateTemplates(zBaseCombox* combo);
+
+}  // namespace newpro
