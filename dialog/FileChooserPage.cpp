@@ -1,0 +1,106 @@
+#include "dialog/FileChooserPage.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "core/scale.h"
+
+namespace newpro {
+
+const FileChooserConfig auditPageConfig = {"auditPage", QStringLiteral("待审工程文件"),
+                                           QStringLiteral("新建审核"), false};
+const FileChooserConfig contractingPageConfig = {"contractingPage", QStringLiteral("工程文件"),
+                                                 QStringLiteral("新建总承包"), true};
+
+namespace {
+
+constexpr int transparentRow = 10;  // widget type of the host's library
+constexpr double gapAboveButton = 140.0;
+
+QHBoxLayout* captionRow(const QString& text) {
+    auto* caption = new zBaseLabel(text);
+    caption->setObjectName(QStringLiteral("caption"));
+    caption->setFont(TBaseTool::GetDefFont(scaled(12), QFont::Normal));
+    caption->setFixedSize(scaled(76), scaled(17));
+    auto* row = new QHBoxLayout;
+    row->addWidget(caption);
+    row->addStretch();
+    return row;
+}
+
+QHBoxLayout* centred(QWidget* widget) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(widget);
+    row->addStretch();
+    return row;
+}
+
+}  // namespace
+
+FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* parent)
+    : zBaseWidget(parent, transparentRow),
+      panel(new zBaseWidget(this)),
+      combo(new zBaseCombox(panel)),
+      browse(new zBaseButton(panel)),
+      create(new zBaseButton(config.createText, this)) {
+    setObjectName(QLatin1String(config.objectName));
+    buildPathPanel();
+    create->setObjectName(QStringLiteral("newButton"));
+    create->setAutoDefault(false);
+    create->setFixedSize(scaled(160), scaled(32));
+    if (config.grid) {
+        placeInGrid(captionRow(config.caption), centred(create));
+    } else {
+        placeInColumn(captionRow(config.caption), centred(create));
+    }
+    combo->setAccessibleName(config.caption);
+}
+
+void FileChooserPage::buildPathPanel() {
+    // At least, not exactly: the controls in it are 2 higher and would be cut.
+    panel->setMinimumHeight(scaled(30));
+    panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    combo->setObjectName(QStringLiteral("fileCombo"));
+    combo->setEditable(true);
+    // What is typed stays text: it becomes an entry only through the history.
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->SetComboxShowIcon(true);
+    combo->setFixedSize(scaled(388), scaled(32));
+    browse->setObjectName(QStringLiteral("browseButton"));
+    browse->setAutoDefault(false);
+    browse->setAccessibleName(QStringLiteral("浏览"));
+    browse->setToolTip(QStringLiteral("浏览"));
+    browse->setIcon(QStringLiteral(":/Image/Home/LiuLan1.4.svg"));
+    browse->setIconSize(QSize(scaled(18), scaled(18)));
+    browse->setCursor(Qt::PointingHandCursor);
+    browse->setFixedSize(scaled(55), scaled(32));
+
+    auto* row = new QHBoxLayout(panel);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addSpacing(scaled(165));
+    row->addWidget(combo);
+    row->addWidget(browse);
+    row->addStretch();
+}
+
+void FileChooserPage::placeInColumn(QLayout* captionRow, QLayout* buttonRow) {
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(captionRow);
+    column->addWidget(panel);
+    column->addSpacing(scaled(gapAboveButton));
+    column->addLayout(buttonRow);
+    column->addStretch();
+}
+
+void FileChooserPage::placeInGrid(QLayout* captionRow, QLayout* buttonRow) {
+    auto* grid = new QGridLayout(this);
+    grid->addLayout(captionRow, 0, 0);
+    grid->addWidget(panel, 1, 0);
+    grid->setRowMinimumHeight(2, scaled(gapAboveButton));
+    grid->addLayout(buttonRow, 3, 0);
+    grid->setRowStretch(4, 1);
+}
+
+}  // namespace newpro

@@ -1,0 +1,41 @@
+/// A page that starts from an existing project file.
+#pragma once
+
+#include "zBaseControl.h"
+
+namespace newpro {
+
+/// What differs between the pages.
+struct FileChooserConfig {
+    const char* objectName;
+    QString caption;
+    QString createText;  ///< Text of the "new" button.
+    bool grid;           ///< Laid out on a grid; otherwise as a column.
+};
+
+extern const FileChooserConfig auditPageConfig;
+extern const FileChooserConfig contractingPageConfig;
+
+/// Caption, history combo box, browse button and "new" button.
+class FileChooserPage : public zBaseWidget {
+    Q_OBJECT
+  public:
+    FileChooserPage(const FileChooserConfig& config, QWidget* parent);
+
+    zBaseWidget* pathPanel() const { return panel; }
+    zBaseCombox* fileCombo() const { return combo; }
+    zBaseButton* browseButton() const { return browse; }
+    zBaseButton* newButton() const { return create; }
+
+  private:
+    void buildPathPanel();
+    void placeInColumn(QLayout* captionRow, QLayout* buttonRow);
+    void placeInGrid(QLayout* captionRow, QLayout* buttonRow);
+
+    zBaseWidget* panel;
+    zBaseCombox* combo;
+    zBaseButton* browse;
+    zBaseButton* create;
+};
+
+}  // namespace newpro

@@ -1,0 +1,67 @@
+#include "dialog/TaxModeRow.h"
+
+#include <QHBoxLayout>
+
+#include "core/scale.h"
+
+namespace newpro {
+
+namespace {
+
+struct ButtonText {
+    const char* objectName;
+    QString text;
+};
+
+const std::array<ButtonText, taxPageCount>& buttonTexts() {
+    static const std::array<ButtonText, taxPageCount> table = {{
+        {"generalTaxButton", QStringLiteral("一般计税")},
+        {"simpleTaxButton", QStringLiteral("简易计税")},
+        {"businessTaxButton", QStringLiteral("营业税")},
+        {"templateButton", QStringLiteral("模板工程")},
+        {"budgetButton", QStringLiteral("预算工程")},
+    }};
+    return table;
+}
+
+zBaseButton* rowButton(const ButtonText& text, QWidget* row) {
+    auto* button = new zBaseButton(text.text, row);
+    button->setObjectName(QLatin1String(text.objectName));
+    button->setAutoDefault(false);
+    button->setCheckable(true);
+    button->setCheckedBackColorEnabled(true);
+    return button;
+}
+
+}  // namespace
+
+TaxModeRow::TaxModeRow(QWidget* parent) : zBasePanelH(parent), import(new zBaseButton(this)) {
+    setFixedHeight(scaled(30));
+    panelLayout()->setContentsMargins(0, 0, 0, 0);
+    panelLayout()->setSpacing(scaled(5));
+    for (int page = 0; page < taxPageCount; ++page) {
+        buttons[size_t(page)] = rowButton(buttonTexts()[size_t(page)], this);
+        panelLayout()->addWidget(button(page));
+    }
+    const int margin = scaled(6);
+    button(ContractingPage)->setCursor(Qt::PointingHandCursor);
+    button(ContractingPage)->setContentsMargins(margin, margin, margin, margin);
+    button(ContractingPage)->hide();
+
+    panelLayout()->addStretch();
+    import->setObjectName(QStringLiteral("importTenderButton"));
+    import->setAutoDefault(false);
+    import->setIcon(QStringLiteral(":/Image/Home/DaoRuCJZXinJian1.4.svg"));
+    import->setIconSize(QSize(scaled(14), scaled(14)));
+    import->setFixedWidth(scaled(120));
+    import->hide();
+    panelLayout()->addWidget(import);
+}
+
+void TaxModeRow::check(int page) {
+    for (int other : {GeneralPage, SimplePage, BusinessPage, TemplatePage}) {
+        button(other)->setChecked(other == page);
+    }
+}
+
+}  // namespace newpro

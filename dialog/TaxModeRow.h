@@ -1,0 +1,35 @@
+/// The row of buttons above the tax-mode pages.
+#pragma once
+
+#include <array>
+
+#include "zBaseControl.h"
+
+namespace newpro {
+
+/// The pages of the tax-mode stack. The first three are the tax modes themselves.
+enum TaxPage { GeneralPage, SimplePage, BusinessPage, TemplatePage, ContractingPage, taxPageCount };
+
+/// Owns two pieces of state: which button is checked, and which buttons are shown.
+class TaxModeRow : public zBasePanelH {
+    Q_OBJECT
+  public:
+    explicit TaxModeRow(QWidget* parent);
+
+    /// @param page a TaxPage. @return its button.
+    zBaseButton* button(int page) const { return buttons[size_t(page)]; }
+    zBaseButton* importButton() const { return import; }
+
+    /// Leaves exactly the button of `page` checked among the first four; for the contracting page,
+    /// whose button keeps the state of its own click, none of them.
+    void check(int page);
+    /// @return whether the button of `page` is checked.
+    bool isChecked(int page) const { return button(page)->isChecked(); }
+    void setShown(int page, bool shown) { button(page)->setVisible(shown); }
+
+  private:
+    std::array<zBaseButton*, taxPageCount> buttons{};
+    zBaseButton* import;
+};
+
+}  // namespace newpro

@@ -1,0 +1,187 @@
+/// Builds the new-project dialog, top to bottom.
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "core/guard.h"
+#include "core/scale.h"
+#include "dialog/NewProCfgDialogPrivate.h"
+#include "zCpf.h"
+
+using newpro::guarded;
+using newpro::guardedOr;
+using newpro::scaled;
+
+namespace {
+
+constexpr int dividerLine = 13;  // control type of the host's library
+
+QListWidget* modelList(const char* name, const QString& style, QWidget* parent) {
+    auto* list = new QListWidget(parent);
+    list->setObjectName(QLatin1String(name));
+    list->setStyleSheet(style);
+    list->setFrameShape(QFrame::NoFrame);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    list->setSelectionMode(QAbstractItemView::NoSelection);
+    list->setFocusPolicy(Qt::NoFocus);
+    return list;
+}
+
+const QString& listStyle() {
+    static const QString style = QStringLiteral(
+        "/* QListWidget */QListWidget{background:transparent;}"
+        "QListWidget::item{background:transparent;}"
+        "QListWidget::item:hover{background:transparent;}"
+        "QListWidget::item:selected{background:transparent;}");
+    return style;
+}
+
+}  // namespace
+
+void NewProCfgDialog::CreateUI() {
+    guarded(dialogSource, "NewProCfgDialog::CreateUI", [this] {
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(0, 0, 0, 0);
+        column->setSpacing(0);
+        d->buildHeader();
+        d->buildPageStack();
+        d->buildMainPage();
+        d->buildRibbonEntries();
+        d->pageStack->setCurrentWidget(d->mainPage);
+        d->built = true;
+    });
+}
+
+void NewProCfgDialogPrivate::buildHeader() {
+    auto* header = new zBasePanelV(q);
+    header->setObjectName(QStringLiteral("header"));
+    header->setFixedHeight(scaled(60));
+    header->setBackgroundIcon(QStringLiteral(":/Image/Home/xjbjTc.svg"));
+    header->panelLayout()->setContentsMargins(0, 0, 0, 0);
+    q->layout()->addWidget(header);
+
+    ribbon = new RibbonNavigationBar(1, 1, 1, header);
+    ribbon->setObjectName(QStringLiteral("ribbon"));
+    ribbon->setContentsMargins(scaled(6), 0, scaled(4), scaled(10));
+    ribbon->panelLayout()->setSpacing(scaled(5));
+    ribbon->panelLayout()->setContentsMargins(scaled(10), scaled(2), 0, 0);
+    header->panelLayout()->addWidget(ribbon);
+}
+
+void NewProCfgDialogPrivate::buildPageStack() {
+    pageStack = new QStackedWidget(q);
+    pageStack->setObjectName(QStringLiteral("m_StackedWidget"));
+    pageStack->setStyleSheet(QStringLiteral("#m_StackedWidget{background: transparent;}"));
+    auto* column = new QVBoxLayout;
+    column->setSpacing(0);
+    column->setContentsMargins(scaled(2), scaled(2), scaled(2), 0);
+    column->addWidget(pageStack);
+    static_cast<QVBoxLayout*>(q->layout())->addLayout(column);
+}
+
+void NewProCfgDialogPrivate::buildMainPage() {
+    auto* page = new zBasePanelV(q);
+    mainPage = page;
+    page->setObjectName(QStringLiteral("pMiddlePanelV"));
+    page->panelLayout()->setContentsMargins(scaled(16), scaled(16), scaled(16), scaled(10));
+    page->panelLayout()->setSpacing(0);
+    pageStack->addWidget(page);
+
+    buildTaxRow();
+    page->panelLayout()->addWidget(taxRow);
+    page->panelLayout()->addSpacing(scaled(5));
+    auto* divider = new zBaseLabel(page);
+    divider->setControlType(dividerLine);
+    divider->setFixedHeight(scaled(1));
+    page->panelLayout()->addWidget(divider);
+    page->panelLayout()->addSpacing(scaled(5));
+    buildTaxPages();
+    page->panelLayout()->addWidget(taxPageArea, 1);
+
+    const bool open = showImportTender && CpfMain::GetInstance()->GetOpenVersion(1.3);
+    if (!open) importTenderButton->hide();
+}
+
+void NewProCfgDialogPrivate::buildTaxRow() {
+    taxRow = new newpro::TaxModeRow(mainPage);
+    importTenderButton = taxRow->importButton();
+    importTenderButton->SetText(CpfMain::GetInstance()->IsProdAreaYN()
+                                    ? QStringLiteral("导入YFJZ新建")
+                                    : QStringLiteral("导入CJZ新建"));
+    QObject::connect(importTenderButton, &QAbstractButton::clicked, q,
+                     &NewProCfgDialog::slotImportCJZPro);
+}
+
+void NewProCfgDialogPrivate::buildTaxPages() {
+    const QString plain = QStringLiteral(".QWidget{\nbackground-color: transparent;}");
+    const QString indented = QStringLiteral(".QWidget{\n    background-color: transparent;\n}");
+    taxPageStack = new SlidingStackedWidget(mainPage);
+    taxPageStack->setObjectName(QStringLiteral("stackedWidget"));
+    taxPageStack->setStyleSheet(QStringLiteral("QWidget{background:transparent;}"));
+    taxPageArea = new newpro::TaxPageArea(taxPageStack, mainPage);
+
+    catalogue.lists = {modelList("lswGeneralTax", plain, taxPageStack),
+                       modelList("lswSimpleTax", indented, taxPageStack),
+                       modelList("lswBusinessTax", indented, taxPageStack)};
+    lswTemplateEng = modelList("lswTemplateEng", indented, mainPage);
+    lswTemplateEng->hide();
+    catalogue.templates = lswTemplateEng;
+
+    for (QListWidget* list : catalogue.lists) taxPageStack->addWidget(list);
+    if (QWidget* tree = q->addMoBanWidget()) taxPageStack->addWidget(tree);
+    if (QWidget* page = q->addZcbXjWid()) taxPageStack->addWidget(page);
+    // Takes the place of the style above, which would reach the tool tips of the cards.
+    taxPageStack->setStyleSheet(listStyle());
+}
+
+QWidget* NewProCfgDialog::addShXjWid() {
+    return guardedOr<QWidget*>(
+        dialogSource, "NewProCfgDialog::addShXjWid", nullptr, [this]() -> QWidget* {
+            if (d->auditPage) return d->auditPage;
+            d->auditPage = new newpro::FileChooserPage(newpro::auditPageConfig, this);
+            d->pages.audit.fileCombo = d->auditPage->fileCombo();
+            return d->auditPage;
+        });
+}
+
+QWidget* NewProCfgDialog::addZcbXjWid() {
+    return guardedOr<QWidget*>(
+        dialogSource, "NewProCfgDialog::addZcbXjWid", nullptr, [this]() -> QWidget* {
+            if (d->contractingPage) return d->contractingPage;
+            d->contractingPage = new newpro::FileChooserPage(newpro::contractingPageConfig, this);
+            d->pages.contracting.fileCombo = d->contractingPage->fileCombo();
+            return d->contractingPage;
+        });
+}
+
+void NewProCfgDialog::InitWidgetDisplay() {
+    guarded(dialogSource, "NewProCfgDialog::InitWidgetDisplay", [this] {
+        if (!d->taxRow || !d->taxPageStack) return;
+        d->taxPageStack->setAnimation(QEasingCurve::OutQuint);
+        d->taxPageStack->setSpeed(0);
+        d->taxPageStack->setCurrentIndex(newpro::GeneralPage);
+        d->taxRow->check(newpro::GeneralPage);
+        for (int page = 0; page < newpro::taxPageCount; ++page) {
+            connect(d->taxRow->button(page), &QAbstractButton::clicked, this,
+                    [this, page] { slotCalculationTaxClicked(page); });
+        }
+    });
+}
+
+void NewProCfgDialog::initConnect() {
+    guarded(dialogSource, "NewProCfgDialog::initConnect", [this] {
+        if (newpro::FileChooserPage* page = d->auditPage) {
+            connect(page->newButton(), &QAbstractButton::clicked, this,
+                    &NewProCfgDialog::xjshButtonSlot);
+            connect(page->browseButton(), &QAbstractButton::clicked, this,
+                    &NewProCfgDialog::slotScanXjsh);
+        }
+        if (newpro::FileChooserPage* page = d->contractingPage) {
+            connect(page->newButton(), &QAbstractButton::clicked, this,
+                    &NewProCfgDialog::xjZcbButtonSlot);
+            connect(page->browseButton(), &QAbstractButton::clicked, this,
+                    &NewProCfgDialog::slotScanXjZcb);
+        }
+    });
+}

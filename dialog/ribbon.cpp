@@ -1,0 +1,216 @@
+/// The ribbon of project kinds and import actions: its entries and its dispatcher.
+#include <QAction>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QWidgetAction>
+
+#include "SharedInterface.h"
+#include "core/guard.h"
+#include "core/scale.h"
+#include "dialog/NewProCfgDialogPrivate.h"
+#include "zCpf.h"
+
+using newpro::guarded;
+using newpro::guardedOr;
+
+namespace {
+
+const char nameProperty[] = "name";
+
+/// @return the widget of a ribbon entry; null for an action without one.
+QWidget* tabOf(QAction* action) {
+    auto* widgetAction = qobject_cast<QWidgetAction*>(action);
+    return widgetAction ? widgetAction->defaultWidget() : nullptr;
+}
+
+zBaseButton* buttonOf(QAction* action) {
+    QWidget* tab = tabOf(action);
+    return tab ? tab->findChild<zBaseButton*>(QStringLiteral("curText")) : nullptr;
+}
+
+}  // namespace
+
+template <typename Apply>
+void NewProCfgDialogPrivate::forEntries(const QString& name, Apply&& apply) {
+    for (QAction* action : pageOfAction.keys()) {
+        QWidget* tab = tabOf(action);
+        if (tab && tab->property(nameProperty).toString() == name) apply(tab);
+    }
+}
+
+void NewProCfgDialog::setGcButtonEnable(QString name, bool enabled) {
+    guarded(dialogSource, "NewProCfgDialog::setGcButtonEnable",
+            [&] { d->forEntries(name, [&](QWidget* tab) { tab->setEnabled(enabled); }); });
+}
+
+void NewProCfgDialog::setGcButtonVisible(QString name, bool visible) {
+    guarded(dialogSource, "NewProCfgDialog::setGcButtonVisible",
+            [&] { d->forEntries(name, [&](QWidget* tab) { tab->setVisible(visible); }); });
+}
+
+void NewProCfgDialog::setKJMRWZ(QString name, bool checked) {
+    guarded(dialogSource, "NewProCfgDialog::setKJMRWZ", [&] {
+        d->forEntries(name, [&](QWidget* tab) {
+            if (auto* entry = qobject_cast<RibbonTab*>(tab)) entry->setChecked(checked);
+        });
+    });
+}
+
+QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page) {
+    return guardedOr<QAction*>(
+        dialogSource, "NewProCfgDialog::addXjPage", nullptr, [&]() -> QAction* {
+            if (!d->ribbon || !d->pageStack) return nullptr;
+            QAction* action = d->ribbon->addTab(tab);
+            if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
+            connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
+            if (page && d->pageStack->indexOf(page) < 0) d->pageStack->addWidget(page);
+            d->pageOfAction.insert(action, page);
+            d->actionOfTab.insert(tab.text, action);
+            return action;
+        });
+}
+
+void NewProCfgDialog::slotRibbonTriggered() {
+    guarded(dialogSource, "NewProCfgDialog::slotRibbonTriggered", [this] {
+        if (auto* action = qobject_cast<QAction*>(sender())) d->dispatch(action);
+    });
+}
+
+void NewProCfgDialogPrivate::dispatch(QAction* action) {
+    const QString name = action->property(nameProperty).toString();
+    if (name == QStringLiteral("导入Excel新建")) {
+        runImport(action, &NewProCfgDialog::slotImportExcelNewPro);
+        return;
+    }
+    if (name == QStringLiteral("导入YFJZ新建")) {
+        runImport(action, &NewProCfgDialog::slotImportCJZPro);
+        return;
+    }
+    if (const newpro::ProjectKind* chosen = newpro::kindOfLabel(name)) {
+        if (built && chosen->programType == newpro::BudgetProgram) {
+            chooseBudget();
+        } else if (built && chosen->programType == newpro::ContractingProgram) {
+            chooseContracting();
+        } else {
+            // The other kinds share the lists of the kind before them: deliberate, no reload.
+            kind.choose(*chosen);
+        }
+    }
+    if (QWidget* page = pageOfAction.value(action)) pageStack->setCurrentWidget(page);
+    emphasise(action);
+}
+
+/// If `page` is the one shown, goes to the general-tax page.
+void NewProCfgDialogPrivate::leavePage(int page) {
+    if (!taxRow->isChecked(page)) return;
+    taxRow->check(newpro::GeneralPage);
+    taxRow->button(page)->setChecked(false);
+    taxPageStack->slideInIdx(newpro::GeneralPage);
+}
+
+void NewProCfgDialogPrivate::chooseBudget() {
+    leavePage(newpro::ContractingPage);
+    taxRow->setShown(newpro::BusinessPage, true);
+    taxRow->setShown(newpro::ContractingPage, false);
+    kind.choose(*newpro::kindOfLabel(QStringLiteral("预算工程")));
+    if (!CpfMain::GetInstance()->IsProdAreaYN()) {
+        taxRow->setShown(newpro::BusinessPage, true);
+        catalogue.lists[newpro::BusinessTax]->show();
+        clearTemplateTree();
+        q->addMoBanWidget();
+    }
+    q->GetModelCfgAndInitData();
+    q->flushListWidget();
+    askTenderImport();
+}
+
+// Deliberately not the order of the budget kind: here the models are reloaded before the tree is
+// rebuilt, in every area, and the lists are not refreshed.
+void NewProCfgDialogPrivate::chooseContracting() {
+    leavePage(newpro::BusinessPage);
+    taxRow->setShown(newpro::BusinessPage, false);
+    taxRow->setShown(newpro::ContractingPage, true);
+    kind.choose(*newpro::kindOfLabel(QStringLiteral("总承包工程")));
+    catalogue.lists[newpro::BusinessTax]->hide();
+    taxRow->setShown(newpro::BusinessPage, false);
+    importTenderButton->hide();
+    q->GetModelCfgAndInitData();
+    clearTemplateTree();
+    q->addMoBanWidget();
+    askTenderImport();
+}
+
+void NewProCfgDialogPrivate::askTenderImport() {
+    const QString answer =
+        TranMiUtilAction::Instance()->JudageValue(QStringLiteral("CJZ新建"), QString());
+    if (!answer.isEmpty()) importTenderButton->hide();
+}
+
+void NewProCfgDialogPrivate::runImport(QAction* action, void (NewProCfgDialog::*slot)()) {
+    const QPointer<NewProCfgDialog> alive = q;
+    const QString kindName = newpro::kindName(kind.programType);
+    QAction* kindAction = actionOfTab.value(kindName);
+    if (kindAction) {
+        q->setKJMRWZ(kindName, true);
+        q->setKJMRWZ(action->property(nameProperty).toString(), false);
+    }
+    (q->*slot)();
+    if (!alive || !kindAction) return;
+    if (QWidget* page = pageOfAction.value(kindAction)) pageStack->setCurrentWidget(page);
+    emphasise(kindAction);
+}
+
+/// Sets the entries' fonts: bold for `current`, normal for the others.
+void NewProCfgDialogPrivate::emphasise(QAction* current) {
+    for (QAction* action : pageOfAction.keys()) {
+        zBaseButton* button = buttonOf(action);
+        if (!button) continue;
+        QFont font = button->font();
+        font.setWeight(action == current ? QFont::Bold : QFont::Normal);
+        button->setFont(font);
+    }
+}
+
+bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
+    return guardedOr(dialogSource, "NewProCfgDialog::eventFilter", false, [&] {
+        if (d && d->templateTree && watched == d->templateTree && event->type() == QEvent::Resize) {
+            const int second = newpro::scaled(70);
+            d->templateTree->setColumnWidth(0, d->templateTree->width() - second);
+            d->templateTree->setColumnWidth(1, second);
+        }
+        // Ribbon entries never react to the keyboard.
+        if (watched->objectName() == QLatin1String("curText")) {
+            switch (event->type()) {
+                case QEvent::KeyPress:
+                case QEvent::KeyRelease:
+                case QEvent::ShortcutOverride:
+                    event->accept();
+                    return true;
+                default:
+                    break;
+            }
+        }
+        return RoundedDialog::eventFilter(watched, event);
+    });
+}
+
+void NewProCfgDialogPrivate::buildRibbonEntries() {
+    const QString home = QStringLiteral(":/Image/Home/");
+    QWidget* audit = q->addShXjWid();
+    const struct {
+        QString text;
+        QString icon;
+        QWidget* page;
+    } entries[] = {
+        {QStringLiteral("预算工程"), QString(), mainPage},
+        {QStringLiteral("审核工程"), QString(), audit},
+        {QStringLiteral("导入Excel新建"), home + QStringLiteral("excelXJ.svg"), mainPage},
+        {QStringLiteral("导入YFJZ新建"), home + QStringLiteral("drYfj.svg"), mainPage},
+    };
+    for (const auto& entry : entries) q->addXjPage({entry.icon, entry.text, 0}, entry.page);
+    importTenderButton->hide();
+    ribbon->panelLayout()->addStretch();
+
+    q->setKJMRWZ(entries[0].text, true);
+    emphasise(actionOfTab.value(entries[0].text));
+}

@@ -1,0 +1,162 @@
+/// The tree of template projects.
+#include <QFileInfo>
+#include <QHBoxLayout>
+
+#include "SharedInterface.h"
+#include "core/guard.h"
+#include "core/scale.h"
+#include "dialog/NewProCfgDialogPrivate.h"
+#include "files/templateScan.h"
+#include "import/templateProjects.h"
+
+using newpro::guarded;
+using newpro::guardedOr;
+using newpro::scaled;
+
+namespace {
+
+constexpr int pathRole = Qt::UserRole + 1;
+
+// Style codes of the host's widget library.
+constexpr int transparentRow = 10;
+constexpr int newButton = 88;
+
+QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) {
+    return QStringLiteral(
+               "QTreeWidget{border: 0px solid rgb(229,229,229);font-size:%1px;"
+               "background-color:transparent;}"
+               "QTreeWidget::item{selection-background-color:rgb(240,245,255); "
+               "selection-color:rgb(0,0,0);font-size:%1px;}"
+               "QTreeWidget::section{height:%2px;}"
+               "QTreeWidget::item:hover{background-color:rgb(240,245,255);}"
+               "QHeaderView::section:hover{background-color:rgb(205,232,255);}"
+               "QHeaderView::section:pressed{background-color:#F0F5FD;}"
+               "QTreeWidget::branch:has-siblings:!adjoins-item{"
+               "border-image:url(:/Image/TongYong/ProTree/vline_.png) 0;}"
+               "QTreeWidget::branch:has-siblings:adjoins-item{"
+               "border-image:url(:/Image/TongYong/ProTree/branch-more_.png) 0;}"
+               "QTreeWidget::branch:!has-children:!has-siblings:adjoins-item{"
+               "border-image:url(:/Image/TongYong/ProTree/branch-end_.png) 0;}"
+               "QTreeWidget::branch:has-children:!has-siblings:closed,"
+               "QTreeWidget::branch:closed:has-children:has-siblings{border-image:none;"
+               "image:url(:/Image/TongYong/ProTree/branch-closed.png);}"
+               "QTreeWidget::branch:open:has-children:!has-siblings,"
+               "QTreeWidget::branch:open:has-children:has-siblings{border-image:none;"
+               "image:url(:/Image/TongYong/ProTree/branch-open.png);}"
+               "QTreeWidget::branch{background: %3;}")
+        .arg(fontSize)
+        .arg(sectionHeight)
+        .arg(branchColour);
+}
+
+}  // namespace
+
+QString NewProCfgDialog::setTreeStyleSheet() {
+    return guardedOr(dialogSource, "NewProCfgDialog::setTreeStyleSheet", QString(), [] {
+        const zBaseWidget row(nullptr, transparentRow);
+        return treeStyle(scaled(14), scaled(28), row.normalBackColor().name());
+    });
+}
+
+QWidget* NewProCfgDialog::addMoBanWidget() {
+    guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [this] {
+        if (!d->templateTree) d->createTemplateTree();
+        d->fillTemplateTree();
+    });
+    // Also after an exception: the pages behind the tree keep their numbers.
+    return d->templateTree;
+}
+
+void NewProCfgDialogPrivate::createTemplateTree() {
+    templateTree = new QTreeWidget;
+    templateTree->setObjectName(QStringLiteral("templateTree"));
+    templateTree->setColumnCount(2);
+    templateTree->setHeaderHidden(true);
+    templateTree->setStyleSheet(q->setTreeStyleSheet());
+    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree,
+                     [this] {
+                         guarded(dialogSource, "NewProCfgDialog::addMoBanWidget",
+                                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet()); });
+                     });
+    templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
+    templateTree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    templateTree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    templateTree->installEventFilter(q);
+    QObject::connect(
+        templateTree, &QTreeWidget::itemDoubleClicked, q,
+        [this](QTreeWidgetItem* item, int column) {
+            guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [&] {
+                if (column != 0) return;
+                newpro::createFromTemplateTree(*this, item->data(0, pathRole).toString());
+            });
+        },
+        Qt::DirectConnection);
+}
+
+void NewProCfgDialogPrivate::clearTemplateTree() {
+    if (templateTree) templateTree->clear();
+    templateTreeHasFile = false;
+}
+
+void NewProCfgDialogPrivate::fillTemplateTree() {
+    const QString folder = newpro::templateFolder(kind.appTypeKey);
+    if (!QFileInfo(folder).isDir()) return;
+    q->getDirAndFiles(folder, nullptr);
+    templateTree->expandAll();
+    showTemplateButton();
+}
+
+/// Shows the button of the template page as soon as there is a template, in every area: the page
+/// could not be reached otherwise. Never hides it.
+void NewProCfgDialogPrivate::showTemplateButton() {
+    const bool any = templateTreeHasFile || (lswTemplateEng && lswTemplateEng->count() > 0);
+    if (any && taxRow) taxRow->setShown(newpro::TemplatePage, true);
+}
+
+void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* parent) {
+    guarded(dialogSource, "NewProCfgDialog::getDirAndFiles", [&] {
+        newpro::scanTemplateFolder(
+            folder, parent,
+            [this](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& data) {
+                return addOneRowItem(text, under, isFile, data);
+            });
+    });
+}
+
+QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
+                                                QString data) {
+    return guardedOr<QTreeWidgetItem*>(
+        dialogSource, "NewProCfgDialog::addOneRowItem", nullptr, [&]() -> QTreeWidgetItem* {
+            if (!d->templateTree) return nullptr;
+            auto* item =
+                parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(d->templateTree);
+            if (isFile) {
+                item->setData(0, pathRole, data);
+                d->templateTreeHasFile = true;
+            }
+            d->templateTree->setItemWidget(item, 0, d->templateRow(text, isFile, data));
+            return item;
+        });
+}
+
+QWidget* NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
+                                             const QString& path) {
+    auto* row = new zBaseWidget(nullptr, transparentRow);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, scaled(2), 0, scaled(2));
+    layout->addWidget(new zBaseLabel(text, row));
+    layout->addStretch();
+    if (!isFile) return row;
+
+    auto* create = new zBaseButton(QStringLiteral("新建"), row);
+    create->setControlType(newButton);
+    create->setAutoDefault(false);
+    create->setFixedWidth(scaled(70));
+    create->setAccessibleName(QStringLiteral("新建：") + text);
+    layout->addWidget(create);
+    QObject::connect(create, &QAbstractButton::clicked, q, [this, path] {
+        guarded(dialogSource, "NewProCfgDialog::addOneRowItem",
+                [&] { newpro::createFromTemplateTree(*this, path); });
+    });
+    return row;
+}

@@ -1,0 +1,107 @@
+#include "xzGcLxDialog.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+#include "core/guard.h"
+#include "core/projectKind.h"
+#include "core/scale.h"
+
+namespace {
+
+using newpro::guarded;
+using newpro::scaled;
+
+const char source[] = "xzGcLxDialog";
+
+const int dividerType = 13;
+const int cancelled = 0;
+
+zBaseButton* button(const char* name, const QString& text, const QString& accessibleName,
+                    QWidget* parent) {
+    auto* made = new zBaseButton(text, parent);
+    made->setObjectName(QLatin1String(name));
+    made->setAccessibleName(accessibleName);
+    return made;
+}
+
+}  // namespace
+
+xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
+    guarded(source, "xzGcLxDialog::xzGcLxDialog", [this] {
+        SetCaption(QStringLiteral("新建"));
+        setFixedSize(scaled(280), scaled(240));
+        CreateUI();
+        InitUI();
+        OnlyClose();
+    });
+}
+
+void xzGcLxDialog::CreateUI() {
+    guarded(source, "xzGcLxDialog::CreateUI", [this] {
+        if (isCreated) return;
+        isCreated = true;
+        caption = new zBaseLabel(QStringLiteral("选择工程类型:"), this);
+        BtnYs = button("BtnYs", QStringLiteral("预算工程"), QStringLiteral("预算工程"), this);
+        BtnZcb = button("BtnZcb", QStringLiteral("总承包工程"), QStringLiteral("总承包工程"), this);
+        BtnGs = button("BtnGs", QStringLiteral("概     算"), QStringLiteral("概算"), this);
+        BtnQx = button("BtnQx", QStringLiteral("取     消"), QStringLiteral("取消"), this);
+        BtnGs->hide();
+        connect(BtnYs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnYs_clicked);
+        connect(BtnZcb, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnZcb_clicked);
+        connect(BtnGs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnGs_clicked);
+        connect(BtnQx, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnQx_clicked);
+    });
+}
+
+void xzGcLxDialog::InitUI() {
+    guarded(source, "xzGcLxDialog::InitUI", [this] {
+        if (layout()) return;
+        auto* divider = new zBaseLabel(this);
+        divider->setControlType(dividerType);
+        caption->setFixedHeight(scaled(21));
+        auto* heading = new QVBoxLayout;
+        heading->setSpacing(scaled(5));
+        heading->addWidget(caption);
+        heading->addWidget(divider);
+
+        auto* buttons = new QVBoxLayout;
+        buttons->setSpacing(scaled(10));
+        for (zBaseButton* choice : {BtnYs, BtnZcb, BtnGs, BtnQx}) {
+            // The hidden one keeps its own width.
+            if (choice != BtnGs) choice->setMinimumWidth(scaled(200));
+            buttons->addWidget(choice, 0, Qt::AlignHCenter);
+        }
+
+        auto* outer = new QVBoxLayout(this);
+        outer->setSpacing(scaled(10));
+        outer->addLayout(heading);
+        outer->addLayout(buttons);
+        outer->addStretch();
+    });
+}
+
+void xzGcLxDialog::answer(int result, const char* function) {
+    guarded(source, function, [this, result] { done(result); });
+}
+
+void xzGcLxDialog::on_BtnYs_clicked() {
+    answer(newpro::BudgetProgram, "xzGcLxDialog::on_BtnYs_clicked");
+}
+
+void xzGcLxDialog::on_BtnZcb_clicked() {
+    answer(newpro::ContractingProgram, "xzGcLxDialog::on_BtnZcb_clicked");
+}
+
+void xzGcLxDialog::on_BtnGs_clicked() {
+    answer(newpro::EstimateProgram, "xzGcLxDialog::on_BtnGs_clicked");
+}
+
+void xzGcLxDialog::on_BtnQx_clicked() {
+    answer(cancelled, "xzGcLxDialog::on_BtnQx_clicked");
+}
+
+void xzGcLxDialog::closeEvent(QCloseEvent* event) {
+    event->accept();
+    answer(cancelled, "xzGcLxDialog::closeEvent");
+}
