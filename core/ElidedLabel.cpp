@@ -6,25 +6,38 @@
 
 namespace newpro {
 
+namespace {
+
+/// @return what the glyphs of a line cover above and below its base line. A Chinese font's line is
+///         half as high again.
+QRect glyphs(const QFontMetrics& metrics) {
+    return metrics.tightBoundingRect(QStringLiteral("国ÄQgj（）"));
+}
+
+}  // namespace
+
 ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent)
     : zBaseLabel(text, parent), mode(mode) {
     setTextFormat(Qt::PlainText);
 }
 
 QSize ElidedLabel::minimumSizeHint() const {
-    return {0, zBaseLabel::minimumSizeHint().height()};
+    return {0, glyphs(fontMetrics()).height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent* event) {
     guarded("ElidedLabel", "ElidedLabel::paintEvent", [&] {
-        const QString shown = fontMetrics().elidedText(text(), mode, contentsRect().width());
-        if (shown == text()) {
+        const QRect area = contentsRect();
+        const QString shown = fontMetrics().elidedText(text(), mode, area.width());
+        if (shown == text() && area.height() >= fontMetrics().height()) {
             zBaseLabel::paintEvent(event);
             return;
         }
+        const QRect ink = glyphs(fontMetrics());
+        const int baseLine = area.top() + (area.height() - ink.height()) / 2 - ink.top();
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));
-        painter.drawText(contentsRect(), int(alignment()) | Qt::TextSingleLine, shown);
+        painter.drawText(area.left(), baseLine, shown);
     });
 }
 

@@ -5,7 +5,8 @@
 
 namespace newpro {
 
-/// Keeps its text whole and shortens only what it paints. Plain text.
+/// Keeps its text whole and shortens only what it paints. Plain text. Can be as low as its glyphs:
+/// three lines and a button share one row of a list.
 class ElidedLabel : public zBaseLabel {
     Q_OBJECT
   public:

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include "core/scale.h"
@@ -9,13 +10,16 @@
 namespace newpro {
 
 const FileChooserConfig auditPageConfig = {"auditPage", QStringLiteral("待审工程文件"),
-                                           QStringLiteral("新建审核"), false};
+                                           QStringLiteral("新建审核"), false, 16.0};
 const FileChooserConfig contractingPageConfig = {"contractingPage", QStringLiteral("工程文件"),
-                                                 QStringLiteral("新建总承包"), true};
+                                                 QStringLiteral("新建总承包"), true, 0.0};
 
 namespace {
 
-constexpr int transparentRow = 10;  // widget type of the host's library
+// Style codes of the host's widget library.
+constexpr int transparentRow = 10;
+constexpr int newButtonType = 88;
+
 constexpr double gapAboveButton = 140.0;
 
 QHBoxLayout* captionRow(const QString& text) {
@@ -49,12 +53,15 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     buildPathPanel();
     create->setObjectName(QStringLiteral("newButton"));
     create->setAutoDefault(false);
+    create->setControlType(newButtonType);
     create->setFixedSize(scaled(160), scaled(32));
     if (config.grid) {
         placeInGrid(captionRow(config.caption), centred(create));
     } else {
         placeInColumn(captionRow(config.caption), centred(create));
     }
+    const int side = scaled(config.sideMargin);
+    layout()->setContentsMargins(side, scaled(16), side, scaled(10));
     combo->setAccessibleName(config.caption);
 }
 
@@ -67,6 +74,7 @@ void FileChooserPage::buildPathPanel() {
     // What is typed stays text: it becomes an entry only through the history.
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->SetComboxShowIcon(true);
+    combo->lineEdit()->setPlaceholderText(QStringLiteral("请选择或输入工程文件路径"));
     combo->setFixedSize(scaled(388), scaled(32));
     browse->setObjectName(QStringLiteral("browseButton"));
     browse->setAutoDefault(false);

@@ -11,6 +11,7 @@ struct FileChooserConfig {
     QString caption;
     QString createText;  ///< Text of the "new" button.
     bool grid;           ///< Laid out on a grid; otherwise as a column.
+    double sideMargin;   ///< Left and right, design pixels; none inside a page that has its own.
 };
 
 extern const FileChooserConfig auditPageConfig;

@@ -4,8 +4,15 @@
 #include <QStackedWidget>
 
 #include "core/guard.h"
+#include "core/scale.h"
 
 namespace newpro {
+
+namespace {
+
+constexpr double gapBesideBar = 4.0;  // design pixels between the cards and the scroll bar
+
+}  // namespace
 
 TaxPageArea::TaxPageArea(QStackedWidget* stack, QWidget* parent)
     : QScrollArea(parent), stack(stack) {
@@ -27,9 +34,12 @@ TaxPageArea::TaxPageArea(QStackedWidget* stack, QWidget* parent)
 void TaxPageArea::fitStack() {
     const QWidget* page = stack->currentWidget();
     const int needed = page ? page->minimumHeight() : 0;
-    // The bar takes its width from the viewport, so that the width is taken after the height.
-    stack->resize(viewport()->width(), qMax(needed, viewport()->height()));
-    stack->resize(viewport()->width(), stack->height());
+    const bool scrolls = needed > viewport()->height();
+    // Decided here and not left to the area: it would change the width while the height changes,
+    // and the pages would keep the old one.
+    setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    const int gap = scrolls ? scaled(gapBesideBar) : 0;
+    stack->resize(viewport()->width() - gap, qMax(needed, viewport()->height()));
 }
 
 void TaxPageArea::resizeEvent(QResizeEvent* event) {

@@ -21,6 +21,9 @@ constexpr int pathRole = Qt::UserRole + 1;
 constexpr int transparentRow = 10;
 constexpr int newButton = 88;
 
+constexpr int darkBelow = 128;         // lightness, of 255, below which a background is dark
+constexpr int darkRowLightness = 160;  // percent of the background's lightness
+
 QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) {
     return QStringLiteral(
                "QTreeWidget{border: 0px solid rgb(229,229,229);font-size:%1px;"
@@ -49,12 +52,22 @@ QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) 
         .arg(branchColour);
 }
 
+/// The light tints of hovered and selected rows would hide the light text of a dark skin.
+QString darkRowStyle(const QColor& background) {
+    return QStringLiteral(
+               "QTreeWidget::item:hover,QTreeWidget::item:selected{background-color:%1;}")
+        .arg(background.lighter(darkRowLightness).name());
+}
+
 }  // namespace
 
 QString NewProCfgDialog::setTreeStyleSheet() {
     return guardedOr(dialogSource, "NewProCfgDialog::setTreeStyleSheet", QString(), [] {
         const zBaseWidget row(nullptr, transparentRow);
-        return treeStyle(scaled(14), scaled(28), row.normalBackColor().name());
+        const QColor background = row.normalBackColor();
+        QString style = treeStyle(scaled(14), scaled(28), background.name());
+        if (background.lightness() < darkBelow) style += darkRowStyle(background);
+        return style;
     });
 }
 

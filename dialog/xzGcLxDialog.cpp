@@ -1,4 +1,4 @@
-#include "xzGcLxDialog.h"
+#include "dialog/xzGcLxDialog.h"
 
 #include <QCloseEvent>
 #include <QVBoxLayout>

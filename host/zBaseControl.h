@@ -113,6 +113,7 @@ class NEWPRO_HOST_API zBaseLabel : public QLabel, public ComStyleOption {
     using QLabel::setPixmap;
     /// Shows a picture, sharp at every screen scale. @param size in pixels, already scaled.
     void setPixmap(const QString& imagePath, const QSize& size);
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

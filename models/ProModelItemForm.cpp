@@ -23,7 +23,8 @@ constexpr int cardText = 2;
 constexpr int newButton = 88;
 constexpr int splitPart = 18;
 
-constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
+constexpr double lineFontSize = 12.0;   // design pixels
+constexpr int descriptionMargin = 50;   // pixels that the elided description leaves free, unscaled
 
 /// Makes the record known to queued connections and QVariant, under its full name and its alias.
 int registeredType() {
@@ -103,6 +104,9 @@ ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent
         ui->btnNewProject->setMinimumWidth(scaled(50));
         ui->btnNewProject->setMaximumSize(scaled(50), QWIDGETSIZE_MAX);
         ui->verticalLayout_2->setSpacing(scaled(2));
+        for (zBaseLabel* line : {ui->lblSource, ui->lblDescription}) {
+            line->setFont(TBaseTool::GetDefFont(scaled(lineFontSize), QFont::Normal));
+        }
         registeredType();
         UpdateDataDisplay();
         connect(ui->btnNewProject, &QAbstractButton::clicked, this, [this] {

@@ -1,0 +1,97 @@
+#include "workbench/hostlibs/common/Host.h"
+
+#include <QPointer>
+
+#include "workbench/hostlibs/fileDialog/FileDialogState.h"
+
+namespace workbench {
+
+struct Host::Data {
+    Switches switches;
+    Installation installation;
+    QPointer<QWidget> mainWindow;
+    double scale = 1.0;
+    QString skin = QStringLiteral("light");
+    Receiver receiver;
+};
+
+Host::Host() : d(new Data) {}
+
+Host::~Host() {
+    delete d;
+}
+
+Host& Host::instance() {
+    static Host host;
+    return host;
+}
+
+Switches& Host::switches() {
+    return d->switches;
+}
+
+Installation& Host::installation() {
+    return d->installation;
+}
+
+QString Host::loadInstallation(const QString& folder) {
+    QString error;
+    if (!Installation::load(folder, d->installation, error)) return error;
+    d->switches.prodAreaYN = d->installation.prodAreaYN;
+    SharedInterface::firstOpenClose = d->installation.firstOpenClose;
+    return {};
+}
+
+QWidget* Host::mainWindow() const {
+    return d->mainWindow;
+}
+
+void Host::setMainWindow(QWidget* window) {
+    d->mainWindow = window;
+}
+
+double Host::scale() const {
+    return d->scale;
+}
+
+void Host::setScale(double scale) {
+    scale = qBound(1.0, scale, 3.0);
+    if (qFuzzyCompare(scale, d->scale)) return;
+    d->scale = scale;
+    Q_EMIT scaleChanged();
+}
+
+QString Host::skin() const {
+    return d->skin;
+}
+
+void Host::setSkin(const QString& skin) {
+    if (skin == d->skin) return;
+    d->skin = skin;
+    Q_EMIT skinChanged();
+}
+
+void Host::reset() {
+    const Data fresh;
+    d->switches = fresh.switches;
+    d->installation = fresh.installation;
+    d->mainWindow = nullptr;
+    d->receiver = nullptr;
+    SharedInterface::firstOpenClose = 0;
+    resetFileDialog();
+    setScale(fresh.scale);
+    setSkin(fresh.skin);
+    Q_EMIT wasReset();
+}
+
+void Host::setReceiver(Receiver receiver) {
+    d->receiver = std::move(receiver);
+}
+
+void Host::deliver(int client, int code, const QVariant& payload) {
+    // A copy: a receiver may put another one in its place while it runs.
+    const Receiver receiver = d->receiver;
+    if (receiver) receiver(client, code, payload);
+}
+
+}  // namespace workbench

@@ -1,0 +1,64 @@
+/// The state behind the workbench's host libraries: one process, one host.
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QWidget>
+#include <functional>
+
+#include "workbench/hostlibs/common/Installation.h"
+#include "workbench/hostlibs/common/Switches.h"
+#include "workbench/hostlibs/common/WorkbenchApi.h"
+
+namespace workbench {
+
+/// Stands for the main logic where a plug-in's program type is expected. No plug-in has it.
+constexpr int mainLogic = -1;
+
+/// Everything that host operations share. Host libraries read it; the program, the scenario player
+/// and tests set it. `reset` brings it back to a fresh host without installation.
+class WORKBENCH_API Host : public QObject {
+    Q_OBJECT
+  public:
+    static Host& instance();
+
+    Switches& switches();
+    /// The installation in use. @see Installation for how it is loaded.
+    Installation& installation();
+    /// Loads an installation folder and makes it the one in use.
+    /// @return empty, or the error with file, line and key; the old one then stays in use.
+    QString loadInstallation(const QString& folder);
+
+    QWidget* mainWindow() const;
+    void setMainWindow(QWidget* window);
+
+    /// Screen scale, 1.0 to 3.0, and skin, "light" or "dark". Both take effect at once.
+    double scale() const;
+    void setScale(double scale);
+    QString skin() const;
+    void setSkin(const QString& skin);
+
+    /// Forgets switches, loaded plug-ins, file-dialog state, receiver, installation and main
+    /// window.
+    void reset();
+
+    /// Called for each message to the main logic (client `mainLogic`) and to plug-ins, after it
+    /// was journalled. The project store listens here.
+    using Receiver = std::function<void(int client, int code, const QVariant& payload)>;
+    void setReceiver(Receiver receiver);
+    void deliver(int client, int code, const QVariant& payload);
+
+  Q_SIGNALS:
+    void skinChanged();
+    void scaleChanged();
+    /// The host is as new. Whoever keeps state of its own beside it forgets that state now.
+    void wasReset();
+
+  private:
+    Host();
+    ~Host() override;
+    struct Data;
+    Data* d;
+};
+
+}  // namespace workbench

@@ -1,0 +1,227 @@
+#include "workbench/hostlibs/common/Installation.h"
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include "workbench/hostlibs/common/JsonReader.h"
+
+namespace workbench {
+
+namespace {
+
+using ProjectSettingSpace::PricingModelInfo;
+using ProjectSettingSpace::ProTaxTemplateInfo;
+
+// Stands in the installation's files for the folder that they lie in, wherever that is.
+const QLatin1String placeholder("{installation}");
+
+QStringList keys(std::initializer_list<const char*> names) {
+    QStringList list;
+    for (const char* name : names) list.append(QLatin1String(name));
+    return list;
+}
+
+QString optionalText(const JsonPlace& object, const char* name) {
+    return object.has(name) ? object.member(name).text() : QString();
+}
+
+TaxTemplateInfo modelOf(const JsonPlace& object) {
+    static const QStringList known =
+        keys({"name", "key", "description", "basis", "basisDocument", "carriedText", "feeMode",
+              "alternativeFeeMode", "flag", "leadingBasisDocument", "feeModes", "defaultFeeMode",
+              "normName", "quotaBooks", "specialities", "parameters"});
+    object.allowOnly(known);
+    TaxTemplateInfo model;
+    model.name = object.member("name").text();
+    model.key = object.member("key").text();
+    model.description = object.member("description").text();
+    model.basis = object.member("basis").texts();
+    model.basisDocument = optionalText(object, "basisDocument");
+    model.carriedText = optionalText(object, "carriedText");
+    model.feeMode = object.member("feeMode").text();
+    model.alternativeFeeMode = optionalText(object, "alternativeFeeMode");
+    if (object.has("flag")) model.flag = object.member("flag").integer();
+    model.leadingBasisDocument = optionalText(object, "leadingBasisDocument");
+    return model;
+}
+
+PricingModelInfo pricingOf(const JsonPlace& object) {
+    PricingModelInfo pricing;
+    pricing.key = object.member("key").text();
+    pricing.feeModes = object.member("feeModes").texts();
+    pricing.defaultFeeMode = object.member("defaultFeeMode").text();
+    pricing.normName = optionalText(object, "normName");
+    if (object.has("quotaBooks")) pricing.quotaBooks = object.member("quotaBooks").texts();
+    if (object.has("specialities")) {
+        const JsonPlace map = object.member("specialities");
+        for (const QString& name : map.memberNames()) {
+            pricing.specialities.insert(name, map.member(name).texts());
+        }
+    }
+    if (object.has("parameters")) {
+        const JsonPlace map = object.member("parameters");
+        for (const QString& name : map.memberNames()) {
+            pricing.parameters.insert(name, map.member(name).textMap());
+        }
+    }
+    return pricing;
+}
+
+int taxModeOf(const JsonPlace& place) {
+    if (place.isInteger()) return place.integer();
+    static const QStringList names = {QStringLiteral("一般计税"), QStringLiteral("简易计税"),
+                                      QStringLiteral("营业税")};
+    const int mode = names.indexOf(place.text());
+    if (mode < 0) place.fail(QStringLiteral("must be one of ") + names.join(QStringLiteral("、")));
+    return mode;
+}
+
+void readModels(const QString& path, Installation& into) {
+    const JsonFile file(path);
+    const JsonPlace root(file);
+    for (const QString& appType : root.memberNames()) {
+        auto& modes = into.models[appType];
+        auto& pricing = into.pricing[appType];
+        for (const JsonPlace& entry : root.member(appType).items()) {
+            entry.allowOnly(keys({"taxMode", "models"}));
+            ProTaxTemplateInfo mode;
+            mode.taxMode = taxModeOf(entry.member("taxMode"));
+            for (const JsonPlace& object : entry.member("models").items()) {
+                mode.models.append(modelOf(object));
+                if (object.has("feeModes") || object.has("defaultFeeMode")) {
+                    pricing.insert(mode.models.constLast().name, pricingOf(object));
+                }
+            }
+            modes.append(mode);
+        }
+    }
+}
+
+void readArea(const JsonPlace& area, Installation& into) {
+    area.allowOnly(keys({"prodAreaYN", "configuration"}));
+    into.prodAreaYN = area.member("prodAreaYN").boolean();
+    into.areaConfig = area.member("configuration").textMap();
+}
+
+void readSuffixes(const JsonPlace& suffixes, Installation& into) {
+    for (const QString& kind : suffixes.memberNames()) {
+        bool isNumber = false;
+        const int number = kind.toInt(&isNumber);
+        const JsonPlace list = suffixes.member(kind);
+        if (!isNumber) list.fail(QStringLiteral("the key must be the number of a file kind"));
+        into.suffixes.insert(number, list.texts());
+    }
+}
+
+void readGroupedTemplates(const JsonPlace& groups, Installation& into) {
+    for (const QString& name : groups.memberNames()) {
+        auto& templates = into.groupedTemplates[name];
+        for (const JsonPlace& object : groups.member(name).items()) {
+            object.allowOnly(keys({"name", "file"}));
+            templates.append({object.member("name").text(), object.member("file").text()});
+        }
+    }
+}
+
+void readSystemSettings(const JsonPlace& system, Installation& into) {
+    system.allowOnly(keys({"modelName", "estimateTemplate", "settlementTemplate", "others"}));
+    into.systemSettings.modelName = system.member("modelName").text();
+    into.systemSettings.estimateTemplate = system.member("estimateTemplate").text();
+    into.systemSettings.settlementTemplate = system.member("settlementTemplate").text();
+    into.systemSettings.others = system.member("others").textMap();
+}
+
+void readSettings(const QString& path, Installation& into) {
+    const JsonFile file(path);
+    const JsonPlace root(file);
+    root.allowOnly(keys({"area", "firstOpenClose", "basicSettings", "systemSettings",
+                         "transactions", "suffixes", "groupedTemplates"}));
+    readArea(root.member("area"), into);
+    into.firstOpenClose = root.member("firstOpenClose").integer();
+    const JsonPlace basic = root.member("basicSettings");
+    basic.allowOnly(keys({"projectFolder", "others"}));
+    into.basicSettings.projectFolder =
+        basic.member("projectFolder").text().replace(placeholder, into.folder);
+    into.basicSettings.others = basic.member("others").textMap();
+    readSystemSettings(root.member("systemSettings"), into);
+    into.transactions = root.member("transactions").textMap();
+    readSuffixes(root.member("suffixes"), into);
+    readGroupedTemplates(root.member("groupedTemplates"), into);
+}
+
+void readHistory(const QString& path, Installation& into) {
+    const JsonFile file(path);
+    const JsonPlace root(file);
+    root.allowOnly(keys({"entries"}));
+    into.history = root.member("entries").texts();
+    into.history.replaceInStrings(QString(placeholder), into.folder);
+}
+
+QString writeFile(const QString& path, const QByteArray& content) {
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit()) {
+        return {};
+    }
+    return QDir::toNativeSeparators(path) + QLatin1String(": ") + file.errorString();
+}
+
+QJsonObject objectOf(const QMap<QString, QString>& map) {
+    QJsonObject object;
+    for (auto it = map.begin(); it != map.end(); ++it) object.insert(it.key(), it.value());
+    return object;
+}
+
+}  // namespace
+
+bool Installation::load(const QString& folder, Installation& into, QString& error) {
+    Installation read;
+    read.folder = QDir(folder).absolutePath();
+    try {
+        readModels(read.folder + QLatin1String("/models.json"), read);
+        readSettings(read.folder + QLatin1String("/settings.json"), read);
+        readHistory(read.folder + QLatin1String("/history.json"), read);
+    } catch (const JsonError& wrong) {
+        error = wrong.text;
+        return false;
+    }
+    into = read;
+    return true;
+}
+
+QString Installation::projectFolder() const {
+    return basicSettings.projectFolder.isEmpty() ? folder + QLatin1String("/ProjectFiles")
+                                                 : basicSettings.projectFolder;
+}
+
+QString Installation::addToHistory(const QString& entry) {
+    history.removeAll(entry);
+    history.prepend(entry);
+    QStringList portable = history;
+    portable.replaceInStrings(folder + QLatin1Char('/'), placeholder + QLatin1Char('/'));
+    const QJsonObject file{{QStringLiteral("entries"), QJsonArray::fromStringList(portable)}};
+    return writeFile(folder + QLatin1String("/history.json"), QJsonDocument(file).toJson());
+}
+
+QString Installation::saveSystemSettings() {
+    const QString path = folder + QLatin1String("/settings.json");
+    const QJsonObject settings{
+        {QStringLiteral("modelName"), systemSettings.modelName},
+        {QStringLiteral("estimateTemplate"), systemSettings.estimateTemplate},
+        {QStringLiteral("settlementTemplate"), systemSettings.settlementTemplate},
+        {QStringLiteral("others"), objectOf(systemSettings.others)}};
+    try {
+        const JsonFile file(path);
+        // Only this object's text is replaced: the rest stays as its writer laid it out.
+        const JsonFile::Span span = JsonPlace(file).member("systemSettings").span();
+        const QByteArray object =
+            QJsonDocument(settings).toJson().trimmed().replace("\n", "\n    ");
+        return writeFile(path, file.text().left(span.begin) + object + file.text().mid(span.end));
+    } catch (const JsonError& wrong) {
+        return wrong.text;
+    }
+}
+
+}  // namespace workbench

@@ -1,0 +1,58 @@
+/// Colours, pictures and sizes of the workbench's two skins.
+#pragma once
+
+#include <QColor>
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+
+#include "workbench/hostlibs/common/WorkbenchApi.h"
+
+namespace workbench {
+
+/// Every colour that a widget uses, by what it is for.
+enum class Tint {
+    None,
+    Surface,
+    Card,
+    CardHover,
+    Field,
+    Border,
+    Divider,
+    Text,
+    Muted,
+    Faint,
+    Accent,
+    AccentHover,
+    AccentPressed,
+    OnAccent,
+    AccentLine,
+    Hover,
+    Pressed,
+    Selected,
+    Danger,
+    Count
+};
+
+/// @return the colour in the current skin.
+WORKBENCH_API QColor colour(Tint tint);
+
+/// @param designPixels a size of the design at 100 %. @return the size on this screen, in pixels.
+WORKBENCH_API int scaled(double designPixels);
+
+/// @param path a picture of the light skin.
+/// @return the picture of the current skin: in the dark skin the file with "-dark" before its
+///         suffix, where there is one.
+WORKBENCH_API QString skinPicture(const QString& path);
+
+/// Draws a picture of the current skin at exactly the device pixels that it will cover.
+/// @param size in widget pixels. @param ratio device pixels per widget pixel.
+/// @return a null pixmap when there is no such picture.
+WORKBENCH_API QPixmap pixmapOf(const QString& path, const QSize& size, qreal ratio,
+                               Qt::AspectRatioMode mode = Qt::KeepAspectRatio);
+
+/// Gives the application the font, palette and styles of the current skin and scale. Call it once
+/// when the application exists; it then follows Host::setSkin and Host::setScale.
+WORKBENCH_API void applySkin();
+
+}  // namespace workbench

@@ -1,0 +1,130 @@
+#include "workbench/hostlibs/common/SkinStyle.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include "workbench/hostlibs/common/Skin.h"
+
+namespace workbench {
+
+namespace {
+
+// A colour between both skins, so that nothing has to be done when the skin changes.
+QString scrollBarSheet() {
+    return QStringLiteral(
+               "QScrollBar{background:transparent;border:none;margin:0}"
+               "QScrollBar::handle{background:rgba(135,148,168,125);border-radius:%1px;margin:%2px}"
+               "QScrollBar::handle:hover{background:rgba(135,148,168,215)}"
+               "QScrollBar::handle:vertical{min-height:%3px}"
+               "QScrollBar::handle:horizontal{min-width:%3px}"
+               "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0}"
+               "QScrollBar::add-page,QScrollBar::sub-page{background:transparent}")
+        .arg(scaled(3))
+        .arg(qMax(1, scaled(1)))
+        .arg(scaled(28));
+}
+
+// A view may ask for a selection colour of the other skin, on which no text could be read.
+QColor legible(const QColor& selection) {
+    const int distance = qAbs(selection.lightness() - colour(Tint::Text).lightness());
+    return distance < 80 ? colour(Tint::Selected) : selection;
+}
+
+}  // namespace
+
+// The style knows the screen's dots per inch only; the host's scale comes on top.
+SkinStyle::SkinStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+// A sheet of the bar's own: sheets of a page that make every widget below it transparent would
+// otherwise turn its bars into those of another decade.
+void SkinStyle::dress(QScrollBar& bar) {
+    const QString sheet = scrollBarSheet();
+    if (bar.styleSheet() != sheet) bar.setStyleSheet(sheet);
+}
+
+void SkinStyle::polish(QWidget* widget) {
+    QProxyStyle::polish(widget);
+    if (auto* bar = qobject_cast<QScrollBar*>(widget)) dress(*bar);
+}
+
+int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
+    if (metric == PM_ScrollBarExtent) return scaled(9);
+    const int size = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+        case PM_ButtonIconSize:
+        case PM_ButtonMargin:
+        case PM_CheckBoxLabelSpacing:
+        case PM_DockWidgetTitleMargin:
+        case PM_ExclusiveIndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_IndicatorWidth:
+        case PM_LargeIconSize:
+        case PM_LayoutBottomMargin:
+        case PM_LayoutHorizontalSpacing:
+        case PM_LayoutLeftMargin:
+        case PM_LayoutRightMargin:
+        case PM_LayoutTopMargin:
+        case PM_LayoutVerticalSpacing:
+        case PM_ListViewIconSize:
+        case PM_SmallIconSize:
+        case PM_ToolBarIconSize:
+        case PM_ToolTipLabelFrameWidth:
+        case PM_TreeViewIndentation:
+            return size > 0 ? scaled(size) : size;
+        default:
+            return size;
+    }
+}
+
+int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* more) const {
+    // A list below the field, not a menu over it.
+    if (hint == SH_ComboBox_Popup) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
+QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                SubControl part, const QWidget* widget) const {
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return option->rect.adjusted(scaled(6), scaled(2), -scaled(24), -scaled(2));
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    if (element != CE_HeaderSection) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    const QRect& rect = option->rect;
+    const int line = qMax(1, scaled(1));
+    painter->fillRect(rect, colour(Tint::Hover));
+    painter->fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line,
+                      colour(Tint::Divider));
+    painter->fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(),
+                      colour(Tint::Divider));
+}
+
+void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+    const bool inView = qobject_cast<const QAbstractItemView*>(widget);
+    if (element == PE_FrameFocusRect && inView) return;
+    if (element == PE_PanelItemViewItem && inView) {
+        const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+        if (item && item->backgroundBrush.style() != Qt::NoBrush)
+            painter->fillRect(option->rect, item->backgroundBrush);
+        if (option->state & State_Selected)
+            painter->fillRect(option->rect, legible(option->palette.color(QPalette::Highlight)));
+        else if ((option->state & State_MouseOver) && (option->state & State_Enabled))
+            painter->fillRect(option->rect, colour(Tint::Hover));
+        return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+}  // namespace workbench

@@ -1,0 +1,34 @@
+/// The widget style of both skins.
+#pragma once
+
+#include <QProxyStyle>
+
+class QScrollBar;
+
+namespace workbench {
+
+/// Fusion at the host's scale, with flat scroll bars, list rows and headers. It is a style and not
+/// a style sheet of the application, because under a sheet a widget that moves to another parent
+/// loses the font weight that was set on it.
+class SkinStyle : public QProxyStyle {
+  public:
+    SkinStyle();
+
+    /// Gives a scroll bar its flat look at the current scale.
+    static void dress(QScrollBar& bar);
+
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+};
+
+}  // namespace workbench

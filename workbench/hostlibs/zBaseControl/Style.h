@@ -1,0 +1,54 @@
+/// What the styled widgets share behind their public faces.
+#pragma once
+
+#include <QPainter>
+
+#include "workbench/hostlibs/common/Skin.h"
+#include "zBaseControl.h"
+
+namespace workbench {
+
+/// Control and widget types of the host's style codes.
+enum ControlType {
+    PlainType = 0,
+    DefaultActionType = 1,  ///< The button that Enter presses in a message box.
+    CardTextType = 2,
+    CardType = 9,
+    RowType = 10,
+    DividerType = 13,
+    SplitPartType = 18,
+    NewButtonType = 88,
+    RibbonTabType = 89,
+};
+
+/// Fills and outlines a rounded rectangle whose outline lies inside `rect`, on whole pixels.
+/// @param radius in design pixels.
+void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& border,
+             double radius);
+
+/// The arrow of a field that drops something down.
+void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
+
+/// @param radius in design pixels. @return what a window with rounded corners covers.
+QRegion roundedRegion(const QRect& rect, double radius);
+
+/// Cuts the corners off a window. A mask instead of a translucent window: without a compositor
+/// translucent corners would turn black. @param radius in design pixels.
+void roundCorners(QWidget* window, double radius);
+
+constexpr double kMenuRadius = 6;
+
+}  // namespace workbench
+
+struct ComStyleOption::Style {
+    int type = workbench::PlainType;
+    workbench::Tint rest = workbench::Tint::Surface;  ///< Background while none is set.
+    QColor background;                                ///< Set by the caller; invalid: the skin's.
+    QString picture;  ///< Of a container: its background. Of a label: what it shows.
+    QSize pictureSize;
+    QString icons[4];  ///< Of a button: at rest, hovered, pressed, disabled.
+    int textAlignment = Qt::AlignCenter;
+    int iconAlignment = Qt::AlignCenter;
+    bool checkedBackground = false;
+    bool keyboardFocus = false;  ///< The focus came by key, so that it has to be seen.
+};

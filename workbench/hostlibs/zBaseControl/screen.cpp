@@ -1,0 +1,51 @@
+#include <QJsonArray>
+
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
+#include "zBaseControl.h"
+
+InterfaceAdaptation* InterfaceAdaptation::getInstance() {
+    static InterfaceAdaptation adaptation;
+    return &adaptation;
+}
+
+int InterfaceAdaptation::getResolutionRatioH(double designPixels) const {
+    return workbench::scaled(designPixels);
+}
+
+void InterfaceAdaptation::openMaxDialogMode(int width, int height) {
+    workbench::Journal::instance().call("InterfaceAdaptation::openMaxDialogMode", {width, height});
+}
+
+void InterfaceAdaptation::closeMaxDialogMode() {
+    workbench::Journal::instance().call("InterfaceAdaptation::closeMaxDialogMode");
+}
+
+SkinManager* SkinManager::instance() {
+    static SkinManager manager;
+    return &manager;
+}
+
+// The application has its new colours before anybody hears of the change.
+SkinManager::SkinManager() {
+    connect(&workbench::Host::instance(), &workbench::Host::skinChanged, this, [this] {
+        workbench::applySkin();
+        Q_EMIT signalSkinChanged();
+    });
+    connect(&workbench::Host::instance(), &workbench::Host::scaleChanged, this,
+            &workbench::applySkin);
+}
+
+QFont TBaseTool::GetDefFont(int size, int weight) {
+    static const QStringList families = {
+        QStringLiteral("Noto Sans CJK SC"),    QStringLiteral("Source Han Sans SC"),
+        QStringLiteral("Microsoft YaHei"),     QStringLiteral("PingFang SC"),
+        QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")};
+    QFont font;
+    font.setFamily(families.first());
+    font.setFamilies(families);
+    font.setPixelSize(qMax(1, size));
+    font.setWeight(weight);
+    return font;
+}

@@ -1,0 +1,242 @@
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QMenu>
+#include <QtMath>
+
+#include "workbench/hostlibs/zBaseControl/Style.h"
+
+using workbench::colour;
+using workbench::scaled;
+using workbench::Tint;
+
+namespace {
+
+enum State { Rest, Hovered, Pressed, Checked, Disabled, StateCount };
+
+struct Tints {
+    Tint fill, border, text;
+};
+
+/// How a kind of button looks. Padding and radius in design pixels.
+struct Face {
+    int type;
+    double padding, height, radius;
+    Tints states[StateCount];
+};
+
+constexpr int kPill = -1;  // a checkable button with the checked background
+
+constexpr Face faces[] = {
+    {workbench::PlainType,
+     12,
+     24,
+     4,
+     {{Tint::Card, Tint::Border, Tint::Text},
+      {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Selected, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Surface, Tint::Divider, Tint::Faint}}},
+    {kPill,
+     14,
+     28,
+     4,
+     {{Tint::Card, Tint::Border, Tint::Text},
+      {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Accent, Tint::Accent, Tint::OnAccent},
+      {Tint::Surface, Tint::Divider, Tint::Faint}}},
+    {workbench::DefaultActionType,
+     12,
+     28,
+     4,
+     {{Tint::Accent, Tint::Accent, Tint::OnAccent},
+      {Tint::AccentHover, Tint::AccentHover, Tint::OnAccent},
+      {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
+      {Tint::Accent, Tint::Accent, Tint::OnAccent},
+      {Tint::Divider, Tint::Divider, Tint::Faint}}},
+    {workbench::NewButtonType,
+     10,
+     24,
+     4,
+     {{Tint::None, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Accent, Tint::Accent, Tint::OnAccent},
+      {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
+      {Tint::Accent, Tint::Accent, Tint::OnAccent},
+      {Tint::None, Tint::Border, Tint::Faint}}},
+    {workbench::SplitPartType,
+     2,
+     22,
+     3,
+     {{Tint::None, Tint::None, Tint::AccentLine},
+      {Tint::Pressed, Tint::None, Tint::AccentLine},
+      {Tint::Selected, Tint::None, Tint::AccentLine},
+      {Tint::Selected, Tint::None, Tint::AccentLine},
+      {Tint::None, Tint::None, Tint::Faint}}},
+    {workbench::RibbonTabType,
+     14,
+     34,
+     6,
+     {{Tint::None, Tint::None, Tint::Text},
+      {Tint::Pressed, Tint::None, Tint::AccentLine},
+      {Tint::Selected, Tint::None, Tint::AccentLine},
+      {Tint::None, Tint::None, Tint::AccentLine},
+      {Tint::None, Tint::None, Tint::Faint}}},
+};
+
+const Face& faceOf(int type, bool pill) {
+    if (pill && type == workbench::PlainType) type = kPill;
+    for (const Face& face : faces)
+        if (face.type == type) return face;
+    return faces[0];
+}
+
+State stateOf(const QPushButton& button) {
+    if (!button.isEnabled()) return Disabled;
+    if (button.layout()) return Rest;  // the parts of a split button answer the mouse themselves
+    if (button.isDown()) return Pressed;
+    if (button.isChecked()) return Checked;
+    return button.underMouse() ? Hovered : Rest;
+}
+
+Qt::Alignment centredUnlessSaid(int flags) {
+    Qt::Alignment alignment(flags);
+    if (!(alignment & Qt::AlignHorizontal_Mask)) alignment |= Qt::AlignHCenter;
+    if (!(alignment & Qt::AlignVertical_Mask)) alignment |= Qt::AlignVCenter;
+    return alignment;
+}
+
+// The width for bold text is kept free, so that nothing moves when an entry is chosen.
+int textWidth(const QPushButton& button, bool roomForBold) {
+    QFont font = button.font();
+    if (roomForBold) font.setWeight(QFont::Bold);
+    const auto width = [&](const QFont& used) {
+        return qCeil(QFontMetricsF(used).horizontalAdvance(button.text())) + 1;
+    };
+    return button.text().isEmpty() ? 0 : qMax(width(font), width(button.font()));
+}
+
+void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {
+    const int height = scaled(3);
+    workbench::drawBox(painter,
+                       {content.left(), rect.bottom() + 1 - height, content.width(), height},
+                       colour(Tint::AccentLine), Qt::transparent, 1.5);
+}
+
+}  // namespace
+
+zBaseButton::zBaseButton(QWidget* parent) : zBaseButton(QString(), parent) {}
+
+zBaseButton::zBaseButton(const QString& text, QWidget* parent) : QPushButton(parent) {
+    // A dialog's Enter must not press whichever button happens to come first.
+    setAutoDefault(false);
+    setAttribute(Qt::WA_Hover);
+    setIconSize({scaled(16), scaled(16)});
+    SetText(text);
+}
+
+zBaseButton::~zBaseButton() = default;
+
+void zBaseButton::SetText(const QString& text) {
+    setText(text);
+    // A split button gives its text to its left part and is still called by it.
+    if (!text.isEmpty()) setAccessibleName(text);
+}
+
+void zBaseButton::setIcon(const QString& normal, const QString& hover, const QString& pressed,
+                          const QString& disabled) {
+    const QString paths[] = {normal, hover, pressed, disabled};
+    for (int i = 0; i < 4; ++i) look->icons[i] = paths[i].isEmpty() ? normal : paths[i];
+    updateGeometry();
+    update();
+}
+
+void zBaseButton::setControlType(int type) {
+    look->type = type;
+    look->rest = faceOf(type, look->checkedBackground).states[Rest].fill;
+    if (type == workbench::SplitPartType) setIconSize({scaled(10), scaled(10)});
+    updateGeometry();
+    update();
+}
+
+QSize zBaseButton::sizeHint() const {
+    const Face& face = faceOf(look->type, look->checkedBackground);
+    const int height = qMax(scaled(face.height), fontMetrics().height() + scaled(4));
+    if (layout()) return layout()->totalSizeHint().expandedTo({0, height});
+    int width = textWidth(*this, look->type == workbench::RibbonTabType);
+    if (!look->icons[0].isEmpty()) width += iconSize().width() + (text().isEmpty() ? 0 : scaled(6));
+    return {width + 2 * scaled(face.padding), qMax(height, iconSize().height() + scaled(4))};
+}
+
+QSize zBaseButton::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void zBaseButton::paintEvent(QPaintEvent*) {
+    const Face& face = faceOf(look->type, look->checkedBackground);
+    const State state = stateOf(*this);
+    const Tints& tints = face.states[state];
+    QPainter painter(this);
+    const bool own = state == Rest && look->background.isValid();
+    workbench::drawBox(painter, rect(), own ? look->background : colour(tints.fill),
+                       colour(tints.border), face.radius);
+    if (look->type == workbench::SplitPartType && menu())
+        painter.fillRect(0, scaled(6), qMax(1, scaled(1)), height() - 2 * scaled(6),
+                         colour(Tint::Border));
+
+    const bool icon = !look->icons[0].isEmpty();
+    const int gap = icon && !text().isEmpty() ? scaled(6) : 0;
+    const int iconWidth = icon ? iconSize().width() : 0;
+    const int edge = qMin(scaled(face.padding), scaled(2));
+    const QRect inside = rect().adjusted(edge, 0, -edge, 0);
+    const QSize content(qMin(iconWidth + gap + textWidth(*this, false), inside.width()),
+                        inside.height());
+    const auto alignment =
+        centredUnlessSaid(text().isEmpty() ? look->iconAlignment : look->textAlignment);
+    const QRect place = QStyle::alignedRect(layoutDirection(), alignment, content, inside);
+    if (icon) {
+        const int index = state == Disabled ? 3 : state == Pressed ? 2 : state == Hovered ? 1 : 0;
+        const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
+        const QRect iconPlace = QStyle::alignedRect(layoutDirection(), vertical, iconSize(), place);
+        const bool drawnDisabled = look->icons[3] != look->icons[0];
+        painter.setOpacity(state == Disabled && !drawnDisabled ? 0.4 : 1);
+        painter.drawPixmap(iconPlace.topLeft(), workbench::pixmapOf(look->icons[index], iconSize(),
+                                                                    devicePixelRatioF()));
+        painter.setOpacity(1);
+    }
+    painter.setPen(colour(tints.text));
+    const QRect textPlace = place.adjusted(iconWidth + gap, 0, 0, 0);
+    const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
+    painter.drawText(textPlace, static_cast<int>(vertical) | Qt::TextSingleLine,
+                     fontMetrics().elidedText(text(), Qt::ElideRight, textPlace.width()));
+    if (look->type == workbench::RibbonTabType && isChecked())
+        drawUnderline(painter, rect(), place);
+    if (look->keyboardFocus && hasFocus()) {
+        const int inset = scaled(2);
+        workbench::drawBox(painter, rect().adjusted(inset, inset, -inset, -inset), Qt::transparent,
+                           colour(tints.text), face.radius);
+    }
+}
+
+bool zBaseButton::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::FocusIn: {
+            const auto reason = static_cast<QFocusEvent*>(event)->reason();
+            look->keyboardFocus = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+            break;
+        }
+        case QEvent::KeyPress: {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key != Qt::Key_Return && key != Qt::Key_Enter) break;
+            click();
+            return true;
+        }
+        case QEvent::Polish:
+            if (accessibleName().isEmpty() && text().isEmpty() && menu())
+                setAccessibleName(QStringLiteral("更多"));
+            break;
+        default:
+            break;
+    }
+    return QPushButton::event(event);
+}

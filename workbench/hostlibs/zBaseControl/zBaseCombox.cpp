@@ -1,0 +1,99 @@
+#include <QAbstractItemView>
+#include <QStyledItemDelegate>
+
+#include "workbench/hostlibs/zBaseControl/Style.h"
+
+using workbench::colour;
+using workbench::scaled;
+using workbench::Tint;
+
+namespace {
+
+constexpr int kStateRole = Qt::UserRole + 100;  // false: marked as not usable, and still selectable
+
+class Rows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    bool iconsShown = false;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {QStyledItemDelegate::sizeHint(option, index).width() + scaled(12), scaled(30)};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        const bool chosen = option.state & QStyle::State_Selected;
+        painter->fillRect(option.rect, colour(chosen ? Tint::Selected : Tint::Card));
+        drawEntry(*painter, option.rect.adjusted(scaled(8), 0, -scaled(4), 0), index,
+                  option.decorationSize, option.font, true);
+    }
+
+    /// Draws picture and text of an entry, as a row of the list and in the closed field.
+    void drawEntry(QPainter& painter, QRect place, const QModelIndex& index, const QSize& iconSize,
+                   const QFont& font, bool enabled) const {
+        const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
+        if (iconsShown && !icon.isNull()) {
+            const QRect at = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignVCenter,
+                                                 iconSize, place);
+            icon.paint(&painter, at);
+            place.setLeft(at.right() + scaled(6));
+        }
+        const QVariant state = index.data(kStateRole);
+        const bool usable = enabled && (!state.isValid() || state.toBool());
+        painter.setPen(colour(usable ? Tint::Text : Tint::Faint));
+        painter.setFont(font);
+        const QString text = index.data(Qt::DisplayRole).toString();
+        painter.drawText(
+            place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+            painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width() + scaled(1)));
+    }
+};
+
+Rows* rowsOf(const zBaseCombox* combo) {
+    return static_cast<Rows*>(combo->itemDelegate());
+}
+
+}  // namespace
+
+zBaseCombox::zBaseCombox(QWidget* parent) : QComboBox(parent) {
+    look->rest = Tint::Field;
+    setItemDelegate(new Rows(this));
+    setIconSize({scaled(16), scaled(16)});
+    setAttribute(Qt::WA_Hover);
+    setMaxVisibleItems(10);
+}
+
+zBaseCombox::~zBaseCombox() = default;
+
+void zBaseCombox::addItem(const QString& text, const QVariant& data) {
+    QComboBox::addItem(text, data);
+}
+
+void zBaseCombox::addItemState(const QString& iconPath, bool state, const QString& text,
+                               const QVariant& data) {
+    QComboBox::addItem(QIcon(workbench::pixmapOf(iconPath, iconSize(), devicePixelRatioF())), text,
+                       data);
+    setItemData(count() - 1, state, kStateRole);
+}
+
+void zBaseCombox::SetComboxShowIcon(bool show) {
+    rowsOf(this)->iconsShown = show;
+    update();
+}
+
+QSize zBaseCombox::sizeHint() const {
+    return {QComboBox::sizeHint().width() + scaled(20), scaled(30)};
+}
+
+void zBaseCombox::paintEvent(QPaintEvent*) {
+    const bool active = isEnabled() && (hasFocus() || underMouse() || view()->isVisible());
+    QPainter painter(this);
+    workbench::drawBox(painter, rect(), isEnabled() ? normalBackColor() : colour(Tint::Surface),
+                       colour(active ? Tint::AccentLine : Tint::Border), 4);
+    const int arrowRoom = scaled(24);
+    if (!isEditable())
+        rowsOf(this)->drawEntry(painter, rect().adjusted(scaled(8), 0, -arrowRoom, 0),
+                                model()->index(currentIndex(), modelColumn(), rootModelIndex()),
+                                iconSize(), font(), isEnabled());
+    workbench::drawArrow(painter, {width() - arrowRoom / 2, height() / 2}, isEnabled());
+}

@@ -1,0 +1,69 @@
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QtMath>
+
+#include "workbench/hostlibs/zBaseControl/Style.h"
+
+using workbench::colour;
+using workbench::scaled;
+using workbench::Tint;
+
+zBaseLabel::zBaseLabel(QWidget* parent) : QLabel(parent) {}
+
+zBaseLabel::zBaseLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {}
+
+zBaseLabel::~zBaseLabel() = default;
+
+void zBaseLabel::setControlType(int type) {
+    look->type = type;
+    if (type == workbench::DividerType) setFixedHeight(qMax(1, scaled(1)));
+    followFont();
+}
+
+void zBaseLabel::setPixmap(const QString& imagePath, const QSize& size) {
+    if (look->picture.isEmpty())
+        connect(SkinManager::instance(), &SkinManager::signalSkinChanged, this,
+                &zBaseLabel::showPicture);
+    look->picture = imagePath;
+    look->pictureSize = size;
+    showPicture();
+}
+
+// The font's line has room above and below every glyph of the language, which a tight row can do
+// without.
+QSize zBaseLabel::minimumSizeHint() const {
+    const QSize size = QLabel::minimumSizeHint();
+    if (wordWrap() || text().isEmpty() || text().contains(QLatin1Char('\n'))) return size;
+    return {size.width(), qMin(size.height(), qCeil(fontInfo().pixelSize() * 1.25))};
+}
+
+void zBaseLabel::showPicture() {
+    QLabel::setPixmap(workbench::pixmapOf(look->picture, look->pictureSize, devicePixelRatioF()));
+}
+
+// On a card the bold line is its title; the others step back.
+void zBaseLabel::followFont() {
+    const bool steppedBack = look->type == workbench::CardTextType && !font().bold();
+    setForegroundRole(steppedBack ? QPalette::PlaceholderText : QPalette::WindowText);
+}
+
+void zBaseLabel::paintEvent(QPaintEvent* event) {
+    // A text-less label one line high separates what is above it from what is below.
+    const bool flat = maximumHeight() <= qMax(1, scaled(1)) && text().isEmpty();
+    if (look->type == workbench::DividerType || flat) {
+        QPainter(this).fillRect(rect(), colour(Tint::Divider));
+        return;
+    }
+    if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
+    QLabel::paintEvent(event);
+}
+
+bool zBaseLabel::event(QEvent* event) {
+    if (event->type() == QEvent::FontChange) followFont();
+    // Without its widget the tip does not take over style sheets that are meant for the page.
+    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTip());
+        return true;
+    }
+    return QLabel::event(event);
+}

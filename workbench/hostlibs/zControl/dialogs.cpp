@@ -1,0 +1,60 @@
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWindow>
+
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zControl/Outline.h"
+#include "workbench/journal/Journal.h"
+#include "zControl.h"
+
+FramelessDialog::FramelessDialog(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint) {}
+
+FramelessDialog::~FramelessDialog() = default;
+
+// Only presses that no child took arrive here: the empty areas are the handle of the window.
+void FramelessDialog::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
+    grip = event->pos();
+    if (windowHandle()) windowHandle()->startSystemMove();
+}
+
+// For window systems that cannot move a window on request.
+void FramelessDialog::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() & Qt::LeftButton) move(event->globalPos() - grip);
+}
+
+RoundedDialog::RoundedDialog(QWidget* parent) : FramelessDialog(parent) {
+    new workbench::Outline(this);
+}
+
+bool RoundedDialog::eventFilter(QObject* watched, QEvent* event) {
+    return FramelessDialog::eventFilter(watched, event);
+}
+
+void RoundedDialog::paintEvent(QPaintEvent*) {
+    QPainter(this).fillRect(rect(), workbench::colour(workbench::Tint::Surface));
+}
+
+void RoundedDialog::resizeEvent(QResizeEvent* event) {
+    FramelessDialog::resizeEvent(event);
+    workbench::roundCorners(this, workbench::kDialogRadius);
+}
+
+KVBaseDialog::KVBaseDialog(QWidget* parent) : RoundedDialog(parent) {
+    setModal(true);
+}
+
+void KVBaseDialog::showEvent(QShowEvent* event) {
+    if (!running)
+        workbench::Journal::instance().dialogOpened(QLatin1String(metaObject()->className()));
+    running = true;
+    RoundedDialog::showEvent(event);
+}
+
+void KVBaseDialog::done(int result) {
+    workbench::Journal::instance().dialogDone(QLatin1String(metaObject()->className()), result);
+    running = false;
+    RoundedDialog::done(result);
+}
