@@ -1,6 +1,6 @@
 # Sourced by ./run, ./test and .ci/run: installs from Debian, by name, what is missing.
 build_packages="g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
-                libkf5archive-dev fonts-noto-cjk"
+                libzip-dev fonts-noto-cjk"
 test_packages="libgtest-dev librapidcheck-dev binutils"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"

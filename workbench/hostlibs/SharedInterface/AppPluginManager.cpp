@@ -1,0 +1,53 @@
+#include "SharedInterface.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/journalled.h"
+
+using workbench::Host;
+using workbench::Journal;
+
+namespace {
+
+int lastAsked = -1;
+
+QString textOf(int client) {
+    static const QMap<int, QString> texts = {{4, QStringLiteral("预算")},
+                                             {6, QStringLiteral("概算")},
+                                             {8, QStringLiteral("结算")},
+                                             {16, QStringLiteral("总承包")},
+                                             {32, QStringLiteral("全过程")}};
+    return texts.value(client);
+}
+
+}  // namespace
+
+AppPluginManager* AppPluginManager::instance() {
+    static AppPluginManager manager;
+    const bool present = Host::instance().switches().pluginManagerPresent;
+    return workbench::accessed("AppPluginManager::instance", present ? &manager : nullptr);
+}
+
+bool AppPluginManager::isLoaded(int client) {
+    return workbench::journalled("AppPluginManager::isLoaded", {client}, [client] {
+        lastAsked = client;
+        return Host::instance().switches().plugins.value(client, false);
+    });
+}
+
+void AppPluginManager::load(int client) {
+    Journal::instance().call("AppPluginManager::load", {client});
+    Host::instance().switches().plugins.insert(client, true);
+}
+
+void AppPluginManager::load() {
+    Journal::instance().call("AppPluginManager::load");
+    Host::instance().switches().plugins.insert(lastAsked, true);
+}
+
+QString AppPluginManager::pluginText(int client) {
+    return workbench::journalled("AppPluginManager::pluginText", {client},
+                                 [client] { return textOf(client); });
+}
+
+void AppPluginManager::notify(const QString& text, int client) {
+    Journal::instance().call("AppPluginManager::notify", {text, client});
+}

@@ -1,0 +1,16 @@
+#include "SharedInterface.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/journalled.h"
+
+TranMiUtilAction* TranMiUtilAction::Instance() {
+    static TranMiUtilAction action;
+    return workbench::accessed("TranMiUtilAction::Instance", &action);
+}
+
+QString TranMiUtilAction::JudageValue(const QString& key, const QString& fallback) {
+    return workbench::journalled("TranMiUtilAction::JudageValue", {key, fallback}, [&] {
+        workbench::Host& host = workbench::Host::instance();
+        return host.switches().transactions.value(
+            key, host.installation().transactions.value(key, fallback));
+    });
+}

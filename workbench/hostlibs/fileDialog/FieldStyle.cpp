@@ -1,0 +1,20 @@
+#include "workbench/hostlibs/fileDialog/FieldStyle.h"
+
+#include "workbench/hostlibs/common/Skin.h"
+
+namespace workbench {
+
+QString fieldSheet() {
+    return QStringLiteral(
+               "QLineEdit{background:%1;color:%2;border:1px solid %3;border-radius:%6px;"
+               "padding:0 %7px;selection-background-color:%4;selection-color:%5}"
+               "QLineEdit:focus{border-color:%4}"
+               "QLineEdit:disabled{color:%8}")
+        .arg(colour(Tint::Field).name(), colour(Tint::Text).name(), colour(Tint::Border).name(),
+             colour(Tint::Accent).name(), colour(Tint::OnAccent).name())
+        .arg(scaled(3))
+        .arg(scaled(6))
+        .arg(colour(Tint::Faint).name());
+}
+
+}  // namespace workbench

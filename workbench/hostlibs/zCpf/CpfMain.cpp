@@ -1,0 +1,29 @@
+#include "zCpf.h"
+
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/journalled.h"
+
+using workbench::Host;
+using workbench::journalled;
+
+CpfMain* CpfMain::GetInstance() {
+    static CpfMain main;
+    return workbench::accessed("CpfMain::GetInstance", &main);
+}
+
+bool CpfMain::IsProdAreaYN() const {
+    return journalled("CpfMain::IsProdAreaYN", {},
+                      [] { return Host::instance().switches().prodAreaYN; });
+}
+
+bool CpfMain::GetOpenVersion(double version) const {
+    return journalled("CpfMain::GetOpenVersion", {version},
+                      [&] { return version <= Host::instance().switches().openVersion; });
+}
+
+QString CpfMain::GetAreaConfigValue(const QString& key) const {
+    return journalled("CpfMain::GetAreaConfigValue", {key}, [&] {
+        Host& host = Host::instance();
+        return host.switches().areaConfig.value(key, host.installation().areaConfig.value(key));
+    });
+}

@@ -1,0 +1,146 @@
+#include "workbench/journal/Journal.h"
+
+#include <QJsonDocument>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "workbench/hostlibs/common/Host.h"
+
+namespace workbench {
+
+namespace {
+
+QByteArray compact(const QJsonValue& value) {
+    const QByteArray inArray = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return inArray.mid(1, inArray.size() - 2);
+}
+
+// A thrown character string has no owner, so that its text must outlive whoever catches it.
+const char* lasting(const QString& text) {
+    static std::set<std::string> texts;
+    return texts.insert(text.toStdString()).first->c_str();
+}
+
+[[noreturn]] void throwAs(ThrowRule::As type, const QString& text) {
+    switch (type) {
+        case ThrowRule::As::Literal:
+            throw lasting(text);
+        case ThrowRule::As::String:
+            throw text;
+        case ThrowRule::As::Other:
+            throw 1;
+        case ThrowRule::As::StdException:
+            break;
+    }
+    throw std::runtime_error(text.toStdString());
+}
+
+}  // namespace
+
+Journal::Journal() {
+    clock.start();
+}
+
+Journal& Journal::instance() {
+    static Journal journal;
+    return journal;
+}
+
+bool Journal::setFile(const QString& path) {
+    file.close();
+    file.setFileName(path);
+    if (path.isEmpty()) return true;
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+}
+
+const QVector<QJsonObject>& Journal::entries() const {
+    return list;
+}
+
+void Journal::clear() {
+    list.clear();
+    lastSeq = 0;
+    Q_EMIT cleared();
+}
+
+QByteArray Journal::line(const QJsonObject& entry) {
+    static const QLatin1String order[] = {QLatin1String("seq"),   QLatin1String("ms"),
+                                          QLatin1String("kind"),  QLatin1String("name"),
+                                          QLatin1String("args"),  QLatin1String("answer"),
+                                          QLatin1String("event"), QLatin1String("result")};
+    QByteArray text;
+    for (const QLatin1String key : order) {
+        const auto found = entry.constFind(key);
+        if (found == entry.constEnd()) continue;
+        text += text.isEmpty() ? '{' : ',';
+        text += compact(QJsonValue(key)) + ':' + compact(*found);
+    }
+    return text + '}';
+}
+
+void Journal::record(const QString& kind, const QString& name, const QJsonObject& fields) {
+    QJsonObject entry = fields;
+    entry.insert(QStringLiteral("seq"), ++lastSeq);
+    entry.insert(QStringLiteral("ms"), clock.elapsed());
+    entry.insert(QStringLiteral("kind"), kind);
+    entry.insert(QStringLiteral("name"), name);
+    list.append(entry);
+    if (file.isOpen()) {
+        file.write(line(entry) + '\n');
+        file.flush();
+    }
+    Q_EMIT recorded(entry);
+}
+
+void Journal::signal(const QString& name, const QJsonArray& args) {
+    record(QStringLiteral("signal"), name, {{QStringLiteral("args"), args}});
+}
+
+void Journal::dialogOpened(const QString& className) {
+    record(QStringLiteral("dialog"), className,
+           {{QStringLiteral("event"), QStringLiteral("opened")}});
+}
+
+void Journal::dialogDone(const QString& className, int result) {
+    record(QStringLiteral("dialog"), className,
+           {{QStringLiteral("event"), QStringLiteral("done")}, {QStringLiteral("result"), result}});
+}
+
+void Journal::box(const QString& name, const QString& title, const QString& text,
+                  const QStringList& buttons) {
+    record(
+        QStringLiteral("box"), name,
+        {{QStringLiteral("args"), QJsonArray{title, text, QJsonArray::fromStringList(buttons)}}});
+}
+
+void Journal::exception(const QString& function, const QString& source, int line,
+                        const QString& text) {
+    record(QStringLiteral("exception"), function,
+           {{QStringLiteral("args"), QJsonArray{source, line, function, text}}});
+}
+
+void Journal::project(const QString& file) {
+    record(QStringLiteral("project"), file, {});
+}
+
+void Journal::call(const char* name, const QJsonArray& args) {
+    throwIfAsked(name, args);
+    record(QStringLiteral("call"), QString::fromUtf8(name), {{QStringLiteral("args"), args}});
+}
+
+void Journal::throwIfAsked(const char* name, const QJsonArray& args) {
+    const QLatin1String asked(name);
+    for (ThrowRule& rule : Host::instance().switches().throws) {
+        if (rule.call != asked || ++rule.seen != rule.nth) continue;
+        record(QStringLiteral("call"), asked, {{QStringLiteral("args"), args}});
+        throwAs(rule.as, QString(rule.text));
+    }
+}
+
+void Journal::recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer) {
+    record(QStringLiteral("call"), QString::fromUtf8(name),
+           {{QStringLiteral("args"), args}, {QStringLiteral("answer"), answer}});
+}
+
+}  // namespace workbench

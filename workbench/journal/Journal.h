@@ -1,0 +1,79 @@
+/// The ordered record of everything that crosses the boundary between module and host.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QObject>
+#include <QVector>
+#include <utility>
+
+#include "workbench/hostlibs/common/WorkbenchApi.h"
+
+namespace workbench {
+
+/// One process-wide journal. Each entry is one JSON object with seq, ms, kind and name, and with
+/// args, answer, event and result where its kind has them. Entries are kept in memory and, once a
+/// file is set, written line by line and flushed.
+class WORKBENCH_API Journal : public QObject {
+    Q_OBJECT
+  public:
+    static Journal& instance();
+
+    /// Writes every later entry to a file, which is emptied first. An empty path ends the writing.
+    /// @return false if the file cannot be opened for writing.
+    bool setFile(const QString& path);
+    const QVector<QJsonObject>& entries() const;
+    /// Forgets the entries; numbers start from 1 again. A file set before is kept and goes on.
+    void clear();
+    /// @return the entry as it stands in a file: one line of UTF-8 without its line end, the keys
+    /// in
+    ///         their fixed order.
+    static QByteArray line(const QJsonObject& entry);
+
+    /// Records an entry. @param fields what the kind has beside kind and name.
+    void record(const QString& kind, const QString& name, const QJsonObject& fields);
+    void signal(const QString& name, const QJsonArray& args);
+    void dialogOpened(const QString& className);
+    void dialogDone(const QString& className, int result);
+    void box(const QString& name, const QString& title, const QString& text,
+             const QStringList& buttons);
+    void exception(const QString& function, const QString& source, int line, const QString& text);
+    void project(const QString& file);
+
+    /// Records a host operation without an answer, then throws if the switches ask for it.
+    /// @param name the operation as declared, such as "SharedInterface::UseFunc".
+    void call(const char* name, const QJsonArray& args = {});
+
+    /// For operations that are recorded as something else than a call: throws, and then records
+    /// the call, if the switches ask for it.
+    void throwIfAsked(const char* name, const QJsonArray& args);
+
+    /// Records a host operation with its answer. An exception that the switches ask for is thrown
+    /// before `operation` runs; the entry then has no answer.
+    /// @param toJson turns the answer into JSON (lists of records: their count).
+    template <typename Operation, typename ToJson>
+    auto call(const char* name, const QJsonArray& args, Operation&& operation, ToJson&& toJson)
+        -> decltype(operation()) {
+        throwIfAsked(name, args);
+        decltype(auto) answer = std::forward<Operation>(operation)();
+        recordAnswer(name, args, std::forward<ToJson>(toJson)(answer));
+        return answer;
+    }
+
+  Q_SIGNALS:
+    void recorded(const QJsonObject& entry);
+    void cleared();
+
+  private:
+    Journal();
+    void recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer);
+
+    QVector<QJsonObject> list;
+    QElapsedTimer clock;
+    QFile file;
+    int lastSeq = 0;
+};
+
+}  // namespace workbench

@@ -1,0 +1,119 @@
+#include "workbench/projects/ProjectStore.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/projects/ProjectFile.h"
+#include "workbench/projects/creationRequest.h"
+#include "workbench/projects/fileKind.h"
+
+namespace workbench {
+
+namespace {
+
+/// @return the source as kept in a project file; an empty one with `error` set if it is gone.
+QJsonObject sourceOf(const QString& path, QString& error) {
+    QJsonObject source{{QStringLiteral("path"), path}};
+    if (isCloudPath(path) || QFileInfo(path).isDir()) return source;
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) {
+        error = QStringLiteral("源文件无法读取：") + QDir::toNativeSeparators(path);
+        return {};
+    }
+    source.insert(QStringLiteral("bytes"), file.size());
+    source.insert(QStringLiteral("sha256"), QString::fromLatin1(hash.result().toHex()));
+    return source;
+}
+
+/// @return a path in the project folder that no file has yet.
+QString freePath(const QString& folder, const CreationPlan& plan, const QDate& day) {
+    QString base = safeFileName(plan.title);
+    if (base.isEmpty()) base = QStringLiteral("新建工程");
+    for (int number = 1;; ++number) {
+        const QString path =
+            QStringLiteral("%1/%2-%3-%4.%5")
+                .arg(folder, base, day.toString(QStringLiteral("yyyyMMdd")),
+                     QString::number(number).rightJustified(3, QLatin1Char('0')), plan.suffix);
+        if (!QFileInfo::exists(path)) return path;
+    }
+}
+
+}  // namespace
+
+QString safeFileName(const QString& title) {
+    static const QString forbidden = QStringLiteral("/\\:*?\"<>|#");
+    constexpr int longest = 40;
+    QString name;
+    for (const uint c : title.simplified().toUcs4()) {
+        const QString character = QString::fromUcs4(&c, 1);
+        if (name.size() + character.size() > longest) break;
+        name +=
+            forbidden.contains(character) || !QChar::isPrint(c) ? QStringLiteral("_") : character;
+    }
+    while (name.startsWith(QLatin1Char('.'))) name.remove(0, 1);
+    return name.trimmed();
+}
+
+ProjectStore::ProjectStore(QObject* parent) : QObject(parent) {
+    Host::instance().setReceiver([this](int client, int code, const QVariant& payload) {
+        receiveMessage(client, code, payload);
+    });
+}
+
+ProjectStore::~ProjectStore() {
+    Host::instance().setReceiver(nullptr);
+}
+
+void ProjectStore::receiveMessage(int client, int code, const QVariant& payload) {
+    if (client == mainLogic) return;
+    create({QStringLiteral("SendMsgToPlugin"), client, code, payload});
+}
+
+void ProjectStore::createFromModel(int programType, int code, const QVariant& map) {
+    create({QStringLiteral("SignalCreatePro"), programType, code, map});
+}
+
+void ProjectStore::createFromTemplate(int programType, int code, const QString& path) {
+    create({QStringLiteral("SignalCreateMB"), programType, code, path});
+}
+
+void ProjectStore::create(const CreationRequest& request) {
+    const auto plan = planOf(request);
+    if (!plan) return;
+    QString error;
+    const QString path = writeProject(request, *plan, error);
+    if (path.isEmpty()) {
+        Q_EMIT failed(error);
+        return;
+    }
+    Journal::instance().project(path);
+    error = Host::instance().installation().addToHistory(QStringLiteral("bd##") + path);
+    if (!error.isEmpty()) Q_EMIT failed(QStringLiteral("历史记录无法保存：") + error);
+    Q_EMIT created(path);
+}
+
+QString ProjectStore::writeProject(const CreationRequest& request, const CreationPlan& plan,
+                                   QString& error) {
+    ProjectFile project;
+    if (!plan.source.isEmpty()) {
+        project.source = sourceOf(plan.source, error);
+        if (project.source.isEmpty()) return {};
+    }
+    const QString folder = Host::instance().installation().projectFolder();
+    if (!QDir().mkpath(folder)) {
+        error = QStringLiteral("工程文件夹无法创建：") + QDir::toNativeSeparators(folder);
+        return {};
+    }
+    project.programType = plan.programType;
+    project.created = QDateTime::currentDateTime();
+    project.request = toJson(request);
+    const QString path = freePath(folder, plan, project.created.date());
+    project.name = QFileInfo(path).completeBaseName();
+    return project.writeNew(path, error) ? path : QString();
+}
+
+}  // namespace workbench

@@ -1,0 +1,155 @@
+#include "workbench/projects/creationRequest.h"
+
+#include <QFileInfo>
+#include <QVector>
+
+#include "workbench/journal/toJson.h"
+#include "workbench/projects/fileKind.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr int budget = 4;
+constexpr int audit = 5;
+// Asked of plug-in 6, but the file's type is 2.
+constexpr int estimate = 2;
+constexpr int settlement = 8;
+constexpr int contracting = 16;
+constexpr int contractingAudit = 17;
+constexpr int ofClient = 0;  // the request's own program type
+
+/// One creation code: the file it makes and the keys of its payload.
+struct Creation {
+    int code;
+    int programType;
+    QString titleKey;   ///< Null: named after the source.
+    QString sourceKey;  ///< Null: none. Empty: the payload itself is the path.
+    bool needsSource;
+    QString words;  ///< For the user; %1 title, %2 name of the source.
+};
+
+const QVector<Creation>& creations() {
+    const QString model = QStringLiteral("GcLx");
+    const QString file = QStringLiteral("GcLj");
+    static const QVector<Creation> table = {
+        {95,
+         ofClient,
+         QStringLiteral("m_strProjectType"),
+         {},
+         false,
+         QStringLiteral("按计价模式“%1”新建")},
+        {44, ofClient, {}, QStringLiteral(""), true, QStringLiteral("由模板工程“%2”新建")},
+        {100, budget, model, {}, false, QStringLiteral("按“%1”新建预算")},
+        {102, estimate, model, file, false, QStringLiteral("新建概算")},
+        {103, audit, {}, file, true, QStringLiteral("由工程文件“%2”新建审核")},
+        {104, settlement, model, file, false, QStringLiteral("新建结算")},
+        {105, contracting, model, {}, false, QStringLiteral("按“%1”新建总承包")},
+        {107, ofClient, {}, QStringLiteral("path"), true, QStringLiteral("由Excel“%2”导入")},
+        {108,
+         budget,
+         {},
+         QStringLiteral("dzb_file"),
+         true,
+         QStringLiteral("由电子招投标数据“%2”导入")},
+        {114,
+         contracting,
+         {},
+         QStringLiteral("pro_file"),
+         true,
+         QStringLiteral("由工程文件“%2”新建总承包")},
+    };
+    return table;
+}
+
+const Creation* creationOf(int code) {
+    for (const Creation& creation : creations()) {
+        if (creation.code == code) return &creation;
+    }
+    return nullptr;
+}
+
+QString textOf(const QVariant& payload, const QString& key) {
+    if (key.isNull()) return {};
+    return key.isEmpty() ? payload.toString() : payload.toMap().value(key).toString();
+}
+
+// A QJsonObject converts to a map only as a whole.
+QVariant asMap(const QVariant& payload) {
+    return payload.userType() == QMetaType::QJsonObject
+               ? QVariant(payload.toJsonObject().toVariantMap())
+               : payload;
+}
+
+int programTypeOf(const Creation& creation, int client) {
+    if (creation.programType == ofClient) return client;
+    if (creation.programType == audit && client == contracting) return contractingAudit;
+    return creation.programType;
+}
+
+/// An audit keeps the family of what it audits: the suffix of the source's kind behind an "S".
+QString suffixOf(int programType, const QString& source) {
+    if (programType != audit) return suffixOfProgramType(programType);
+    const QString audited = suffixOfProgramType(programTypeOfFile(source));
+    if (audited.isEmpty()) return suffixOfProgramType(audit);
+    return audited.startsWith(QLatin1Char('S')) ? audited : QLatin1Char('S') + audited;
+}
+
+QString nameOf(const QString& path) {
+    return QFileInfo(path).completeBaseName();
+}
+
+}  // namespace
+
+std::optional<CreationPlan> planOf(const CreationRequest& request) {
+    const Creation* creation = creationOf(request.code);
+    if (!creation) return std::nullopt;
+    const QVariant payload = asMap(request.payload);
+    CreationPlan plan;
+    plan.source = textOf(payload, creation->sourceKey);
+    if (creation->needsSource && plan.source.isEmpty()) return std::nullopt;
+    plan.programType = programTypeOf(*creation, request.client);
+    plan.suffix = suffixOf(plan.programType, plan.source);
+    if (plan.suffix.isEmpty()) return std::nullopt;
+    plan.title = textOf(payload, creation->titleKey);
+    if (plan.title.isEmpty()) plan.title = nameOf(plan.source);
+    return plan;
+}
+
+QJsonObject toJson(const CreationRequest& request) {
+    return {{QStringLiteral("channel"), request.channel},
+            {QStringLiteral("client"), request.client},
+            {QStringLiteral("code"), request.code},
+            {QStringLiteral("payload"), toJson(request.payload)}};
+}
+
+QString summaryOf(const QJsonObject& request, const QJsonObject& source) {
+    const Creation* creation = creationOf(request.value(QLatin1String("code")).toInt());
+    if (!creation) return QStringLiteral("来源未知");
+    const QVariant payload = request.value(QLatin1String("payload")).toVariant();
+    const QString title = textOf(payload, creation->titleKey);
+    const QString sourceName = QFileInfo(source.value(QLatin1String("path")).toString()).fileName();
+    QString words = creation->words;
+    words.replace(QLatin1String("%1"), title);
+    words.replace(QLatin1String("%2"), sourceName);
+    const QVariantMap map = payload.toMap();
+    const auto add = [&](const QString& label, const QString& text) {
+        if (!text.isEmpty()) words += QStringLiteral("，") + label + text;
+    };
+    if (creation->titleKey.isNull() || !creation->words.contains(QLatin1String("%1"))) {
+        add(QStringLiteral("模板："), title);
+    }
+    if (creation->sourceKey.size() > 0 && !creation->needsSource) {
+        add(QStringLiteral("源文件："), sourceName);
+    }
+    add(QStringLiteral("概算模板："), map.value(QStringLiteral("GsMb")).toString());
+    add(QStringLiteral("结算模板："), map.value(QStringLiteral("JsMb")).toString());
+    add(QStringLiteral("计价模式："), map.value(QStringLiteral("jjms")).toString());
+    if (map.contains(QStringLiteral("mJfms"))) {
+        const bool whole = map.value(QStringLiteral("mJfms")).toInt() == 1;
+        add({}, whole ? QStringLiteral("整体计费") : QStringLiteral("单独计费"));
+    }
+    return words;
+}
+
+}  // namespace workbench
