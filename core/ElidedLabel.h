@@ -12,6 +12,8 @@ class ElidedLabel : public zBaseLabel {
   public:
     /// @param mode where the dots stand: at the right for sentences, in the middle for paths.
     ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent);
+    /// @return the text's size where the size policy is Fixed, else the height of a line alone.
+    QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:

@@ -70,6 +70,7 @@ void xzGcLxDialog::InitUI() {
         for (zBaseButton* choice : {BtnYs, BtnZcb, BtnGs, BtnQx}) {
             // The hidden one keeps its own width.
             if (choice != BtnGs) choice->setMinimumWidth(scaled(200));
+            choice->setMinimumHeight(scaled(32));
             buttons->addWidget(choice, 0, Qt::AlignHCenter);
         }
 

@@ -23,8 +23,8 @@ constexpr int cardText = 2;
 constexpr int newButton = 88;
 constexpr int splitPart = 18;
 
-constexpr double lineFontSize = 12.0;   // design pixels
-constexpr int descriptionMargin = 50;   // pixels that the elided description leaves free, unscaled
+constexpr double lineFontSize = 12.0;  // design pixels
+constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
 
 /// Makes the record known to queued connections and QVariant, under its full name and its alias.
 int registeredType() {
@@ -140,8 +140,11 @@ void ProModelItemForm::UpdateDataDisplay() {
 void ProModelItemForm::UpdateDescriptionText() {
     guarded(source, "ProModelItemForm::UpdateDescriptionText", [this] {
         if (!ui) return;
-        ui->lblDescription->setText(ui->lblDescription->fontMetrics().elidedText(
-            descriptionText, Qt::ElideRight, width() - descriptionMargin));
+        const int room = width() - descriptionMargin;
+        if (room == elidedTo && !ui->lblDescription->text().isEmpty()) return;
+        elidedTo = room;
+        ui->lblDescription->setText(
+            ui->lblDescription->fontMetrics().elidedText(descriptionText, Qt::ElideRight, room));
         ui->lblDescription->setToolTip(descriptionText);
     });
 }

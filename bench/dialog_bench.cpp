@@ -1,0 +1,159 @@
+/// Opening the new-project dialog: constructing it and its first paint, for 30, 300 and 3,000
+/// pricing models, beside a floor that builds the same labels and buttons from plain Qt widgets in
+/// a plain list.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "dialog/NewProCfgDialog.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
+
+namespace {
+
+using ProjectSettingSpace::ProTaxTemplateInfo;
+
+TaxTemplateInfo model(int number) {
+    TaxTemplateInfo info;
+    info.name = QStringLiteral("清单计价【国标2013规范，四川2020定额】第%1号").arg(number);
+    info.key = QStringLiteral("key-%1").arg(number);
+    info.description = QStringLiteral(
+        "适用于按国家标准《建设工程工程量清单计价规范》编制的房屋建筑与装饰工程，税率按现行规定执行"
+        "，"
+        "安全文明施工费按规定计取，其他项目费按招标文件约定执行。");
+    info.basis = QStringList{QStringLiteral("GB50500-2013"), QStringLiteral("四川省2020定额")};
+    return info;
+}
+
+void useModels(int count) {
+    ProTaxTemplateInfo entry;
+    for (int i = 0; i < count; ++i) entry.models << model(i);
+    workbench::Installation& installation = workbench::Host::instance().installation();
+    installation.models.clear();
+    installation.pricing.clear();
+    installation.models[QStringLiteral("Kvys")] << entry;
+}
+
+void paint(QWidget& window) {
+    window.show();
+    QCoreApplication::processEvents();
+    window.repaint();
+}
+
+void openDialog(benchmark::State& state) {
+    useModels(int(state.range(0)));
+    for (auto _ : state) {
+        auto dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
+        paint(*dialog);
+        state.PauseTiming();
+        dialog.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        workbench::Journal::instance().clear();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+QWidget* plainCard(const TaxTemplateInfo& info) {
+    auto* card = new QWidget;
+    auto* column = new QVBoxLayout(card);
+    auto* title = new QHBoxLayout;
+    auto* name = new QLabel(info.name);
+    QFont font = name->font();
+    font.setBold(true);
+    name->setFont(font);
+    title->addWidget(name, 1);
+    auto* create = new QPushButton(QStringLiteral("新建"));
+    create->setFixedWidth(50);
+    create->setCursor(Qt::PointingHandCursor);
+    title->addWidget(create);
+    column->addLayout(title);
+    font.setBold(false);
+    font.setPixelSize(12);
+    auto* source = new QLabel(QStringLiteral("依据：") + info.basis.join(QStringLiteral("；")));
+    source->setFont(font);
+    source->setToolTip(source->text());
+    column->addWidget(source);
+    auto* description = new QLabel;
+    description->setFont(font);
+    description->setText(description->fontMetrics().elidedText(
+        QStringLiteral("说明：") + info.description, Qt::ElideRight, 790));
+    description->setToolTip(info.description);
+    column->addWidget(description);
+    return card;
+}
+
+/// The labels, buttons and fields that the dialog has beside the cards, in plain rows.
+void addPlainRest(QVBoxLayout* column) {
+    auto* row = new QHBoxLayout;
+    for (const QString& text :
+         {QStringLiteral("预算工程"), QStringLiteral("审核工程"), QStringLiteral("导入Excel新建"),
+          QStringLiteral("导入YFJZ新建"), QStringLiteral("一般计税"), QStringLiteral("简易计税"),
+          QStringLiteral("营业税"), QStringLiteral("模板工程"), QStringLiteral("预算工程"),
+          QStringLiteral("导入CJZ新建"), QStringLiteral("关闭")}) {
+        row->addWidget(new QPushButton(text));
+    }
+    column->addLayout(row);
+    column->addWidget(new QLabel);
+    for (const QString& text : {QStringLiteral("新建审核"), QStringLiteral("新建总承包")}) {
+        auto* page = new QWidget;
+        auto* fields = new QHBoxLayout(page);
+        fields->addWidget(new QLabel(QStringLiteral("工程文件")));
+        auto* combo = new QComboBox;
+        combo->setEditable(true);
+        fields->addWidget(combo);
+        fields->addWidget(new QPushButton(QStringLiteral("浏览")));
+        fields->addWidget(new QPushButton(text));
+        page->hide();
+        column->addWidget(page);
+    }
+}
+
+void plainList(benchmark::State& state) {
+    useModels(int(state.range(0)));
+    for (auto _ : state) {
+        auto dialog = std::make_unique<QDialog>();
+        dialog->setFixedSize(880, 750);
+        auto* list = new QListWidget;
+        auto* column = new QVBoxLayout(dialog.get());
+        addPlainRest(column);
+        column->addWidget(list);
+        const auto models = workbench::Host::instance().installation().models;
+        for (const ProTaxTemplateInfo& entry : models[QStringLiteral("Kvys")]) {
+            for (const TaxTemplateInfo& info : entry.models) {
+                auto* item = new QListWidgetItem;
+                item->setData(Qt::SizeHintRole, QSize(-1, 80));
+                list->addItem(item);
+                list->setItemWidget(item, plainCard(info));
+            }
+        }
+        paint(*dialog);
+        state.PauseTiming();
+        dialog.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+BENCHMARK(plainList)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
+BENCHMARK(openDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    workbench::applySkin();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,0 +1,88 @@
+#include "files/historyLists.h"
+
+#include <QSet>
+#include <QVector>
+#include <vector>
+
+#include "SharedInterface.h"
+#include "files/historyEntry.h"
+
+namespace newpro {
+
+namespace {
+
+/// What a page takes from the history.
+struct Filter {
+    bool HistoryFlags::*flag;
+    FilePage FilePages::*page;
+    QStringList accepted;  ///< Suffixes; empty: every entry.
+};
+
+const QVector<Filter>& filters() {
+    static const QStringList projects = {QStringLiteral("SGCFX"), QStringLiteral("SGCF"),
+                                         QStringLiteral("GCFX"), QStringLiteral("GCF")};
+    static const QVector<Filter> table = {
+        {&HistoryFlags::audit, &FilePages::audit, {}},
+        {&HistoryFlags::contracting, &FilePages::contracting, {QStringLiteral("GCFX")}},
+        {&HistoryFlags::settlement, &FilePages::settlement, projects},
+        {&HistoryFlags::estimate, &FilePages::estimate, projects},
+    };
+    return table;
+}
+
+/// A box to refill, and what it will hold.
+struct Box {
+    zBaseCombox* combo;
+    const QStringList& accepted;
+    QStringList paths;
+    QString text;  ///< What stood in it.
+
+    bool accepts(const QString& suffix) const {
+        return accepted.isEmpty() || accepted.contains(suffix);
+    }
+};
+
+std::vector<Box> boxesOf(const FilePages& pages, HistoryFlags flags) {
+    std::vector<Box> boxes;
+    for (const Filter& filter : filters()) {
+        zBaseCombox* combo = (pages.*filter.page).fileCombo;
+        if (!(flags.*filter.flag) || !combo) continue;
+        boxes.push_back({combo, filter.accepted, {}, {}});
+    }
+    return boxes;
+}
+
+/// Asks the host for the suffix of a local file.
+/// @param seen paths of the local files so far, in upper case. @return whether this one is new.
+bool addLocal(HistoryEntry& entry, QSet<QString>& seen) {
+    QString name, kind, detail;
+    SharedInterface::GetFileInfo(entry.path, name, kind, entry.suffix, detail);
+    const int known = seen.size();
+    seen.insert(entry.path.toUpper());
+    return seen.size() > known;
+}
+
+}  // namespace
+
+void refillHistory(const QStringList& history, const FilePages& pages, HistoryFlags flags) {
+    std::vector<Box> boxes = boxesOf(pages, flags);
+    QSet<QString> seen;
+    for (const QString& text : history) {
+        std::optional<HistoryEntry> entry = parseHistoryEntry(text);
+        if (!entry || (entry->isLocal() && !addLocal(*entry, seen))) continue;
+        for (Box& box : boxes) {
+            if (box.accepts(entry->suffix)) box.paths.append(entry->path);
+        }
+    }
+    for (Box& box : boxes) {
+        box.text = box.combo->currentText();
+        box.combo->clear();
+    }
+    for (const Box& box : boxes) {
+        // In one go: item by item, a long history would take many times as long.
+        box.combo->addItems(box.paths);
+        box.combo->setCurrentText(box.text);
+    }
+}
+
+}  // namespace newpro

@@ -1,0 +1,237 @@
+#include "import/importExcelSelFile.h"
+
+#include <QFileInfo>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QTreeWidget>
+#include <array>
+
+#include "SharedInterface.h"
+#include "core/guard.h"
+#include "core/scale.h"
+#include "fileDialog.h"
+
+namespace {
+
+using newpro::guarded;
+using newpro::guardedOr;
+using newpro::scaled;
+
+const char source[] = "importExcelSelFile";
+
+const int oneWorkbook = 0;
+const int folderOfWorkbooks = 1;
+
+const int localFoldersOnly = 0;
+const int informationIcon = 1;
+
+const int nameRole = Qt::UserRole;
+const int pathRole = Qt::UserRole + 2;
+
+const QLatin1String budgetType("Kvys");
+const QLatin1String contractingType("Kvzcb");
+
+/// Icons of the pricing models by tax mode, in the order in which the modes are listed.
+const std::array<QLatin1String, 3> taxModeIcons = {QLatin1String(":/Image/Home/XiaLaZeng.svg"),
+                                                   QLatin1String(":/Image/Home/XiaLaJian.svg"),
+                                                   QLatin1String(":/Image/Home/XiaLaYing.svg")};
+const int businessTax = 2;
+
+void showBackground(zBaseWidget* tile, const QString& icon, bool fill) {
+    if (!tile) return;
+    tile->setBackgroundIcon(icon);
+    tile->setAutoFillBackground(fill);
+    tile->update();
+}
+
+void selectPath(QTreeWidget* tree, const QString& path) {
+    for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+        // Group rows have no path: an empty one must not select the first of them.
+        const QString itemPath = (*it)->data(0, pathRole).toString();
+        if (!itemPath.isEmpty() && itemPath == path) {
+            tree->setCurrentItem(*it);
+            return;
+        }
+    }
+    tree->setCurrentItem(nullptr);
+}
+
+QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
+    const QFileInfo info(file);
+    auto* item = new QTreeWidgetItem(group, {info.completeBaseName()});
+    item->setData(0, nameRole, info.completeBaseName());
+    item->setData(0, pathRole, info.absoluteFilePath());
+    return item;
+}
+
+}  // namespace
+
+importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
+    guarded(source, "importExcelSelFile::importExcelSelFile", [this] {
+        // Opened and never closed: the dialog that comes before this one closes the mode.
+        InterfaceAdaptation::getInstance()->openMaxDialogMode(580, 420);
+        resize(scaled(580), scaled(420));
+        SetCaption(QStringLiteral("导入Excel新建"));
+        setWindowFlags(windowFlags() | Qt::Dialog | Qt::WindowCloseButtonHint);
+        createUI(this);
+        m_bYsSelected = true;
+        updateModeSelection(budgetType);
+    });
+}
+
+importExcelSelFile::~importExcelSelFile() = default;
+
+bool importExcelSelFile::eventFilter(QObject* watched, QEvent* event) {
+    return guardedOr(source, "importExcelSelFile::eventFilter", false, [&] {
+        for (zBaseWidget* tile : {m_pYsTile, m_pZcbTile}) {
+            if (tile && tile == watched && handleTileEvent(tile, event)) return true;
+        }
+        return RoundedDialog::eventFilter(watched, event);
+    });
+}
+
+/// @return whether the event is done with; the others are the base class's.
+bool importExcelSelFile::handleTileEvent(zBaseWidget* tile, const QEvent* event) {
+    const bool budgetTile = tile == m_pYsTile;
+    const bool selected = budgetTile == m_bYsSelected;
+    switch (event->type()) {
+        case QEvent::Enter:
+            if (!selected) showBackground(tile, QStringLiteral(":/Image/Home/unselect.svg"), true);
+            return true;
+        case QEvent::Leave:
+            if (!selected) showBackground(tile, QString(), false);
+            return true;
+        case QEvent::MouseButtonRelease:
+            if (static_cast<const QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
+            if (!selected) {
+                m_bYsSelected = budgetTile;
+                updateModeSelection(budgetTile ? budgetType : contractingType);
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+void importExcelSelFile::updateModeSelection(const QString& appType) {
+    guarded(source, "importExcelSelFile::updateModeSelection", [&] {
+        const QString selected = QStringLiteral(":/Image/Home/select.svg");
+        showBackground(m_pYsTile, m_bYsSelected ? selected : QString(), true);
+        showBackground(m_pZcbTile, m_bYsSelected ? QString() : selected, true);
+        loadJjms(appType);
+    });
+}
+
+void importExcelSelFile::loadJjms(const QString& appType) {
+    guarded(source, "importExcelSelFile::loadJjms", [&] {
+        ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
+        if (!m_pJjmsCombo || !settings) return;
+        m_strAppGc = appType;
+        m_pJjmsCombo->clear();
+
+        // The empty tax mode is deliberate: this list asks for the models of all of them.
+        const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
+            settings->GetProTaxTemplateInfoList(appType, QStringLiteral(""));
+        for (int mode = 0; mode < int(taxModeIcons.size()); ++mode) {
+            if (mode == businessTax && appType == contractingType) continue;
+            for (const auto& entry : entries) {
+                if (entry.taxMode != mode) continue;
+                for (const TaxTemplateInfo& model : entry.models) {
+                    m_pJjmsCombo->addItemState(taxModeIcons[size_t(mode)], model.flag != 0,
+                                               model.name, QVariant::fromValue(model));
+                }
+            }
+        }
+        if (m_pJjmsCombo->count() > 0) m_pJjmsCombo->setCurrentIndex(0);
+    });
+}
+
+void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget* tree) {
+    guarded(source, "importExcelSelFile::setTemplateChooser", [&] {
+        m_pGcmbPopup = popup;
+        m_pGcmbTree = tree;
+        if (!tree) return;
+        connect(tree, &QTreeWidget::itemClicked, this, &importExcelSelFile::slotGcmbTreeItemClicked,
+                Qt::UniqueConnection);
+    });
+}
+
+void importExcelSelFile::loadGcmb(const QString& selectedPath) {
+    guarded(source, "importExcelSelFile::loadGcmb", [&] {
+        if (!m_pGcmbPopup || !m_pGcmbTree) return;
+        m_pGcmbTree->clear();
+        m_pGcmbPopup->setDisplayText(QString());
+        ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
+        if (!settings) return;
+        const auto groups = settings->getJiLinMoBanList();
+        const QString folder = SharedInterface::GetAppPath() + QLatin1Char('/');
+        for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
+            auto* groupItem = new QTreeWidgetItem(m_pGcmbTree, {group.key()});
+            for (const JLTaxTemplateInfo& record : group.value()) {
+                QTreeWidgetItem* item = addTemplate(groupItem, folder + record.file);
+                if (item->data(0, pathRole).toString() != selectedPath) continue;
+                m_pGcmbTree->setCurrentItem(item);
+                m_pGcmbPopup->setDisplayText(item->data(0, nameRole).toString());
+                m_strGcmb = selectedPath;
+            }
+        }
+        m_pGcmbTree->expandAll();
+    });
+}
+
+void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*column*/) {
+    guarded(source, "importExcelSelFile::slotGcmbTreeItemClicked", [&] {
+        if (!item || !m_pGcmbPopup || !m_pGcmbTree) return;
+        const QString path = item->data(0, pathRole).toString();
+        if (!path.isEmpty()) {
+            m_strGcmb = path;
+            m_pGcmbPopup->setDisplayText(item->data(0, nameRole).toString());
+            m_pGcmbPopup->hideDropDownPopup();
+            return;
+        }
+        const QPointer<QWidget> self(this);
+        showInforByOneBtn(QStringLiteral("请选择工程模板！"), this, informationIcon);
+        if (self) selectPath(m_pGcmbTree, m_strGcmb);
+    });
+}
+
+void importExcelSelFile::slotClickedSelExcelFile() {
+    guarded(source, "importExcelSelFile::slotClickedSelExcelFile", [this] {
+        const QPointer<QWidget> self(this);
+        QString folder = zFileDialog::getCurrentPath();
+        if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
+        QStringList filter{QStringLiteral("Excel文件"), QStringLiteral("xls"),
+                           QStringLiteral("xlsx")};
+        const QString path = zFileDialog::getOpenFileName(this, folder, &filter, localFoldersOnly,
+                                                          QStringLiteral("选择Excel文件"), true,
+                                                          QString(), true, OpenFile);
+        if (!self || path.isEmpty()) return;
+        const bool opened = LibXLExcel::Open(path) != nullptr;
+        if (opened) {
+            acceptSource(oneWorkbook, path);
+            return;
+        }
+        showInforByOneBtn(QStringLiteral("文件打开失败！\r\n①请检查excel文件是否被占用\r\n"
+                                         "②请检查是否为正确的excel文件\r\n完成上述操作后重新打开。"
+                                         "如果仍然提示该错误，请联系开发商协助解决问题"),
+                          this, informationIcon);
+    });
+}
+
+void importExcelSelFile::slotClickedSelExcelDir() {
+    guarded(source, "importExcelSelFile::slotClickedSelExcelDir", [this] {
+        const QPointer<QWidget> self(this);
+        QStringList noFilter;
+        const QString path = zFileDialog::getOpenFileName(
+            this, zFileDialog::getCurrentPath(), &noFilter, localFoldersOnly,
+            QStringLiteral("打开文件夹"), true, QString(), true, OpenFolder);
+        if (self && !path.isEmpty()) acceptSource(folderOfWorkbooks, path);
+    });
+}
+
+void importExcelSelFile::acceptSource(int importType, const QString& path) {
+    m_nImportType = importType;
+    m_strPath = path;
+    m_strJjms = m_pJjmsCombo ? m_pJjmsCombo->currentText() : QString();
+    accept();
+}

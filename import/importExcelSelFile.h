@@ -1,0 +1,65 @@
+/// The dialog that asks what to import from Excel.
+#pragma once
+
+#include <QString>
+
+#include "newProDialog_export.h"
+#include "zControl.h"
+
+class QLayout;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+/// Modal dialog: the user picks project type and pricing model, then one workbook or a folder of
+/// workbooks. It imports nothing; after acceptance the getters tell the choice.
+class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
+    Q_OBJECT
+  public:
+    explicit importExcelSelFile(QWidget* parent);
+    ~importExcelSelFile() override;
+
+    /// @return "Kvys" or "Kvzcb"; empty where the host has no configuration.
+    const QString& GetAppGc() const { return m_strAppGc; }
+    /// @return 0 one workbook, 1 a folder of workbooks, -1 nothing chosen.
+    const int& GetImportType() const { return m_nImportType; }
+    /// @return the chosen workbook or folder.
+    const QString& GetPath() const { return m_strPath; }
+    /// @return the pricing model's text when the source was chosen; empty without models.
+    const QString& GetJjms() const { return m_strJjms; }
+    /// @return absolute path of the project template; empty as the dialog is laid out now.
+    const QString& GetGcmb() const { return m_strGcmb; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    Q_INVOKABLE void createUI(QWidget* parent);
+    Q_INVOKABLE zBaseWidget* createImageTextLabel(const QString& iconPath, const QString& text);
+    Q_INVOKABLE void loadJjms(const QString& appType);
+    Q_INVOKABLE void loadGcmb(const QString& selectedPath);
+    Q_INVOKABLE void updateModeSelection(const QString& appType);
+    /// Takes the template chooser of a layout that has one; both widgets stay the layout's.
+    Q_INVOKABLE void setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget* tree);
+
+    Q_SLOT void slotClickedSelExcelFile();
+    Q_SLOT void slotClickedSelExcelDir();
+    Q_SLOT void slotGcmbTreeItemClicked(QTreeWidgetItem* item, int column);
+
+    QLayout* createTypeSection(const QFont& font);
+    QLayout* createSourceSection(const QFont& font);
+    bool handleTileEvent(zBaseWidget* tile, const QEvent* event);
+    void acceptSource(int importType, const QString& path);
+
+    QString m_strAppGc;
+    int m_nImportType = -1;
+    QString m_strPath;
+    QString m_strJjms;
+    QString m_strGcmb;
+    zBaseCombox* m_pJjmsCombo = nullptr;
+    zBaseComboxPopup* m_pGcmbPopup = nullptr;
+    QTreeWidget* m_pGcmbTree = nullptr;
+    zBaseButton* m_pBtnSelFile = nullptr;
+    zBaseButton* m_pBtnSelDir = nullptr;
+    zBaseWidget* m_pYsTile = nullptr;
+    zBaseWidget* m_pZcbTile = nullptr;
+    bool m_bYsSelected = true;
+};

@@ -1,0 +1,88 @@
+#include "import/importFlows.h"
+
+#include <QPointer>
+#include <QScopeGuard>
+#include <optional>
+
+#include "SharedInterface.h"
+#include "core/creationDialog.h"
+#include "core/firstPage.h"
+#include "core/hostMessages.h"
+#include "fileDialog.h"
+#include "import/importExcelSelFile.h"
+
+namespace newpro {
+
+namespace {
+
+const int importExcelFunction = 11118;
+/// Place of the import in the function log, and its mark there.
+const int importLogColumn = 2;
+/// The tendering data may lie on a cloud disk as well.
+const int localAndCloudDisks = 2;
+
+/// @return the user's choice; nothing when the selection dialog was not accepted.
+std::optional<ExcelChoice> chooseExcelSource() {
+    // It goes with its parent if the main window is destroyed while it is open.
+    const QPointer<importExcelSelFile> selection(
+        new importExcelSelFile(Communication::GetInstance()->GetMainWindow()));
+    const auto cleanup = qScopeGuard([&] { delete selection.data(); });
+    const bool accepted = selection->ShowModal() == 0;
+    if (!accepted || !selection) return std::nullopt;
+    return ExcelChoice{selection->GetAppGc(), selection->GetImportType(), selection->GetPath(),
+                       selection->GetJjms(), selection->GetGcmb()};
+}
+
+/// Lets the user choose a tendering-data file. @return its path; empty when cancelled.
+QString chooseTenderFile(QWidget* window) {
+    QStringList filter{QStringLiteral("云南省电子招投标数据标准"), QStringLiteral("YFJZ"),
+                       QStringLiteral("YFJT")};
+    QString folder = zFileDialog::getCurrentPath();
+    if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
+    return zFileDialog::getOpenFileName(window, folder, &filter, localAndCloudDisks, QString(),
+                                        true, QString(), true, OpenFile);
+}
+
+/// Forgets the file dialog's last cloud choice. The host relies on this order.
+void resetCloudState(const QString& chosenPath) {
+    zFileDialog::SetFilePath(QString());
+    zFileDialog::userName.clear();
+    zFileDialog::yunpanFile.clear();
+    zFileDialog::userId.clear();
+    zFileDialog::SetFilePid(QString());
+    zFileDialog::SetQyid(QString());
+    zFileDialog::TbServerMsg(chosenPath);
+}
+
+/// Sends the message, after the plug-in's load request where it is not loaded.
+void sendLoaded(AppPluginManager* plugins, const PluginMessage& message) {
+    if (plugins && !plugins->isLoaded(message.client)) plugins->load(message.client);
+    message.send();
+}
+
+}  // namespace
+
+void importExcel(CreationDialog& dialog) {
+    // The dialog may be gone as soon as it is accepted; the manager is the host's.
+    AppPluginManager* const plugins = dialog.pluginManager();
+    dialog.acceptDialog();
+    if (!hostIsReady()) return;
+    SharedInterface::UseFunc(importExcelFunction, QStringLiteral(""));
+    const std::optional<ExcelChoice> choice = chooseExcelSource();
+    if (choice) sendLoaded(plugins, excelMessage(*choice));
+}
+
+void importTender(CreationDialog& dialog) {
+    AppPluginManager* const plugins = dialog.pluginManager();
+    const QPointer<QWidget> window(dialog.widget()->window());
+    dialog.acceptDialog();
+    if (!hostIsReady()) return;
+    const QString file = chooseTenderFile(window);
+    resetCloudState(file);
+    if (file.isEmpty()) return;
+    SharedInterface::ReplaceFunLog(GNSJ_XJGC, importLogColumn, QStringLiteral("d"));
+    if (plugins) plugins->notify(QString(), BudgetProgram);
+    sendLoaded(plugins, tenderMessage(file));
+}
+
+}  // namespace newpro

@@ -1,0 +1,78 @@
+#include "import/templateProjects.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QListWidget>
+#include <QPointer>
+
+#include "SharedInterface.h"
+#include "core/creationDialog.h"
+#include "core/firstPage.h"
+#include "core/guard.h"
+#include "core/hostMessages.h"
+#include "core/listItemPool.h"
+#include "core/scale.h"
+#include "import/TemplateProListItem.h"
+
+namespace newpro {
+
+namespace {
+
+QFileInfoList templateFiles(const QString& folder) {
+    // Name filters ignore case, so that "a.modx" has a card though the template tree skips it.
+    return QDir(folder).entryInfoList({QLatin1Char('*') + TemplateProProfix},
+                                      QDir::Files | QDir::NoSymLinks | QDir::Hidden,
+                                      QDir::Time | QDir::Reversed);
+}
+
+void emitCreate(CreationDialog& dialog, const QPointer<QWidget>& alive, const QString& path) {
+    if (!alive) return;
+    int programType = UnknownProgram;
+    if (dialog.programTypeOfAppType(programType)) dialog.emitCreateMB(programType, path);
+}
+
+}  // namespace
+
+QString templateFolder(const QString& appTypeKey) {
+    return SharedInterface::GetAppPath() + QStringLiteral("/MBSC/") + appTypeKey;
+}
+
+int fillTemplateList(QListWidget* list, const QString& appTypeKey, ListItemPool& items,
+                     const std::function<void(const QString& path)>& onCreate) {
+    const QFileInfoList files = templateFiles(templateFolder(appTypeKey));
+    for (const QFileInfo& file : files) {
+        auto* card = new TemplateProListItem(file.absoluteFilePath());
+        QObject::connect(card, &TemplateProListItem::signalCreateProByTemaplte, list,
+                         [onCreate](const QString& path) {
+                             guarded("NewProCfgDialog", "NewProCfgDialog::LoadTemplateProInfo",
+                                     // A copy: the list, and with it this connection, may go.
+                                     [create = onCreate, path] { create(path); });
+                         });
+        QListWidgetItem* row = items.take().release();
+        // setSizeHint() would take a size with the default width for no size at all.
+        row->setData(Qt::SizeHintRole, QSize(-1, scaled(80.0)));
+        list->insertItem(list->count(), row);
+        list->setItemWidget(row, card);
+    }
+    return files.size();
+}
+
+void createFromTemplateCard(CreationDialog& dialog, const QString& path) {
+    if (path.isEmpty()) return;
+    const QPointer<QWidget> alive(dialog.widget());
+    dialog.acceptDialog();
+    if (!hostIsReady()) return;
+    sendTemplateMessage(path);
+    emitCreate(dialog, alive, path);
+}
+
+void createFromTemplateTree(CreationDialog& dialog, const QString& path) {
+    if (path.isEmpty()) return;
+    const QPointer<QWidget> alive(dialog.widget());
+    if (!hostIsReady()) return;
+    if (alive) dialog.acceptDialog();
+    // No message to the main logic on this way, unlike the card's: the signal alone.
+    emitCreate(dialog, alive, path);
+}
+
+}  // namespace newpro

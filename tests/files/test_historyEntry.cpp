@@ -1,0 +1,146 @@
+#include "files/historyEntry.h"
+
+#include "tests/files/properties.h"
+#include "tests/support/TestSupport.h"
+
+namespace {
+
+using newpro::HistoryEntry;
+using newpro::HistoryLayout;
+using newpro::parseHistoryEntry;
+
+const QString unit = QString(QChar(0x1F));
+const QString hashes = QStringLiteral("##");
+
+/// @return a record of `count` fields, `first` the first and the others numbered.
+QString record(const QString& first, int count, const QString& separator) {
+    QStringList fields{first};
+    for (int i = 1; i < count; ++i) fields.append(QString::number(i));
+    return fields.join(separator);
+}
+
+QString text(const char* utf8) {
+    return QString::fromUtf8(utf8);
+}
+
+TEST(HistoryEntryParser, EveryLayoutIsRecognised) {
+    const QString path = text("/工程/a##b.gcfx");
+    const struct {
+        const char* name;
+        QString entry;
+        HistoryLayout layout;
+        QString path;
+        QString suffix;
+    } rows[] = {
+        {"7 fields",
+         record(text("/a/b.GCFX"), 7, hashes),
+         HistoryLayout::LocalRecord,
+         text("/a/b.GCFX"),
+         {}},
+        {"15 hash fields", record(text("企业云盘/b.gcfx"), 15, hashes), HistoryLayout::CloudRecord,
+         text("企业云盘/b.gcfx"), text("GCFX")},
+        {"15 unit fields, hashes in the path", record(path, 15, unit), HistoryLayout::CloudRecord,
+         path, text("GCFX")},
+        {"marked local", text("bd##/a/b"), HistoryLayout::MarkedLocal, text("/a/b"), {}},
+        {"marked cloud", text("yp##x.y.GCF"), HistoryLayout::MarkedCloud, text("x.y.GCF"),
+         text("GCF")},
+        {"marked local, 9 unit fields",
+         text("bd") + unit + record(text("/a"), 8, unit),
+         HistoryLayout::MarkedLocal,
+         text("/a"),
+         {}},
+        {"marked cloud, 3 fields", text("yp##/a.b##c"), HistoryLayout::MarkedCloud, text("/a.b"),
+         text("B")},
+        {"7 fields named bd: a path all the same",
+         record(text("bd"), 7, hashes),
+         HistoryLayout::LocalRecord,
+         text("bd"),
+         {}},
+        {"15 fields named yp.x: a path all the same", record(text("yp.x"), 15, hashes),
+         HistoryLayout::CloudRecord, text("yp.x"), text("X")},
+        {"a dot at the end does not count", text("yp##a.gcf."), HistoryLayout::MarkedCloud,
+         text("a.gcf."), text("GCF")},
+        {"blanks belong to the path",
+         text("bd## /a "),
+         HistoryLayout::MarkedLocal,
+         text(" /a "),
+         {}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::optional<HistoryEntry> entry = parseHistoryEntry(row.entry);
+        ASSERT_TRUE(entry);
+        EXPECT_EQ(entry->layout, row.layout);
+        EXPECT_EQ(entry->path, row.path);
+        EXPECT_EQ(entry->suffix, row.suffix);
+    }
+}
+
+TEST(HistoryEntryParser, EverythingElseIsSkipped) {
+    const QString rows[] = {
+        QString(),
+        text("/a/b.GCFX"),
+        text("BD##/a/b.GCFX"),
+        text(" bd##/a/b.GCFX"),
+        text("bd"),
+        text("bd##"),
+        text("yp"),
+        text("yp##"),
+        text("yp##none"),
+        text("yp##..."),
+        text("bd") + unit + text("/a/b.GCFX"),
+        record(text("/a/b.GCFX"), 6, hashes),
+        record(text("/a/b.GCFX"), 8, hashes),
+        record(text("/a/b.GCFX"), 7, unit),
+        record(text("/a/b.GCFX"), 9, unit),
+        record(text("none"), 15, unit),
+        record(QString(), 7, hashes),
+        record(QString(), 15, unit),
+    };
+    for (const QString& row : rows) {
+        EXPECT_FALSE(parseHistoryEntry(row)) << row.toStdString();
+    }
+}
+
+TEST(HistoryEntryParser, NineUnitFieldsDecideTheSeparator) {
+    EXPECT_EQ(newpro::historyFields(record(text("a##b"), 9, unit)).size(), 9);
+    EXPECT_EQ(newpro::historyFields(record(text("a##b"), 8, unit)).size(), 2);
+    EXPECT_EQ(newpro::historyFields(QString()).size(), 1);
+}
+
+RC_GTEST_PROP(HistoryEntryParser, IsTotalAndAnswersOnlyWhatStandsInTheText, ()) {
+    const QString text = *files_testing::anyText(QStringLiteral("##\x1f\x1f\x1f.bdyp"));
+    const std::optional<HistoryEntry> entry = parseHistoryEntry(text);
+    if (!entry) return;
+    const QStringList fields = newpro::historyFields(text);
+    const bool record =
+        entry->layout == HistoryLayout::LocalRecord || entry->layout == HistoryLayout::CloudRecord;
+    RC_ASSERT(!entry->path.isEmpty());
+    RC_ASSERT(fields.value(record ? 0 : 1) == entry->path);
+    RC_ASSERT(entry->suffix.isEmpty() == entry->isLocal());
+    RC_ASSERT(!entry->suffix.contains(QLatin1Char('.')));
+    RC_ASSERT(entry->suffix == entry->suffix.toUpper());
+}
+
+RC_GTEST_PROP(HistoryEntryParser, FindsEveryPathThatWasWritten, ()) {
+    const bool cloud = *rc::gen::arbitrary<bool>();
+    const bool marked = *rc::gen::arbitrary<bool>();
+    const bool units = *rc::gen::arbitrary<bool>();
+    QString path = *files_testing::anyText(QStringLiteral("/.#工程")) + QLatin1Char('x');
+    path.remove(QChar(0x1F));
+    if (!units) path.remove(QLatin1Char('#'));
+    if (cloud) path += QLatin1String(".Gcf");
+    const QString separator = units ? unit : hashes;
+    // A local record of 7 fields cannot be written with U+001F, which takes 9.
+    RC_PRE(cloud || marked || !units);
+    const QString entry = marked
+                              ? text(cloud ? "yp" : "bd") + separator + record(path, 8, separator)
+                              : record(path, cloud ? 15 : 7, separator);
+    const std::optional<HistoryEntry> read = parseHistoryEntry(entry);
+    RC_ASSERT(bool(read));
+    RC_ASSERT(read->path == path);
+    RC_ASSERT(read->isLocal() == !cloud);
+    RC_ASSERT(read->suffix == (cloud ? text("GCF") : QString()));
+}
+
+}  // namespace

@@ -1,0 +1,148 @@
+#include "files/templateScan.h"
+
+#include <QDir>
+#include <QTreeWidget>
+
+#include "tests/support/TestSupport.h"
+
+namespace {
+
+using testing_support::Lines;
+
+class TemplateScan : public testing::Test {
+  protected:
+    QString make(const char* relative) {
+        const QString file = folder.filePath(QString::fromUtf8(relative));
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+        QFile out(file);
+        EXPECT_TRUE(out.open(QIODevice::WriteOnly)) << relative;
+        return file;
+    }
+    void makeFolder(const char* relative) {
+        ASSERT_TRUE(QDir(folder.path()).mkpath(QString::fromUtf8(relative)));
+    }
+    void link(const QString& target, const char* relative) {
+        ASSERT_TRUE(QFile::link(target, folder.filePath(QString::fromUtf8(relative))));
+    }
+
+    /// @return the rows as they were made: "depth text" and, for a file, its path below the folder.
+    Lines scan(const QString& from = QString()) {
+        Lines rows;
+        const QString root = from.isNull() ? folder.path() : from;
+        newpro::scanTemplateFolder(
+            root, nullptr,
+            [&](const QString& text, QTreeWidgetItem* parent, bool isFile, const QString& data) {
+                auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(&tree);
+                int depth = 0;
+                for (; parent; parent = parent->parent()) ++depth;
+                std::string row = std::to_string(depth) + " " + text.toStdString();
+                if (isFile) row += " = " + data.mid(root.size()).toStdString();
+                EXPECT_EQ(isFile, !data.isEmpty());
+                EXPECT_TRUE(!isFile || data.startsWith(root));
+                rows.push_back(row);
+                return item;
+            });
+        return rows;
+    }
+
+    QTemporaryDir folder;
+    QTreeWidget tree;
+};
+
+TEST_F(TemplateScan, ListsUpperCaseTemplatesThenFoldersDepthFirst) {
+    for (const char* file : {"a.MODX", "b.txt", "c.modx", "x/d.MODX", "x/y/e.MODX", "w/f.MODX"}) {
+        make(file);
+    }
+    EXPECT_EQ(scan(), (Lines{"0 a.MODX = /a.MODX", "0 w", "1 f.MODX = /w/f.MODX", "0 x",
+                             "1 d.MODX = /x/d.MODX", "1 y", "2 e.MODX = /x/y/e.MODX"}));
+}
+
+TEST_F(TemplateScan, NamesAreSortedWithoutRegardToCase) {
+    for (const char* file : {"B.MODX", "a.MODX", "c.MODX"}) make(file);
+    for (const char* child : {"Z", "y"}) makeFolder(child);
+    EXPECT_EQ(scan(), (Lines{"0 a.MODX = /a.MODX", "0 B.MODX = /B.MODX", "0 c.MODX = /c.MODX",
+                             "0 y", "0 Z"}));
+}
+
+TEST_F(TemplateScan, AnEmptyFolderIsARowWithoutChildren) {
+    makeFolder("空");
+    EXPECT_EQ(scan(), Lines{"0 空"});
+}
+
+TEST_F(TemplateScan, HiddenEntriesAreLeftOut) {
+    for (const char* file : {".a.MODX", ".h/b.MODX"}) make(file);
+    EXPECT_EQ(scan(), Lines{});
+}
+
+TEST_F(TemplateScan, OnlyTheTextAfterTheLastDotCounts) {
+    for (const char* file : {"MODX", "a.MODX.bak", "b.c.MODX", "d.MODX "}) make(file);
+    makeFolder("e.MODX");
+    EXPECT_EQ(scan(), (Lines{"0 b.c.MODX = /b.c.MODX", "0 e.MODX"}));
+}
+
+TEST_F(TemplateScan, AMissingFolderAndAFileMakeNoRows) {
+    EXPECT_EQ(scan(folder.filePath(QStringLiteral("none"))), Lines{});
+    EXPECT_EQ(scan(make("a.MODX")), Lines{});
+    EXPECT_EQ(scan(QStringLiteral("")), Lines{});
+}
+
+TEST_F(TemplateScan, AnUnreadableFolderIsARowWithoutChildren) {
+    make("x/d.MODX");
+    const QString closed = folder.filePath(QStringLiteral("x"));
+    ASSERT_TRUE(QFile::setPermissions(closed, QFile::Permissions()));
+    const bool readable = QFileInfo(closed).isReadable();
+    const Lines rows = scan();
+    QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    if (readable) GTEST_SKIP() << "this user may read everything";
+    EXPECT_EQ(rows, Lines{"0 x"});
+}
+
+TEST_F(TemplateScan, NamesOfAnyCharactersComeThrough) {
+    const std::string names[] = {"单引'双\" .MODX", "😀.MODX", "a b  c.MODX",
+                                 std::string(250, 'n') + ".MODX"};
+    for (const std::string& name : names) {
+        make(name.c_str());
+        EXPECT_EQ(scan(), Lines{"0 " + name + " = /" + name});
+        ASSERT_TRUE(QFile::remove(folder.filePath(QString::fromStdString(name))));
+    }
+}
+
+TEST_F(TemplateScan, ALinkToAnotherFolderIsEntered) {
+    make("there/d.MODX");
+    makeFolder("here");
+    link(folder.filePath(QStringLiteral("there")), "here/link");
+    EXPECT_EQ(scan(folder.filePath(QStringLiteral("here"))),
+              (Lines{"0 link", "1 d.MODX = /link/d.MODX"}));
+}
+
+TEST_F(TemplateScan, ALinkBackToAnAncestorIsARowOnly) {
+    make("x/y/d.MODX");
+    link(folder.path(), "x/y/root");
+    link(folder.filePath(QStringLiteral("x")), "x/y/x");
+    link(folder.filePath(QStringLiteral("x/y")), "x/y/self");
+    link(QFileInfo(folder.path()).path(), "x/above");
+    EXPECT_EQ(scan(), (Lines{"0 x", "1 above", "1 y", "2 d.MODX = /x/y/d.MODX", "2 root", "2 self",
+                             "2 x"}));
+}
+
+TEST_F(TemplateScan, TwoFoldersThatLinkToEachOtherEnd) {
+    makeFolder("a");
+    makeFolder("b");
+    link(folder.filePath(QStringLiteral("b")), "a/toB");
+    link(folder.filePath(QStringLiteral("a")), "b/toA");
+    EXPECT_EQ(scan(), (Lines{"0 a", "1 toB", "2 toA", "0 b", "1 toA", "2 toB"}));
+}
+
+TEST_F(TemplateScan, AScanThroughALinkStillKnowsItsAncestors) {
+    makeFolder("real/x");
+    link(folder.filePath(QStringLiteral("real")), "alias");
+    link(folder.filePath(QStringLiteral("real")), "real/x/back");
+    EXPECT_EQ(scan(folder.filePath(QStringLiteral("alias"))), (Lines{"0 x", "1 back"}));
+}
+
+TEST_F(TemplateScan, ABrokenLinkIsNoFile) {
+    link(folder.filePath(QStringLiteral("none.MODX")), "a.MODX");
+    EXPECT_EQ(scan(), Lines{});
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+#include "import/importExcelSelFile.h"
+
+#include <QLabel>
+#include <QLayout>
+
+#include "tests/import/ExcelSelection.h"
+
+namespace {
+
+using namespace testing_support;
+
+TEST_F(ExcelSelection, scales_every_size) {
+    for (const double scale : {1.0, 1.5, 2.0}) {
+        SCOPED_TRACE(scale);
+        workbench::Host::instance().setScale(scale);
+        importExcelSelFile dialog(nullptr);
+        const auto px = [&](int design) { return qRound(design * scale); };
+        dialog.show();
+        settle();
+        EXPECT_EQ(dialog.size(), QSize(px(580), px(420)));
+        EXPECT_EQ(budget(dialog)->size(), QSize(px(140), px(36)));
+        EXPECT_EQ(budget(dialog)->sizePolicy(),
+                  QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed));
+        EXPECT_EQ(combo(dialog)->size(), QSize(px(490), px(32)));
+        EXPECT_EQ(combo(dialog)->parentWidget()->size(), QSize(px(540), px(62)));
+        EXPECT_EQ(dialog.layout()->contentsMargins(), QMargins(px(25), px(20), px(25), px(25)));
+        EXPECT_EQ(dialog.layout()->spacing(), px(20));
+        for (const char* name : {"btnSelFile", "btnSelDir"}) {
+            EXPECT_EQ(child<zBaseButton>(&dialog, name)->size(), QSize(px(100), px(27)));
+        }
+    }
+}
+
+TEST_F(ExcelSelection, shows_all_of_its_texts_at_every_scale) {
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        workbench::Host::instance().setScale(scale);
+        importExcelSelFile dialog(nullptr);
+        dialog.show();
+        settle();
+        QStringList texts;
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+            if (!label->isVisible() || label->text().isEmpty()) continue;
+            texts += label->text();
+            const QRect place(label->mapTo(&dialog, QPoint()), label->size());
+            EXPECT_TRUE(dialog.rect().contains(place)) << label->text().toStdString();
+            if (label->wordWrap()) {
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                    << label->text().toStdString();
+                continue;
+            }
+            EXPECT_GE(label->height(), label->sizeHint().height()) << label->text().toStdString();
+            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+        }
+        for (const char* expected :
+             {"选择工程类型及计价模式", "预算工程", "选择Excel数据源", "文件格式",
+              "以单个Excel文件形式存放的数据源，支持xls、xlsx格式", "文件夹格式",
+              "按工程树结构建立多层文件夹分别存放相应报表的多Excel文件数据源"}) {
+            EXPECT_TRUE(texts.contains(QString::fromUtf8(expected))) << expected;
+        }
+        EXPECT_FALSE(texts.contains(QStringLiteral("总承包工程")));
+        EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelFile")->text(), QStringLiteral("选择文件"));
+        EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelDir")->text(), QStringLiteral("选择文件夹"));
+    }
+}
+
+TEST_F(ExcelSelection, writes_both_headings_in_one_font) {
+    const importExcelSelFile dialog(nullptr);
+    for (const char* text : {"选择工程类型及计价模式", "选择Excel数据源"}) {
+        for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+            if (label->text() != QString::fromUtf8(text)) continue;
+            EXPECT_EQ(label->font().pointSize(), 10);
+            EXPECT_EQ(label->font().weight(), 75);
+            EXPECT_EQ(label->font().family(), QLabel().font().family());
+        }
+    }
+}
+
+TEST_F(ExcelSelection, gives_every_interactive_widget_an_accessible_name) {
+    const importExcelSelFile dialog(nullptr);
+    for (const char* name : {"m_pJjmsCombo", "btnSelFile", "btnSelDir", "ysTile", "zcbTile"}) {
+        EXPECT_FALSE(child<QWidget>(&dialog, name)->accessibleName().isEmpty()) << name;
+    }
+}
+
+}  // namespace
