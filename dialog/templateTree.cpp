@@ -73,6 +73,7 @@ QString NewProCfgDialog::setTreeStyleSheet() {
 
 QWidget* NewProCfgDialog::addMoBanWidget() {
     guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [this] {
+        if (!d->taxPageStack) return;  // the window was not built so far: nothing would own the tree
         if (!d->templateTree) d->createTemplateTree();
         d->fillTemplateTree();
     });

@@ -64,7 +64,8 @@ FileFacts factsOf(const QString& text) {
         return facts;
     }
     facts.named = !text.isEmpty();
-    if (!facts.named) return facts;
+    // No file has such a name, and Qt complains when asked.
+    if (!facts.named || text.contains(QChar::Null)) return facts;
     const QFileInfo file(text);
     facts.exists = file.exists();
     facts.isFile = file.isFile();

@@ -14,6 +14,8 @@ void clearList(QListWidget* list, ListItemPool& pool) {
     for (int row = list->count() - 1; row >= 0; --row) {
         QListWidgetItem* item = list->item(row);
         if (!item) continue;
+        // The list deletes the card later; until then it must not be seen behind the new ones.
+        if (QWidget* card = list->itemWidget(item)) card->hide();
         list->setItemWidget(item, nullptr);
         pool.keep(list->takeItem(row));
     }

@@ -141,8 +141,6 @@ void ProModelItemForm::UpdateDescriptionText() {
     guarded(source, "ProModelItemForm::UpdateDescriptionText", [this] {
         if (!ui) return;
         const int room = width() - descriptionMargin;
-        if (room == elidedTo && !ui->lblDescription->text().isEmpty()) return;
-        elidedTo = room;
         ui->lblDescription->setText(
             ui->lblDescription->fontMetrics().elidedText(descriptionText, Qt::ElideRight, room));
         ui->lblDescription->setToolTip(descriptionText);

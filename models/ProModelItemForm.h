@@ -38,6 +38,5 @@ class ProModelItemForm : public zBaseWidget {
 
     TaxTemplateInfo model;
     QString descriptionText;
-    int elidedTo = -1;  ///< Width of the description's last fit, pixels.
     std::unique_ptr<Form> ui;
 };

@@ -71,6 +71,13 @@ TEST_F(FileChoice, TheFactsOfLocalPathsComeFromTheDisk) {
     EXPECT_TRUE(factsOf(QStringLiteral(" ")).named);
 }
 
+TEST_F(FileChoice, ATextThatCanBeNoPathIsNoFile) {
+    for (const QString& text : {QStringLiteral("/a") + QChar(QChar::Null) + QStringLiteral(".GCFX"),
+                                QString(300, QLatin1Char('n')), QString(QChar(0xD800))}) {
+        EXPECT_EQ(judge(FileFlow::Audit, factsOf(text)), Verdict::NotFound);
+    }
+}
+
 TEST_F(FileChoice, TheFactsOfCloudPathsComeFromTheirLastComponent) {
     const struct {
         const char* path;

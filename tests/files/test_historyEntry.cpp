@@ -115,6 +115,8 @@ RC_GTEST_PROP(HistoryEntryParser, IsTotalAndAnswersOnlyWhatStandsInTheText, ()) 
     const QStringList fields = newpro::historyFields(text);
     const bool record =
         entry->layout == HistoryLayout::LocalRecord || entry->layout == HistoryLayout::CloudRecord;
+    const int count = entry->isLocal() ? 7 : 15;
+    RC_ASSERT(record == (fields.size() == count));
     RC_ASSERT(!entry->path.isEmpty());
     RC_ASSERT(fields.value(record ? 0 : 1) == entry->path);
     RC_ASSERT(entry->suffix.isEmpty() == entry->isLocal());

@@ -1,0 +1,110 @@
+#include "core/guard.h"
+
+#include <QObject>
+#include <stdexcept>
+
+#include "tests/support/TestSupport.h"
+
+namespace {
+
+using testing_support::entriesOf;
+using testing_support::journalLines;
+using testing_support::Lines;
+using workbench::Journal;
+
+class Guard : public testing::Test {
+  protected:
+    testing_support::TemporaryInstallation host;
+
+    /// What the one report carries: source, line, function, text.
+    static QJsonArray onlyReport() {
+        EXPECT_EQ(Journal::instance().entries().size(), 1);
+        if (Journal::instance().entries().isEmpty()) return {};
+        return Journal::instance().entries().constFirst().value(QLatin1String("args")).toArray();
+    }
+    template <typename Exception>
+    static void throwing(Exception exception) {
+        newpro::guarded("Source", "Source::function", [&] { throw exception; });
+    }
+};
+
+struct NotAnException {};
+
+TEST_F(Guard, LeavesABodyWithoutExceptionAlone) {
+    int runs = 0;
+    newpro::guarded("Source", "Source::function", [&] { ++runs; });
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(journalLines(), Lines{});
+}
+
+TEST_F(Guard, ReportsACharacterStringWithItsText) {
+    throwing("文字 text");
+    EXPECT_EQ(journalLines(), Lines{"exception Source::function: 文字 text"});
+}
+
+TEST_F(Guard, ReportsAQStringWithItsTextInUtf8) {
+    throwing(QStringLiteral("文字 😀"));
+    EXPECT_EQ(journalLines(), Lines{"exception Source::function: 文字 😀"});
+}
+
+TEST_F(Guard, ReportsAStandardExceptionAsItIs) {
+    throwing(std::out_of_range("beyond"));
+    EXPECT_EQ(journalLines(), Lines{"exception Source::function: beyond"});
+}
+
+TEST_F(Guard, ReportsAnythingElseAsUnknown) {
+    throwing(42);
+    throwing(NotAnException{});
+    throwing(std::string("a text, but none of the kinds that are told apart"));
+    throwing(static_cast<void*>(nullptr));
+    EXPECT_EQ(journalLines(), Lines(4, "exception Source::function: 未知异常"));
+}
+
+TEST_F(Guard, ReportsANullCharacterStringAsEmptyText) {
+    throwing(static_cast<const char*>(nullptr));
+    EXPECT_EQ(journalLines(), Lines{"exception Source::function: "});
+}
+
+TEST_F(Guard, NamesSourceFunctionAndTheLineOfItsUse) {
+    const int line = __LINE__ + 1;
+    newpro::guarded("Card", "Card::slot", [] { throw "boom"; });
+    EXPECT_EQ(onlyReport(), (QJsonArray{QStringLiteral("Card"), line, QStringLiteral("Card::slot"),
+                                        QStringLiteral("boom")}));
+}
+
+TEST_F(Guard, WithAResultNamesTheLineOfItsUse) {
+    const int line = __LINE__ + 1;
+    newpro::guardedOr("Card", "Card::slot", false, []() -> bool { throw "boom"; });
+    EXPECT_EQ(onlyReport().at(1).toInt(), line);
+}
+
+TEST_F(Guard, GivesTheResultOfTheBodyOrTheFallback) {
+    EXPECT_EQ(newpro::guardedOr("S", "f", 1, [] { return 2; }), 2);
+    EXPECT_EQ(journalLines(), Lines{});
+    EXPECT_EQ(newpro::guardedOr("S", "f", 1, []() -> int { throw 3; }), 1);
+    EXPECT_EQ(journalLines(), Lines{"exception f: 未知异常"});
+}
+
+TEST_F(Guard, InsideAnotherReportsOnceAndLetsTheOuterBodyGoOn) {
+    bool wentOn = false;
+    newpro::guarded("S", "outer", [&] {
+        newpro::guarded("S", "inner", [] { throw "boom"; });
+        wentOn = true;
+    });
+    EXPECT_TRUE(wentOn);
+    EXPECT_EQ(journalLines(), Lines{"exception inner: boom"});
+}
+
+TEST_F(Guard, SurvivesAReporterThatFails) {
+    QObject scope;
+    QObject::connect(&Journal::instance(), &Journal::recorded, &scope,
+                     [] { throw std::runtime_error("the reporter is broken"); });
+    throwing("boom");
+    throwing(QStringLiteral("boom"));
+    throwing(std::runtime_error("boom"));
+    throwing(1);
+    EXPECT_EQ(newpro::guardedOr("S", "f", 7, []() -> int { throw 1; }), 7);
+    EXPECT_EQ(testing_support::countOf("exception"), 5);
+}
+
+}  // namespace

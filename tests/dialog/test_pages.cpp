@@ -1,0 +1,194 @@
+#include <QFile>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include "tests/dialog/DialogFixture.h"
+
+namespace {
+
+using namespace dialog_tests;
+
+class Pages : public DialogTest {
+  protected:
+    template <typename T>
+    T* on(const char* page, const char* name) {
+        return child<T>(find<QWidget>(page), name);
+    }
+};
+
+struct PageRow {
+    const char* page;
+    const char* caption;
+    const char* create;
+    bool grid;
+};
+
+const PageRow pageRows[] = {
+    {"auditPage", "待审工程文件", "新建审核", false},
+    {"contractingPage", "工程文件", "新建总承包", true},
+};
+
+TEST_F(Pages, HaveTheirTextsAndSizesAtEveryScale) {
+    for (double scale : {1.0, 1.5, 2.0}) {
+        workbench::Host::instance().setScale(scale);
+        make();
+        const auto size = [scale](int width, int height) {
+            return QSize(qRound(width * scale), qRound(height * scale));
+        };
+        for (const PageRow& row : pageRows) {
+            SCOPED_TRACE(row.page);
+            auto* caption = on<zBaseLabel>(row.page, "caption");
+            EXPECT_EQ(caption->text(), QString::fromUtf8(row.caption));
+            EXPECT_NEAR(caption->height(), 17 * scale, 1);
+            EXPECT_EQ(caption->width(), size(76, 17).width());
+            auto* combo = on<zBaseCombox>(row.page, "fileCombo");
+            EXPECT_TRUE(combo->isEditable());
+            EXPECT_EQ(combo->minimumSize(), size(388, 32));
+            EXPECT_EQ(combo->maximumSize(), size(388, 32));
+            EXPECT_EQ(combo->parentWidget()->minimumHeight(), size(0, 30).height());
+            auto* browse = on<zBaseButton>(row.page, "browseButton");
+            EXPECT_EQ(browse->minimumSize().width(), qRound(55 * scale));
+            EXPECT_EQ(browse->minimumSize().height(), qRound(32 * scale));
+            EXPECT_EQ(browse->iconSize(), size(18, 18));
+            EXPECT_TRUE(QFile::exists(QStringLiteral(":/Image/Home/LiuLan1.4.svg")));
+            EXPECT_EQ(browse->cursor().shape(), Qt::PointingHandCursor);
+            EXPECT_FALSE(browse->accessibleName().isEmpty());
+            auto* create = on<zBaseButton>(row.page, "newButton");
+            EXPECT_EQ(create->text(), QString::fromUtf8(row.create));
+            EXPECT_EQ(create->minimumSize(), size(160, 32));
+            EXPECT_EQ(create->maximumSize(), size(160, 32));
+        }
+    }
+}
+
+TEST_F(Pages, AreAColumnAndAGrid) {
+    make();
+    for (const PageRow& row : pageRows) {
+        QLayout* layout = find<QWidget>(row.page)->layout();
+        EXPECT_EQ(qobject_cast<QGridLayout*>(layout) != nullptr, row.grid) << row.page;
+        EXPECT_EQ(qobject_cast<QVBoxLayout*>(layout) != nullptr, !row.grid) << row.page;
+    }
+}
+
+TEST_F(Pages, AreBuiltOnce) {
+    make();
+    for (const char* builder : {"addShXjWid", "addZcbXjWid"}) {
+        QWidget* page = nullptr;
+        ASSERT_TRUE(QMetaObject::invokeMethod(dialog.get(), builder, Qt::DirectConnection,
+                                              Q_RETURN_ARG(QWidget*, page)));
+        ASSERT_TRUE(page);
+        EXPECT_EQ(dialog->findChildren<QWidget*>(page->objectName()).size(), 1) << builder;
+    }
+}
+
+TEST_F(Pages, StandInTheOrderOfTheScreenWithTheNewButtonInTheMiddle) {
+    open();
+    pick(auditLabel);
+    const auto place = [this](QWidget* widget) {
+        return QRect(widget->mapTo(dialog.get(), QPoint()), widget->size());
+    };
+    const QRect caption = place(on<QWidget>("auditPage", "caption"));
+    const QRect combo = place(on<QWidget>("auditPage", "fileCombo"));
+    const QRect browse = place(on<QWidget>("auditPage", "browseButton"));
+    const QRect create = place(on<QWidget>("auditPage", "newButton"));
+    EXPECT_LT(caption.bottom(), combo.top());
+    EXPECT_GT(browse.left(), combo.right());
+    EXPECT_LT(qAbs(browse.center().y() - combo.center().y()), 2);
+    EXPECT_GE(create.top() - combo.bottom(), 139);
+    EXPECT_NEAR(create.center().x(), place(find<QWidget>("auditPage")).center().x(), 1);
+    EXPECT_GE(combo.left() - place(find<QWidget>("auditPage")).left(), 165);
+    for (const QRect& rect : {caption, combo, browse, create}) {
+        EXPECT_TRUE(dialog->rect().contains(rect));
+    }
+}
+
+TEST_F(Pages, TheNewButtonsRefuseAnEmptyChoiceWithTheirMessage) {
+    open();
+    pick(auditLabel);
+    clearJournal();
+    click(on<zBaseButton>("auditPage", "newButton"));
+    EXPECT_EQ(journalLines({"box", "dialog"}),
+              Lines{R"(box showInformation("提示", "请选择预算工程文件", ["确定"]))"});
+    pick(budgetLabel);
+    addKindOnMainPage(contractingLabel);
+    pick(contractingLabel);
+    click(button("budgetButton"));
+    clearJournal();
+    click(on<zBaseButton>("contractingPage", "newButton"));
+    EXPECT_EQ(journalLines({"box", "dialog"}),
+              Lines{R"(box showInformation("提示", "请选择工程文件", ["确定"]))"});
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(Pages, TheBrowseButtonsAskForAFileOnce) {
+    host.switches().fileDialogPrepared = true;
+    open();
+    pick(auditLabel);
+    clearJournal();
+    click(on<zBaseButton>("auditPage", "browseButton"));
+    EXPECT_EQ(countOf("zFileDialog::getOpenFileName"), 1);
+    addKindOnMainPage(contractingLabel);
+    pick(contractingLabel);
+    click(button("budgetButton"));
+    clearJournal();
+    click(on<zBaseButton>("contractingPage", "browseButton"));
+    EXPECT_EQ(countOf("zFileDialog::getOpenFileName"), 1);
+}
+
+TEST_F(Pages, ReturnInAFieldNeitherClosesTheDialogNorPressesAButton) {
+    open();
+    pick(auditLabel);
+    clearJournal();
+    auto* combo = on<zBaseCombox>("auditPage", "fileCombo");
+    combo->setFocus();
+    QTest::keyClicks(combo, QStringLiteral("abc"));
+    QTest::keyClick(combo, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(combo->currentText(), QStringLiteral("abc"));
+    EXPECT_EQ(combo->count(), 0) << "what is typed is no entry of the history";
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(journalLines(), Lines{});
+}
+
+TEST_F(Pages, TheTreeStyleIsFilledWithScaledSizesAndTheSkinsColour) {
+    for (const char* skin : {"light", "dark"}) {
+        workbench::Host::instance().setSkin(QLatin1String(skin));
+        workbench::Host::instance().setScale(1.5);
+        make();
+        QString style;
+        ASSERT_TRUE(QMetaObject::invokeMethod(dialog.get(), "setTreeStyleSheet",
+                                              Qt::DirectConnection, Q_RETURN_ARG(QString, style)));
+        EXPECT_TRUE(style.startsWith(
+            QStringLiteral("QTreeWidget{border: 0px solid rgb(229,229,229);font-size:21px;"
+                           "background-color:transparent;}QTreeWidget::item{"
+                           "selection-background-color:rgb(240,245,255); "
+                           "selection-color:rgb(0,0,0);font-size:21px;}")))
+            << style.toStdString();
+        EXPECT_TRUE(style.contains(QStringLiteral("height:42px")));
+        const zBaseWidget row(nullptr, 10);
+        EXPECT_TRUE(style.contains(QStringLiteral("QTreeWidget::branch{background: %1;}")
+                                       .arg(row.normalBackColor().name())));
+        for (const char* part :
+             {"vline_.png", "branch-more_.png", "branch-end_.png", "branch-closed.png",
+              "branch-open.png", "rgb(205,232,255)", "#F0F5FD", "rgb(240,245,255)"}) {
+            EXPECT_TRUE(style.contains(QLatin1String(part))) << part;
+        }
+        EXPECT_FALSE(style.contains(QLatin1Char('%')));
+        EXPECT_EQ(tree()->styleSheet(), style);
+    }
+}
+
+TEST_F(Pages, TheTreeFollowsTheSkinWhileTheDialogIsOpen) {
+    open();
+    const QString light = tree()->styleSheet();
+    workbench::Host::instance().setSkin(QStringLiteral("dark"));
+    settle();
+    EXPECT_NE(tree()->styleSheet(), light);
+    workbench::Host::instance().setSkin(QStringLiteral("light"));
+    settle();
+    EXPECT_EQ(tree()->styleSheet(), light);
+    dialog.reset();
+    workbench::Host::instance().setSkin(QStringLiteral("dark"));
+}
+
+}  // namespace

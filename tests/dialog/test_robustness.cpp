@@ -1,0 +1,260 @@
+#include <malloc.h>
+
+#include <QMenu>
+#include <QMetaMethod>
+
+#include "tests/dialog/DialogFixture.h"
+
+namespace {
+
+using namespace dialog_tests;
+
+const QString kvys = QStringLiteral("Kvys");
+
+class Robustness : public DialogTest {
+  protected:
+    struct Place {
+        std::string call;
+        int nth;
+    };
+    /// @return every host call that constructing the dialog makes, each with its number.
+    std::vector<Place> callsOfConstruction() {
+        make();
+        std::vector<Place> places;
+        std::map<std::string, int> seen;
+        for (const std::string& name : journalNames({"call"})) {
+            places.push_back({name, ++seen[name]});
+        }
+        dialog.reset();
+        return places;
+    }
+    /// Everything that a host or a user may still do with a dialog, whole or not.
+    void useEverything() {
+        host.switches().fileDialogPrepared = true;
+        host.switches().firstPage = workbench::FirstPage::Absent;
+        dialog->show();
+        dialog->SetLsjl({QStringLiteral("x"), QString()});
+        dialog->SetIsFirstPageOpen(false);
+        dialog->InitJcTx();
+        dialog->setKJMRWZ(budgetLabel, true);
+        dialog->setGcButtonEnable(budgetLabel, true);
+        dialog->setGcButtonVisible(budgetLabel, true);
+        std::unique_ptr<QWidget> page = std::make_unique<QWidget>();
+        if (dialog->addXjPage({QString(), contractingLabel, 0}, page.get())) page.release();
+        const QMetaObject& meta = NewProCfgDialog::staticMetaObject;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+            const QMetaMethod method = meta.method(i);
+            if (method.parameterCount() == 0) method.invoke(dialog.get(), Qt::DirectConnection);
+        }
+        for (int i = -1; i < 6; ++i) {
+            QMetaObject::invokeMethod(dialog.get(), "slotCalculationTaxClicked", Q_ARG(int, i));
+        }
+        for (QWidgetAction* action : entries()) action->trigger();
+        for (auto* button : dialog->findChildren<zBaseButton*>()) {
+            if (button->isVisible()) button->click();
+        }
+        QEvent resize(QEvent::Resize);
+        dialog->eventFilter(dialog.get(), &resize);
+        dialog->grab();
+        settle();
+        dialog->close();
+        dialog.reset();
+        expectNoStrays();
+    }
+    /// A page that a half-built dialog never put anywhere must not outlive it.
+    static void expectNoStrays() {
+        settle();
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (qobject_cast<QMenu*>(widget)) continue;
+            ADD_FAILURE() << "left behind: " << widget->metaObject()->className() << ' '
+                          << widget->objectName().toStdString();
+            delete widget;
+        }
+    }
+};
+
+/// @return the function that reports an exception of a construction's host call.
+std::string reporterOf(const std::string& call, int nth) {
+    if (call == "CpfMain::IsProdAreaYN" || call == "CpfMain::GetOpenVersion" ||
+        call == "CpfMain::GetInstance") {
+        return "NewProCfgDialog::CreateUI";
+    }
+    if (call == "SharedInterface::GetAppPath") {
+        return nth == 1 ? "NewProCfgDialog::addMoBanWidget"
+                        : "NewProCfgDialog::LoadTemplateProInfo";
+    }
+    if (call == "ProjectSettingHelper::GetProTaxTemplateInfoList" ||
+        (call == "ProjectSettingHelper::GetProjectSettingHelper" && nth == 1)) {
+        return "NewProCfgDialog::GetModelCfgAndInitData";
+    }
+    if (call.rfind("ProjectSettingHelper::", 0) == 0) return "ProModelItemForm::UpdateDataDisplay";
+    if (call == "CpfMain::GetAreaConfigValue") return "TemplateProListItem::InitWidgetDisplay";
+    return "NewProCfgDialog::NewProCfgDialog";
+}
+
+TEST_F(Robustness, EveryHostCallOfTheConstructorMayThrowAnyKindOfException) {
+    const std::vector<Place> places = callsOfConstruction();
+    ASSERT_GT(places.size(), 8u);
+    for (const Place& place : places) {
+        for (const auto& thrown : testing_support::thrownKinds()) {
+            SCOPED_TRACE(place.call + " #" + std::to_string(place.nth) + " throws " + thrown.name);
+            throwNoMore();
+            throwAt(place.call.c_str(), thrown.as, place.nth);
+            make();
+            EXPECT_EQ(
+                journalLines({"exception"}),
+                Lines{"exception " + reporterOf(place.call, place.nth) + ": " + thrown.reported});
+        }
+    }
+    throwNoMore();
+    make();
+    EXPECT_EQ(countOf("exception"), 0);
+    EXPECT_EQ(list("lswGeneralTax")->count(), 2);
+}
+
+TEST_F(Robustness, ADialogThatWasNotBuiltWholeSurvivesWhateverIsDoneToIt) {
+    for (const Place& place : callsOfConstruction()) {
+        SCOPED_TRACE(place.call + " #" + std::to_string(place.nth));
+        throwNoMore();
+        throwAt(place.call.c_str(), workbench::ThrowRule::As::StdException, place.nth);
+        make();
+        throwNoMore();
+        useEverything();
+        host.switches().firstPage = workbench::FirstPage::Ready;
+    }
+    make();
+    useEverything();
+}
+
+TEST_F(Robustness, EveryHostCallOfTheLoaderMayThrowAndAReloadSucceeds) {
+    host.addTemplate(QStringLiteral("kvys"), QStringLiteral("t.MODX"));
+    const struct {
+        const char* call;
+        int nth;
+        const char* function;
+        int cards;  ///< General-tax cards that stand afterwards.
+    } rows[] = {
+        {"ProjectSettingHelper::GetProjectSettingHelper", 1,
+         "NewProCfgDialog::GetModelCfgAndInitData", 0},
+        {"ProjectSettingHelper::GetProTaxTemplateInfoList", 1,
+         "NewProCfgDialog::GetModelCfgAndInitData", 0},
+        {"ProjectSettingHelper::GetPricingModelInfoMap", 1, "ProModelItemForm::UpdateDataDisplay",
+         2},
+        {"ProjectSettingHelper::GetPricingModelInfoMap", 2, "ProModelItemForm::UpdateDataDisplay",
+         2},
+        {"SharedInterface::GetAppPath", 1, "NewProCfgDialog::LoadTemplateProInfo", 2},
+        {"CpfMain::GetAreaConfigValue", 1, "TemplateProListItem::InitWidgetDisplay", 2},
+    };
+    for (const auto& row : rows) {
+        for (const auto& thrown : testing_support::thrownKinds()) {
+            SCOPED_TRACE(std::string(row.call) + " throws " + thrown.name);
+            open();
+            throwAt(row.call, thrown.as, row.nth);
+            ASSERT_TRUE(call("GetModelCfgAndInitData"));
+            EXPECT_EQ(journalLines({"exception"}),
+                      Lines{std::string("exception ") + row.function + ": " + thrown.reported});
+            EXPECT_EQ(list("lswGeneralTax")->count(), row.cards);
+            throwNoMore();
+            clearJournal();
+            ASSERT_TRUE(call("GetModelCfgAndInitData"));
+            EXPECT_EQ(countOf("exception"), 0);
+            EXPECT_EQ(list("lswGeneralTax")->count(), 2);
+            EXPECT_EQ(list("lswTemplateEng")->count(), 1);
+            click(child<zBaseButton>(card("lswGeneralTax", 1), "btnNewProject"));
+            EXPECT_EQ(flowLines().back(), "signal SignalCreatePro(4, 95)");
+        }
+    }
+}
+
+TEST_F(Robustness, AThousandKindSwitchesKeepTheHeapFlat) {
+    host.addTemplate(QStringLiteral("kvys"), QStringLiteral("t.MODX"));
+    host.addTemplate(QStringLiteral("kvzcb"), QStringLiteral("u.MODX"));
+    open();
+    addKindOnMainPage(contractingLabel);
+    QAction* const kinds[] = {entry(contractingLabel), entry(budgetLabel)};
+    const auto switchKinds = [&kinds](int count) {
+        for (int i = 0; i < count; ++i) {
+            kinds[i % 2]->trigger();
+            settle();
+            clearJournal();
+        }
+        return mallinfo2().uordblks;
+    };
+    const size_t before = switchKinds(60);
+#if !defined(__SANITIZE_ADDRESS__)
+    ASSERT_GT(before, 0u);
+#endif
+    const size_t after = switchKinds(1000);
+    EXPECT_LT(after, before + 1024 * 1024);
+}
+
+TEST_F(Robustness, ThreeThousandModelsWork) {
+    QList<TaxTemplateInfo> models;
+    for (int i = 0; i < 3000; ++i) models.append(model(QStringLiteral("模式%1").arg(i)));
+    host.setModels(kvys, 0, models);
+    open();
+    ASSERT_EQ(list("lswGeneralTax")->count(), 3000);
+    EXPECT_EQ(list("lswGeneralTax")->minimumHeight(), 3000 * 80);
+    click(child<zBaseButton>(card("lswGeneralTax", 2999), "btnNewProject"));
+    EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")),
+              QVariant(QStringLiteral("模式2999")));
+}
+
+TEST_F(Robustness, OddTextsLeaveTheDialogItsSizeAndItsButtons) {
+    const QString texts[] = {QString(500, QChar(0x6a21)),
+                             QString(500, QLatin1Char('W')),
+                             QString(20000, QLatin1Char('x')),
+                             QString(),
+                             QStringLiteral(" "),
+                             QStringLiteral("a\nb\tc\r"),
+                             QString(QChar(0)) + QStringLiteral("nul"),
+                             QString(QChar(0xd800)),
+                             QStringLiteral("😀👩‍👩‍👧"),
+                             QStringLiteral("<h1>&amp;</h1>"),
+                             QStringLiteral("%1%2%n"),
+                             QString(QChar(0x202e)) + QStringLiteral("rtl")};
+    for (const QString& text : texts) {
+        SCOPED_TRACE(text.left(20).toStdString());
+        TaxTemplateInfo info = model(text);
+        info.description = text;
+        info.basis = QVector<QString>(50, text).toList();
+        info.basisDocument = text;
+        info.leadingBasisDocument = text;
+        host.setModels(kvys, 0, {info});
+        open();
+        EXPECT_EQ(dialog->size(), QSize(880, 750));
+        dialog->grab();
+        auto* create = child<zBaseButton>(card("lswGeneralTax", 0), "btnNewProject");
+        EXPECT_EQ(create->width(), 50);
+        const QRect place(create->mapTo(dialog.get(), QPoint()), create->size());
+        EXPECT_TRUE(dialog->rect().contains(place));
+        click(create);
+        EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")).toString(), text);
+    }
+}
+
+TEST_F(Robustness, DialogsComeAndGoWithoutTrace) {
+    for (int i = 0; i < 20; ++i) {
+        open();
+        addKindOnMainPage(contractingLabel);
+        pick(contractingLabel);
+        pick(budgetLabel);
+    }
+    EXPECT_EQ(countOf("exception"), 0);
+    dialog.reset();
+    expectNoStrays();
+}
+
+TEST_F(Robustness, AParentTakesTheDialogWithIt) {
+    auto window = std::make_unique<QWidget>();
+    QPointer<NewProCfgDialog> owned = new NewProCfgDialog(0, true, window.get());
+    owned->show();
+    settle();
+    clearJournal();
+    window.reset();
+    EXPECT_FALSE(owned);
+    EXPECT_EQ(countOf("InterfaceAdaptation::closeMaxDialogMode"), 1);
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
+}  // namespace

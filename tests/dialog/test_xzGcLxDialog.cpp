@@ -1,0 +1,132 @@
+#include <QAbstractButton>
+#include <QLabel>
+#include <QLayout>
+#include <QSignalSpy>
+
+#include "dialog/xzGcLxDialog.h"
+#include "tests/support/TestSupport.h"
+#include "zBaseControl.h"
+
+namespace {
+
+using namespace testing_support;
+
+struct TypeChooser : testing::Test {
+    TemporaryInstallation installation;
+    xzGcLxDialog dialog{nullptr};
+
+    zBaseButton* button(const char* name) { return child<zBaseButton>(&dialog, name); }
+    /// @return what exec() answers when `drive` ran in it.
+    int answer(std::function<void(xzGcLxDialog*)> drive) {
+        const auto driver = whenModal<xzGcLxDialog>(std::move(drive));
+        return dialog.exec();
+    }
+};
+
+TEST_F(TypeChooser, offers_its_buttons_from_top_to_bottom) {
+    const struct {
+        const char* name;
+        const char* text;
+        int minimumWidth;
+    } table[] = {{"BtnYs", "预算工程", 200},
+                 {"BtnZcb", "总承包工程", 200},
+                 {"BtnGs", "概     算", 0},
+                 {"BtnQx", "取     消", 200}};
+    dialog.show();
+    int above = 0;
+    for (const auto& row : table) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(button(row.name)->text(), QString::fromUtf8(row.text));
+        EXPECT_EQ(button(row.name)->minimumWidth(), row.minimumWidth);
+        EXPECT_FALSE(button(row.name)->accessibleName().isEmpty());
+        if (!button(row.name)->isVisible()) continue;
+        EXPECT_GT(button(row.name)->y(), above);
+        EXPECT_TRUE(dialog.rect().contains(button(row.name)->geometry()));
+        above = button(row.name)->y();
+    }
+    EXPECT_EQ(dialog.layout()->spacing(), 10);
+}
+
+TEST_F(TypeChooser, answers_with_the_program_type_of_the_button) {
+    const struct {
+        const char* name;
+        int result;
+    } table[] = {{"BtnYs", 4}, {"BtnZcb", 16}, {"BtnQx", 0}};
+    for (const auto& row : table) {
+        clearJournal();
+        const QSignalSpy finished(&dialog, &QDialog::finished);
+        EXPECT_EQ(answer([&](xzGcLxDialog*) { click(button(row.name)); }), row.result) << row.name;
+        EXPECT_EQ(finished.count(), 1) << row.name;
+        EXPECT_EQ(journalLines({"xzGcLxDialog"}),
+                  Lines({"dialog xzGcLxDialog opened",
+                         "dialog xzGcLxDialog done " + std::to_string(row.result)}));
+    }
+}
+
+TEST_F(TypeChooser, answers_every_slot_through_the_meta_object) {
+    const struct {
+        const char* slot;
+        int result;
+    } table[] = {{"on_BtnYs_clicked", 4},
+                 {"on_BtnZcb_clicked", 16},
+                 {"on_BtnGs_clicked", 6},
+                 {"on_BtnQx_clicked", 0}};
+    for (const auto& row : table) {
+        EXPECT_EQ(answer([&](xzGcLxDialog* shown) {
+                      EXPECT_TRUE(QMetaObject::invokeMethod(shown, row.slot));
+                  }),
+                  row.result);
+    }
+}
+
+TEST_F(TypeChooser, answers_0_when_its_window_is_closed) {
+    dialog.setResult(4);
+    EXPECT_EQ(answer([](xzGcLxDialog* shown) { shown->close(); }), 0);
+    EXPECT_EQ(
+        answer([](xzGcLxDialog* shown) { click(child<QAbstractButton>(shown, "closeButton")); }),
+        0);
+    EXPECT_EQ(answer([](xzGcLxDialog* shown) { QTest::keyClick(shown, Qt::Key_Escape); }), 0);
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
+TEST_F(TypeChooser, never_shows_the_estimate_button) {
+    dialog.show();
+    settle();
+    EXPECT_FALSE(button("BtnGs")->isVisible());
+    ASSERT_TRUE(QMetaObject::invokeMethod(&dialog, "CreateUI"));
+    ASSERT_TRUE(QMetaObject::invokeMethod(&dialog, "InitUI"));
+    dialog.hide();
+    dialog.show();
+    EXPECT_FALSE(button("BtnGs")->isVisible());
+    EXPECT_EQ(dialog.findChildren<zBaseButton*>().size(), 4);
+}
+
+TEST_F(TypeChooser, has_a_fixed_size_and_shows_all_of_it_at_every_scale) {
+    for (const double scale : {1.0, 1.5, 2.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        workbench::Host::instance().setScale(scale);
+        xzGcLxDialog scaledDialog(nullptr);
+        scaledDialog.show();
+        settle();
+        EXPECT_EQ(scaledDialog.size(), QSize(qRound(280 * scale), qRound(240 * scale)));
+        EXPECT_EQ(scaledDialog.minimumSize(), scaledDialog.maximumSize());
+        EXPECT_EQ(scaledDialog.windowTitle(), QStringLiteral("新建"));
+        bool captionSeen = false;
+        for (const QLabel* label : scaledDialog.findChildren<QLabel*>()) {
+            if (label->text() != QStringLiteral("选择工程类型:")) continue;
+            captionSeen = true;
+            EXPECT_EQ(label->height(), qRound(21 * scale));
+            EXPECT_GE(label->height(), label->fontMetrics().height());
+            EXPECT_GE(label->width(), label->sizeHint().width());
+        }
+        EXPECT_TRUE(captionSeen);
+        for (const auto* each : scaledDialog.findChildren<zBaseButton*>()) {
+            if (!each->isVisible()) continue;
+            EXPECT_TRUE(scaledDialog.rect().contains(each->geometry()));
+            EXPECT_GE(each->width(), qRound(200 * scale));
+            EXPECT_GE(each->height(), each->sizeHint().height());
+        }
+    }
+}
+
+}  // namespace
