@@ -33,11 +33,11 @@ QJsonObject download(const QString& fileName, const QString& link, const QString
                      const QString& isExist);
 
 /// @return the nodes of a tree or folder answer; empty where it holds none.
-QJsonArray nodesOf(const QJsonObject& answer);
+WORKBENCH_API QJsonArray nodesOf(const QJsonObject& answer);
 /// @return the children of the personal disk's root node; empty where there is no such node.
 QJsonArray childrenOfRoot(const QJsonObject& answer);
 /// @return the number of nodes below and in `nodes`.
-int countNodes(const QJsonArray& nodes);
+WORKBENCH_API int countNodes(const QJsonArray& nodes);
 
 /// @return the answer as the service would spoil it: entries without names, texts in the place of
 ///         numbers and lists, lists cut short. The same answer is always spoilt in the same way.

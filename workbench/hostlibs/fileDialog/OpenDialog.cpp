@@ -117,6 +117,11 @@ bool OpenDialog::eventFilter(QObject* watched, QEvent* event) {
         row < 0 ? confirm() : activate(row);
         return true;
     }
+    // The view has a current row as soon as it has the focus, and would go on to the second one.
+    if (watched == list && key->key() == Qt::Key_Down && selectedRow() < 0) {
+        selectRow(0);
+        return true;
+    }
     if (watched == list && key->key() == Qt::Key_Backspace) {
         goUp();
         return true;
@@ -234,7 +239,14 @@ int OpenDialog::selectedRow() const {
 
 void OpenDialog::select(const QString& name) {
     const int row = model->rowOf(name);
-    if (row >= 0) list->setCurrentIndex(model->index(row, FileListModel::NameColumn));
+    if (row >= 0) selectRow(row);
+}
+
+void OpenDialog::selectRow(int row) {
+    const QModelIndex index = model->index(row, FileListModel::NameColumn);
+    list->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    list->scrollTo(index);
 }
 
 void OpenDialog::showSelection() {

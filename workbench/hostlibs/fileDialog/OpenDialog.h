@@ -90,6 +90,7 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
     void choose(const QString& path);
     void showSelection();
     void select(const QString& name);
+    void selectRow(int row);
     int selectedRow() const;
     bool foldersWanted() const { return request.type == OpenFolder; }
     void tell(const QString& message, bool failure = true);

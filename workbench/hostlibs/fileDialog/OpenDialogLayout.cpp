@@ -115,7 +115,6 @@ QWidget* OpenDialog::fileList() {
     list->setRootIsDecorated(false);
     list->setItemsExpandable(false);
     list->setUniformRowHeights(true);  // thousands of rows stay quick
-    list->setAllColumnsShowFocus(true);
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -180,14 +179,22 @@ void OpenDialog::nameForReaders() {
 }
 
 void OpenDialog::applyColours() {
-    setStyleSheet(fieldSheet() + QStringLiteral("QTreeView{background:%1;border:1px solid %2}"
-                                                "QTreeView::item{height:%3px}"
-                                                "QTreeView::item:hover{background:%4}"
-                                                "QTreeView::item:selected{background:%5;color:%6}")
-                                     .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
-                                     .arg(scaled(27))
-                                     .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
-                                          colour(Tint::Text).name()));
+    const QString listSheet =
+        QStringLiteral(
+            "QTreeView{background:%1;border:1px solid %2;outline:0;"
+            "show-decoration-selected:0}"
+            "QTreeView::item{height:%3px;padding:0 %4px;border:none}"
+            "QTreeView::item:hover{background:%5}"
+            "QTreeView::item:selected{background:%6;color:%7}"
+            "QHeaderView::section{background:%5;color:%8;border:none;"
+            "border-right:1px solid %2;border-bottom:1px solid %2;padding:%9px %4px}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
+            .arg(scaled(27))
+            .arg(scaled(6))
+            .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
+                 colour(Tint::Text).name(), colour(Tint::Muted).name())
+            .arg(scaled(4));
+    setStyleSheet(fieldSheet() + listSheet);
     const int size = list->iconSize().width();
     model->setIcons(folderIcon(size, devicePixelRatioF()), documentIcon(size, devicePixelRatioF()));
 }

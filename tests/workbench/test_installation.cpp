@@ -1,0 +1,204 @@
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+
+#include "tests/support/TestSupport.h"
+
+namespace testing_support {
+
+using workbench::Host;
+using workbench::Installation;
+
+namespace {
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+QByteArray sampleContent(const char* file) {
+    return contentOf(QLatin1String(SAMPLE_INSTALLATION "/") + QLatin1String(file));
+}
+
+/// A file of the sample with one place changed, and what the loader must say of it.
+struct Damage {
+    const char* title;
+    const char* file;
+    const char* from;  ///< The first occurrence is replaced.
+    const char* to;
+    const char* key;
+    const char* message;
+};
+
+const Damage damages[] = {
+    {"a wrong type", "models.json", R"("flag": 1)", R"("flag": "1")", "Kvys[0].models[0].flag",
+     "whole number"},
+    {"a fraction for a whole number", "settings.json", R"("firstOpenClose": 0)",
+     R"("firstOpenClose": 0.5)", "firstOpenClose", "whole number"},
+    {"a text for a list", "models.json", R"("feeModes": [)", R"("feeModes": "", "x": [)",
+     "Kvys[0].models[0].x", "not known"},
+    {"a missing key", "models.json", R"("key":)", R"("carriedText":)", "Kvys[0].models[0].key",
+     "missing"},
+    {"a missing section", "settings.json", R"("transactions")", R"("transaction")", "transaction",
+     "not known"},
+    {"an unknown key", "settings.json", R"("projectFolder")", R"("projectFolders")",
+     "basicSettings.projectFolders", "not known"},
+    {"an unknown tax mode", "models.json", "\"一般计税\"", "\"特殊计税\"", "Kvys[0].taxMode",
+     "must be one of"},
+    {"a broken encoding", "models.json", "国标2013", "\xB9\xFA\xB1\xEA", "encoding", "UTF-8"},
+    {"bad JSON", "history.json", "[", "[,", "syntax", "illegal value"},
+    {"a key twice", "settings.json", R"("firstOpenClose")", R"("area": {}, "firstOpenClose")",
+     "area", "twice"},
+    {"a suffix list under no number", "settings.json", R"("16":)", R"("sixteen":)",
+     "suffixes.sixteen", "number"},
+};
+
+}  // namespace
+
+TEST(Installation, BothSamplesAreRead) {
+    for (const char* folder : {SAMPLE_INSTALLATION, YUNNAN_INSTALLATION}) {
+        Installation sample;
+        QString error;
+        EXPECT_TRUE(Installation::load(QString::fromUtf8(folder), sample, error))
+            << error.toStdString();
+        EXPECT_FALSE(sample.models.value(QStringLiteral("Kvys")).isEmpty());
+        EXPECT_FALSE(sample.history.isEmpty());
+        EXPECT_EQ(sample.prodAreaYN, QLatin1String(folder) == QLatin1String(YUNNAN_INSTALLATION));
+    }
+}
+
+TEST(Installation, TheSampleOffersModelsWithNoneOneAndTwoFeeModes) {
+    Installation sample;
+    QString error;
+    ASSERT_TRUE(Installation::load(QStringLiteral(SAMPLE_INSTALLATION), sample, error));
+    QSet<int> counts;
+    for (const auto& pricing : sample.pricing.value(QStringLiteral("Kvys"))) {
+        counts.insert(pricing.feeModes.size());
+    }
+    EXPECT_EQ(counts, (QSet<int>{0, 1, 2}));
+}
+
+TEST(Installation, EveryDamageIsNamedWithFileLineAndKey) {
+    for (const Damage& damage : damages) {
+        SCOPED_TRACE(damage.title);
+        TemporaryInstallation installation;
+        const QString path = installation.path(QLatin1String(damage.file));
+        for (const char* file : {"models.json", "settings.json", "history.json"}) {
+            installation.write(QLatin1String(file), sampleContent(file));
+        }
+        QByteArray text = contentOf(path);
+        const int at = text.indexOf(damage.from);
+        ASSERT_GE(at, 0);
+        text.replace(at, int(qstrlen(damage.from)), damage.to);
+        installation.write(QLatin1String(damage.file), text);
+
+        Installation untouched;
+        QString error;
+        EXPECT_FALSE(Installation::load(installation.folder(), untouched, error));
+        const std::string said = error.toStdString();
+        const std::string where = QDir::toNativeSeparators(path).toStdString();
+        EXPECT_EQ(said.rfind(where + ":", 0), 0u) << said;
+        EXPECT_NE(said.find(std::string(": ") + damage.key + ": "), std::string::npos) << said;
+        EXPECT_NE(said.find(damage.message), std::string::npos) << said;
+        EXPECT_TRUE(untouched.folder.isEmpty()) << "changed although it failed";
+    }
+}
+
+TEST(Installation, TheLineIsTheOneOfTheValue) {
+    TemporaryInstallation installation;
+    installation.write(QStringLiteral("models.json"),
+                       "{\n  \"Kvys\": [\n    {\"taxMode\": 0,\n     \"models\": [\n"
+                       "       {\"name\": \"a\",\n        \"key\": 5,\n"
+                       "        \"description\": \"\", \"basis\": [], \"feeMode\": \"\"}]}]\n}\n");
+    const QString error = Host::instance().loadInstallation(installation.folder());
+    EXPECT_NE(error.toStdString().find("models.json:6: Kvys[0].models[0].key: "), std::string::npos)
+        << error.toStdString();
+}
+
+TEST(Installation, AMissingFileIsAnError) {
+    TemporaryInstallation installation;
+    ASSERT_TRUE(QFile::remove(installation.path(QStringLiteral("history.json"))));
+    const QString error = Host::instance().loadInstallation(installation.folder());
+    EXPECT_NE(error.toStdString().find("history.json:1: file: "), std::string::npos)
+        << error.toStdString();
+}
+
+TEST(Installation, KeysWithDotsBracketsAndEscapesAreTakenAsTheyAre) {
+    TemporaryInstallation installation;
+    QByteArray text = sampleContent("settings.json");
+    text.replace(
+        "\"transactions\": {}",
+        R"("transactions": {"a.b": "1", "a": "2", "b[0]": "3", "\u0022q\\": "4", "": "5"})");
+    installation.write(QStringLiteral("settings.json"), text);
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    const QMap<QString, QString> expected{{QStringLiteral("a.b"), QStringLiteral("1")},
+                                          {QStringLiteral("a"), QStringLiteral("2")},
+                                          {QStringLiteral("b[0]"), QStringLiteral("3")},
+                                          {QStringLiteral("\"q\\"), QStringLiteral("4")},
+                                          {QStringLiteral(""), QStringLiteral("5")}};
+    EXPECT_EQ(installation.values().transactions, expected);
+}
+
+TEST(Installation, TaxModesBeyondTheNamedOnesAreLoadedAsNumbers) {
+    TemporaryInstallation installation;
+    installation.write(
+        QStringLiteral("models.json"),
+        R"({"Kvys": [{"taxMode": 3, "models": []}, {"taxMode": -1, "models": []}]})");
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    const auto& modes = installation.values().models[QStringLiteral("Kvys")];
+    ASSERT_EQ(modes.size(), 2);
+    EXPECT_EQ(modes.at(0).taxMode, 3);
+    EXPECT_EQ(modes.at(1).taxMode, -1);
+}
+
+TEST(Installation, ThreeThousandModelsAndVeryLongNamesAreRead) {
+    TemporaryInstallation installation;
+    const QByteArray name = QString(500, QChar(0x6E05)).toUtf8();
+    QByteArray text = R"({"Kvys": [{"taxMode": 0, "models": [)";
+    for (int i = 0; i < 3000; ++i) {
+        if (i > 0) text += ',';
+        text += "{\"name\": \"" + name + QByteArray::number(i) +
+                R"(", "key": "k", "description": "", "basis": [], "feeMode": ""})";
+    }
+    installation.write(QStringLiteral("models.json"), text + "]}]}");
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    const auto& models = installation.values().models[QStringLiteral("Kvys")].at(0).models;
+    ASSERT_EQ(models.size(), 3000);
+    EXPECT_EQ(models.at(2999).name.size(), 504);
+}
+
+TEST(Installation, HistoryIsKeptOnDiskAndMovesWithItsFolder) {
+    TemporaryInstallation installation;
+    const QString mine = QStringLiteral("bd##") + installation.path(QStringLiteral("P/甲.GCFX"));
+    const QString foreign = QStringLiteral("a\x1f") + QStringLiteral("b");
+    EXPECT_EQ(installation.values().addToHistory(foreign), QString());
+    EXPECT_EQ(installation.values().addToHistory(mine), QString());
+    EXPECT_EQ(installation.values().addToHistory(foreign), QString()) << "moves to the head";
+    EXPECT_EQ(installation.values().history, (QStringList{foreign, mine}));
+    EXPECT_FALSE(contentOf(installation.path(QStringLiteral("history.json")))
+                     .contains(installation.folder().toUtf8()));
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    EXPECT_EQ(installation.values().history, (QStringList{foreign, mine}));
+}
+
+TEST(Installation, WrittenSystemSettingsLeaveTheRestOfTheFileAsItWas) {
+    TemporaryInstallation installation;
+    const QByteArray before = sampleContent("settings.json");
+    installation.write(QStringLiteral("settings.json"), before);
+    ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
+    ProjectSettingSpace::SysSettingInfo info = helper->GetSysSettingInfo();
+    info.modelName = QStringLiteral("定额计价【四川2000定额】");
+    helper->SetSysSettingInfo(info, ProjectSettingSpace::SettingLocal);
+
+    const QByteArray after = contentOf(installation.path(QStringLiteral("settings.json")));
+    const int head = before.indexOf("\"systemSettings\"");
+    const int tail = before.indexOf("\"transactions\"");
+    EXPECT_EQ(after.left(head), before.left(head));
+    EXPECT_TRUE(after.endsWith(before.mid(tail)));
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    EXPECT_EQ(installation.values().systemSettings.modelName, info.modelName);
+    EXPECT_EQ(installation.values().systemSettings.estimateTemplate, info.estimateTemplate);
+}
+
+}  // namespace testing_support

@@ -1,0 +1,121 @@
+#include "workbench/app/CommandLine.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <cstdio>
+
+#include "workbench/scenario/TemporaryCopy.h"
+#include "workbench/scenario/hostSettings.h"
+
+namespace workbench {
+
+namespace {
+
+QString firstFolder(const char* inSources, const QString& name) {
+    const QString built = QString::fromUtf8(inSources);
+    if (QFileInfo(built).isDir()) return built;
+    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(name);
+}
+
+void describe(QCommandLineParser& parser) {
+    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
+    parser.setApplicationDescription(
+        text("Host for the dialog \"新建工程\".\n\n"
+             "Without a command it opens its window. Commands:\n"
+             "  play FILE...  plays scenario files and judges them\n"
+             "  tour          plays the tour and prints what crossed the boundary\n\n"
+             "Exit codes: 0 all as expected, 1 something differs, 2 wrong input."));
+    parser.addHelpOption();
+    parser.addOptions(
+        {{text("installation"),
+          text("Installation folder (default: a copy of the sample beside the program)."),
+          text("DIR")},
+         {text("journal"), text("Write the journal to this file."), text("FILE")},
+         {text("pictures"), text("Keep pictures in this folder."), text("DIR")},
+         {text("skin"), text("light or dark."), text("SKIN")},
+         {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
+         {text("watch"), text("Play visibly, at a person's pace.")}});
+    parser.addPositionalArgument(text("command"), text("play or tour."), text("[command]"));
+}
+
+bool readCommand(QStringList words, CommandLine& into, QString& error) {
+    const QString command = words.isEmpty() ? QString() : words.takeFirst();
+    if (command == QLatin1String("play")) {
+        into.command = Command::Play;
+        into.files = words;
+        if (words.isEmpty()) error = QStringLiteral("play: which files?");
+    } else if (command == QLatin1String("tour")) {
+        into.command = Command::Tour;
+        if (!words.isEmpty()) error = QStringLiteral("tour: unknown argument ") + words.first();
+    } else if (!command.isEmpty()) {
+        error = QStringLiteral("unknown command ") + command;
+    }
+    return error.isEmpty();
+}
+
+bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& error) {
+    into.skin = parser.value(QStringLiteral("skin"));
+    if (!QStringList{QString(), QStringLiteral("light"), QStringLiteral("dark")}.contains(
+            into.skin))
+        error = QStringLiteral("--skin: must be light or dark");
+    if (!parser.isSet(QStringLiteral("scale"))) return error.isEmpty();
+    QString scale = parser.value(QStringLiteral("scale"));
+    if (scale.endsWith(QLatin1Char('%'))) scale.chop(1);
+    into.scale = scaleFactor(scale.toDouble());
+    if (into.scale <= 0)
+        error = QStringLiteral("--scale: must be 100 to 300 percent, or a factor from 1 to 3");
+    return error.isEmpty();
+}
+
+}  // namespace
+
+QJsonObject CommandLine::hostSettings() const {
+    QJsonObject settings;
+    if (!skin.isEmpty()) settings.insert(QStringLiteral("skin"), skin);
+    if (scale > 0) settings.insert(QStringLiteral("scale"), scale);
+    return settings;
+}
+
+QString sampleInstallation() {
+    return firstFolder(WORKBENCH_SOURCE_DIR "/workbench/installation",
+                       QStringLiteral("installation"));
+}
+
+QString workingInstallation(QString& error) {
+    const QString folder = QDir(QCoreApplication::applicationDirPath())
+                               .absoluteFilePath(QStringLiteral("../workspace"));
+    const QString clean = QDir::cleanPath(folder);
+    if (!QFileInfo(clean).isDir()) error = copyFolder(sampleInstallation(), clean);
+    return clean;
+}
+
+QString scenarioFolder() {
+    return firstFolder(WORKBENCH_SOURCE_DIR "/tests/scenarios", QStringLiteral("scenarios"));
+}
+
+bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error) {
+    QCommandLineParser parser;
+    describe(parser);
+    if (!parser.parse(arguments)) {
+        error = parser.errorText();
+        return false;
+    }
+    if (parser.isSet(QStringLiteral("help"))) {
+        std::fputs(parser.helpText().toUtf8().constData(), stdout);
+        return false;
+    }
+    if (!readCommand(parser.positionalArguments(), into, error)) return false;
+    if (!readLook(parser, into, error)) return false;
+    const auto absolute = [&](const char* option) {
+        const QString path = parser.value(QLatin1String(option));
+        return path.isEmpty() ? path : QDir::current().absoluteFilePath(path);
+    };
+    into.installation = absolute("installation");
+    into.journal = absolute("journal");
+    into.pictures = absolute("pictures");
+    into.watch = parser.isSet(QStringLiteral("watch"));
+    return true;
+}
+
+}  // namespace workbench

@@ -1,0 +1,40 @@
+/// The program's command line.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+namespace workbench {
+
+enum class Command { Window, Play, Tour };
+
+struct CommandLine {
+    Command command = Command::Window;
+    QStringList files;     ///< Of `play`.
+    QString installation;  ///< Absolute folder.
+    QString journal;       ///< Empty: not written.
+    QString pictures;      ///< Empty: not kept.
+    QString skin;          ///< Empty: not given.
+    double scale = 0;      ///< A factor; 0: not given.
+    bool watch = false;
+
+    /// Skin and scale as a scenario has them.
+    QJsonObject hostSettings() const;
+};
+
+/// Reads the program's arguments.
+/// @param error set to what is wrong; empty where help was asked for and printed.
+/// @return whether the program is to go on.
+bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error);
+
+/// @return folder of the sample installation, and of the scenario files: in the source tree that
+///         the program was built from, else next to the program.
+QString sampleInstallation();
+/// The folder beside the program in which the window works where none is named: a copy of the
+/// sample, made at the first start, so that projects and history stay out of the sources.
+/// @param error set where the copy cannot be made.
+QString workingInstallation(QString& error);
+QString scenarioFolder();
+
+}  // namespace workbench

@@ -1,0 +1,91 @@
+#include "workbench/app/JournalModel.h"
+
+#include <QColor>
+
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/scenario/journalText.h"
+
+namespace workbench {
+
+namespace {
+
+QString kindOf(const QJsonObject& entry) {
+    return entry.value(QStringLiteral("kind")).toString();
+}
+
+QVariant textOf(const QJsonObject& entry, int column) {
+    switch (column) {
+        case JournalModel::Number:
+            return entry.value(QStringLiteral("seq")).toInt();
+        case JournalModel::Time:
+            return QStringLiteral("%1 ms").arg(entry.value(QStringLiteral("ms")).toDouble());
+        case JournalModel::Kind:
+            return kindText(kindOf(entry));
+        default:
+            return entryText(entry);
+    }
+}
+
+/// What a person looks for stands out; the many calls do not.
+QColor colourOf(const QString& kind) {
+    if (kind == QLatin1String("exception")) return colour(Tint::Danger);
+    if (kind == QLatin1String("call")) return colour(Tint::Text);
+    return colour(Tint::AccentLine);
+}
+
+}  // namespace
+
+JournalModel::JournalModel(QObject* parent)
+    : QAbstractTableModel(parent), entries(Journal::instance().entries()) {
+    connect(&Journal::instance(), &Journal::recorded, this, &JournalModel::append);
+    connect(&Journal::instance(), &Journal::cleared, this, &JournalModel::empty);
+}
+
+int JournalModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : entries.size();
+}
+
+int JournalModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant JournalModel::data(const QModelIndex& index, int role) const {
+    const QJsonObject& entry = entries[index.row()];
+    switch (role) {
+        case Qt::DisplayRole:
+            return textOf(entry, index.column());
+        case Qt::ToolTipRole:
+            return QString::fromUtf8(Journal::line(entry));
+        case Qt::ForegroundRole:
+            return colourOf(kindOf(entry));
+        case Qt::TextAlignmentRole:
+            return int(index.column() <= Time ? Qt::AlignRight | Qt::AlignVCenter
+                                              : Qt::AlignLeft | Qt::AlignVCenter);
+        case kindRole:
+            return kindOf(entry);
+        default:
+            return {};
+    }
+}
+
+QVariant JournalModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    static const QString titles[ColumnCount] = {QStringLiteral("序号"), QStringLiteral("时间"),
+                                                QStringLiteral("类别"), QStringLiteral("内容")};
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    return titles[section];
+}
+
+void JournalModel::append(const QJsonObject& entry) {
+    beginInsertRows({}, entries.size(), entries.size());
+    entries.append(entry);
+    endInsertRows();
+}
+
+void JournalModel::empty() {
+    beginResetModel();
+    entries.clear();
+    endResetModel();
+}
+
+}  // namespace workbench

@@ -1,0 +1,32 @@
+/// The journal as a table.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QJsonObject>
+#include <QVector>
+
+namespace workbench {
+
+class JournalModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    enum Column { Number, Time, Kind, Entry, ColumnCount };
+
+    explicit JournalModel(QObject* parent = nullptr);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// The kind of a row's entry as the journal has it, under this role.
+    static constexpr int kindRole = Qt::UserRole;
+
+  private:
+    void append(const QJsonObject& entry);
+    void empty();
+
+    QVector<QJsonObject> entries;
+};
+
+}  // namespace workbench

@@ -1,0 +1,115 @@
+#include "workbench/app/JournalPanel.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+
+#include "workbench/app/JournalModel.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/scenario/journalText.h"
+
+namespace workbench {
+
+namespace {
+
+/// Both a kind and a text must fit.
+class KindAndText : public QSortFilterProxyModel {
+  public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    QString kind;
+    QString text;
+
+  protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
+        const QModelIndex entry = sourceModel()->index(row, JournalModel::Entry, parent);
+        if (!kind.isEmpty() && entry.data(JournalModel::kindRole).toString() != kind) return false;
+        return entry.data().toString().contains(text, Qt::CaseInsensitive);
+    }
+};
+
+}  // namespace
+
+JournalPanel::JournalPanel(QWidget* parent)
+    : QWidget(parent),
+      filtered(new KindAndText(this)),
+      kind(new QComboBox),
+      text(new QLineEdit),
+      view(new QTreeView) {
+    filtered->setSourceModel(new JournalModel(this));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(makeFilterRow());
+    layout->addWidget(view);
+    makeView();
+    adaptToScale();
+    connect(&Host::instance(), &Host::scaleChanged, this, &JournalPanel::adaptToScale);
+}
+
+QWidget* JournalPanel::makeFilterRow() {
+    kind->addItem(QStringLiteral("全部类别"), QString());
+    for (const char* each : {"call", "signal", "dialog", "box", "exception", "project"})
+        kind->addItem(kindText(QLatin1String(each)), QLatin1String(each));
+    kind->setObjectName(QStringLiteral("journalKind"));
+    kind->setAccessibleName(QStringLiteral("日志类别"));
+    kind->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    text->setPlaceholderText(QStringLiteral("筛选：接口名、代码或文字"));
+    text->setClearButtonEnabled(true);
+    text->setObjectName(QStringLiteral("journalFilter"));
+    text->setAccessibleName(QStringLiteral("日志筛选"));
+    auto* clear = new QPushButton(QStringLiteral("清空"));
+    clear->setObjectName(QStringLiteral("journalClear"));
+    clear->setAccessibleName(QStringLiteral("清空日志"));
+    connect(kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &JournalPanel::applyFilter);
+    connect(text, &QLineEdit::textChanged, this, &JournalPanel::applyFilter);
+    connect(clear, &QPushButton::clicked, &Journal::instance(), &Journal::clear);
+
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(kind);
+    layout->addWidget(text, 1);
+    layout->addWidget(clear);
+    return row;
+}
+
+void JournalPanel::makeView() {
+    view->setModel(filtered);
+    view->setObjectName(QStringLiteral("journalView"));
+    view->setAccessibleName(QStringLiteral("日志"));
+    view->setRootIsDecorated(false);
+    view->setUniformRowHeights(true);
+    view->setAlternatingRowColors(true);
+    view->setFrameShape(QFrame::NoFrame);
+    connect(filtered, &QAbstractItemModel::rowsInserted, view, [this] {
+        // Whoever reads further up is left in peace.
+        QScrollBar* bar = view->verticalScrollBar();
+        if (bar->value() == bar->maximum())
+            QMetaObject::invokeMethod(view, &QTreeView::scrollToBottom, Qt::QueuedConnection);
+    });
+}
+
+void JournalPanel::adaptToScale() {
+    layout()->setContentsMargins(scaled(10), scaled(8), scaled(10), scaled(8));
+    layout()->setSpacing(scaled(6));
+    kind->setMinimumWidth(scaled(110));
+    view->header()->resizeSection(JournalModel::Number, scaled(60));
+    view->header()->resizeSection(JournalModel::Time, scaled(90));
+    view->header()->resizeSection(JournalModel::Kind, scaled(70));
+}
+
+void JournalPanel::applyFilter() {
+    auto* filter = static_cast<KindAndText*>(filtered);
+    filter->kind = kind->currentData().toString();
+    filter->text = text->text();
+    filter->invalidate();
+}
+
+}  // namespace workbench

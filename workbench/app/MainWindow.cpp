@@ -1,0 +1,205 @@
+#include "workbench/app/MainWindow.h"
+
+#include <QAction>
+#include <QDesktopServices>
+#include <QDir>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPointer>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QUrl>
+
+#include "dialog/NewProCfgDialog.h"
+#include "dialog/xzGcLxDialog.h"
+#include "workbench/app/HostPanel.h"
+#include "workbench/app/JournalPanel.h"
+#include "workbench/app/ProjectPanel.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/scenario/hostDialog.h"
+
+namespace workbench {
+
+namespace {
+
+const char* const pictureProperty = "picture";
+const int messageMs = 8000;
+
+/// What the skin leaves to the window: lines between its parts, and fields and switches that stand
+/// out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
+QString windowSheet() {
+    QString sheet = QStringLiteral(R"(
+QMainWindow::separator{background:@line;width:1px;height:1px}
+QSplitter::handle{background:@line;width:1px}
+QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:1px solid @line}
+QToolBar{border:none;border-bottom:1px solid @line;padding:#4#px #6#px;spacing:#4#px}
+QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
+QToolButton:hover{background:@title}
+QMenuBar{border-bottom:1px solid @line}
+QStatusBar{border-top:1px solid @line}
+QStatusBar::item{border:none}
+QTreeView::item{padding:#3#px #4#px}
+QLineEdit,QPlainTextEdit{background:@field;border:1px solid @border;border-radius:#4#px;
+padding:#3#px #4#px}
+QCheckBox::indicator:unchecked{background:@field;border:1px solid @border;border-radius:#3#px}
+)");
+    const std::pair<QLatin1String, Tint> tints[] = {{QLatin1String("@line"), Tint::Divider},
+                                                    {QLatin1String("@title"), Tint::Hover},
+                                                    {QLatin1String("@text"), Tint::Text},
+                                                    {QLatin1String("@field"), Tint::Field},
+                                                    {QLatin1String("@border"), Tint::Border}};
+    for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
+    for (const int size : {3, 4, 5, 6, 7, 8, 12})
+        sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(scaled(size)));
+    return sheet;
+}
+
+}  // namespace
+
+MainWindow::MainWindow()
+    : projects(new ProjectPanel),
+      tools(new QToolBar(QStringLiteral("工具栏"))),
+      count(new QLabel),
+      place(new QLabel) {
+    setWindowTitle(QStringLiteral("新建工程工作台"));
+    setCentralWidget(projects);
+    makeActions();
+    makeDocks();
+    makeStatusBar();
+    Host& host = Host::instance();
+    host.setMainWindow(this);
+    connect(&store, &ProjectStore::created, this, &MainWindow::showCreated);
+    connect(&store, &ProjectStore::failed, this,
+            [this](const QString& text) { statusBar()->showMessage(text); });
+    connect(&host, &Host::skinChanged, this, &MainWindow::adaptToLook);
+    connect(&host, &Host::scaleChanged, this, &MainWindow::adaptToLook);
+    adaptToLook();
+    showCount();
+    resize(scaled(1280), scaled(820));
+}
+
+MainWindow::~MainWindow() = default;
+
+QAction* MainWindow::addAction(const QString& text, const char* picture, const char* objectName) {
+    auto* action = new QAction(text, this);
+    action->setObjectName(QLatin1String(objectName));
+    action->setProperty(pictureProperty,
+                        QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(picture)));
+    tools->addAction(action);
+    return action;
+}
+
+void MainWindow::makeActions() {
+    QAction* fresh = addAction(QStringLiteral("新建工程"), "new", "newProjectAction");
+    fresh->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
+    fresh->setToolTip(QStringLiteral("新建工程（Ctrl+N）"));
+    QAction* choose = addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction");
+    choose->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+N")));
+    tools->addSeparator();
+    QAction* folder = addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction");
+    QAction* refresh = addAction(QStringLiteral("刷新"), "file", "refreshAction");
+    refresh->setShortcut(QKeySequence(QStringLiteral("F5")));
+    QAction* skin = addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction");
+    connect(fresh, &QAction::triggered, this, [this] { newProject(); });
+    connect(choose, &QAction::triggered, this, &MainWindow::chooseKind);
+    connect(refresh, &QAction::triggered, projects, &ProjectPanel::refresh);
+    connect(skin, &QAction::triggered, this, &MainWindow::toggleSkin);
+    connect(folder, &QAction::triggered, this, [] {
+        QDesktopServices::openUrl(
+            QUrl::fromLocalFile(Host::instance().installation().projectFolder()));
+    });
+    tools->setObjectName(QStringLiteral("tools"));
+    tools->setMovable(false);
+    tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    addToolBar(tools);
+    for (QAction* action : tools->actions())
+        if (QWidget* button = tools->widgetForAction(action))
+            button->setAccessibleName(action->text());
+    QMenu* menu = menuBar()->addMenu(QStringLiteral("工程"));
+    menu->addActions({fresh, choose, folder, refresh});
+    QMenu* view = menuBar()->addMenu(QStringLiteral("视图"));
+    view->setObjectName(QStringLiteral("viewMenu"));
+    view->addAction(skin);
+}
+
+void MainWindow::makeDocks() {
+    const auto add = [this](const QString& title, const char* name, QWidget* content,
+                            Qt::DockWidgetArea area) {
+        auto* dock = new QDockWidget(title);
+        dock->setObjectName(QLatin1String(name));
+        dock->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+        dock->setWidget(content);
+        addDockWidget(area, dock);
+        menuBar()
+            ->findChild<QMenu*>(QStringLiteral("viewMenu"))
+            ->addAction(dock->toggleViewAction());
+        return dock;
+    };
+    // The journal leaves the full height to the switches.
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    QDockWidget* host =
+        add(QStringLiteral("主程序开关"), "hostDock", new HostPanel, Qt::RightDockWidgetArea);
+    QDockWidget* journal =
+        add(QStringLiteral("边界日志"), "journalDock", new JournalPanel, Qt::BottomDockWidgetArea);
+    resizeDocks({host}, {scaled(290)}, Qt::Horizontal);
+    resizeDocks({journal}, {scaled(280)}, Qt::Vertical);
+}
+
+void MainWindow::makeStatusBar() {
+    statusBar()->addPermanentWidget(count);
+    statusBar()->addPermanentWidget(place);
+    place->setText(QStringLiteral("安装目录：%1")
+                       .arg(QDir::toNativeSeparators(Host::instance().installation().folder)));
+}
+
+void MainWindow::adaptToLook() {
+    setStyleSheet(windowSheet());
+    setWindowIcon(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), QSize(64, 64), 1));
+    const int side = scaled(18);
+    tools->setIconSize({side, side});
+    for (QAction* action : findChildren<QAction*>()) {
+        const QString picture = action->property(pictureProperty).toString();
+        if (!picture.isEmpty())
+            action->setIcon(pixmapOf(skinPicture(picture), {side, side}, devicePixelRatioF()));
+    }
+}
+
+void MainWindow::toggleSkin() {
+    Host& host = Host::instance();
+    host.setSkin(host.skin() == QLatin1String("dark") ? QStringLiteral("light")
+                                                      : QStringLiteral("dark"));
+}
+
+void MainWindow::newProject(const QString& kind) {
+    const QPointer<NewProCfgDialog> dialog = makeHostDialog({}, store, this);
+    QAction* entry = kind.isEmpty() ? nullptr : addKindEntry(dialog, kind);
+    // In the dialog's own event loop: cards that a change of kind replaces are only deleted there.
+    if (entry) QTimer::singleShot(0, dialog, [entry] { entry->trigger(); });
+    dialog->exec();
+    delete dialog;
+}
+
+void MainWindow::chooseKind() {
+    xzGcLxDialog chooser(this);
+    const int answer = chooser.exec();
+    if (answer == 4) newProject();
+    if (answer == 16) newProject(QStringLiteral("总承包工程"));
+}
+
+void MainWindow::showCreated(const QString& path) {
+    projects->refresh();
+    projects->select(path);
+    showCount();
+    statusBar()->showMessage(QStringLiteral("已创建工程文件：%1").arg(QFileInfo(path).fileName()),
+                             messageMs);
+}
+
+void MainWindow::showCount() {
+    count->setText(QStringLiteral("工程文件：%1 个").arg(projects->projectCount()));
+}
+
+}  // namespace workbench

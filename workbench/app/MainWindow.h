@@ -1,0 +1,44 @@
+/// The workbench's window: projects, the host's switches, and the journal.
+#pragma once
+
+#include <QMainWindow>
+
+#include "workbench/projects/ProjectStore.h"
+
+class QLabel;
+
+namespace workbench {
+
+class HostPanel;
+class ProjectPanel;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+  public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Opens the dialog "新建工程" and returns when it has closed.
+    /// @param kind ribbon entry to start with; empty for the dialog's own.
+    void newProject(const QString& kind = QString());
+    /// Asks for the kind first.
+    void chooseKind();
+
+  private:
+    void makeActions();
+    QAction* addAction(const QString& text, const char* picture, const char* objectName);
+    void makeDocks();
+    void makeStatusBar();
+    void adaptToLook();
+    void toggleSkin();
+    void showCreated(const QString& path);
+    void showCount();
+
+    ProjectStore store;
+    ProjectPanel* projects;
+    QToolBar* tools;
+    QLabel* count;
+    QLabel* place;
+};
+
+}  // namespace workbench

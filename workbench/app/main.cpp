@@ -1,0 +1,85 @@
+#include <QApplication>
+#include <cstdio>
+
+#include "workbench/app/CommandLine.h"
+#include "workbench/app/MainWindow.h"
+#include "workbench/app/playCommands.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/scenario/hostSettings.h"
+
+namespace {
+
+using workbench::Command;
+using workbench::CommandLine;
+
+int wrong(const QString& error) {
+    std::fprintf(stderr, "%s\n", error.toUtf8().constData());
+    return 2;
+}
+
+/// Without a display and a session nothing can be raised or grabbed, and nobody needs to know.
+void passOn(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    if (text.startsWith(QLatin1String("This plugin does not support"))) return;
+    if (text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"))) return;
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+/// Playing needs no display; the window does.
+void choosePlatform(Command command) {
+    const bool display =
+        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (command == Command::Window) return;
+    qInstallMessageHandler(passOn);
+    if (!display && !chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// The command decides on the platform, so that it is read before the application exists.
+bool readArguments(int& argc, char** argv, CommandLine& line, QString& error) {
+    const QCoreApplication reading(argc, argv);
+    return workbench::readCommandLine(QCoreApplication::arguments(), line, error);
+}
+
+int showWindow(const CommandLine& line) {
+    workbench::Host& host = workbench::Host::instance();
+    QString error;
+    const QString folder =
+        line.installation.isEmpty() ? workbench::workingInstallation(error) : line.installation;
+    if (error.isEmpty()) error = host.loadInstallation(folder);
+    if (!error.isEmpty()) return wrong(error);
+    workbench::applyHostSettings(line.hostSettings(), folder);
+    workbench::MainWindow window;
+    window.show();
+    return QApplication::exec();
+}
+
+int run(const CommandLine& line) {
+    switch (line.command) {
+        case Command::Play:
+            return workbench::playFiles(line);
+        case Command::Tour:
+            return workbench::playTour(line);
+        case Command::Window:
+            break;
+    }
+    return showWindow(line);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    CommandLine line;
+    QString error;
+    if (!readArguments(argc, argv, line, error)) return error.isEmpty() ? 0 : wrong(error);
+    choosePlatform(line.command);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
+    QApplication::setQuitOnLastWindowClosed(line.command == Command::Window);
+    if (!line.journal.isEmpty() && !workbench::Journal::instance().setFile(line.journal))
+        return wrong(line.journal + QStringLiteral(": cannot be written"));
+    workbench::applySkin();
+    return run(line);
+}

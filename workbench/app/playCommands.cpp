@@ -1,0 +1,113 @@
+#include "workbench/app/playCommands.h"
+
+#include <QDir>
+#include <cstdio>
+
+#include "workbench/scenario/Player.h"
+#include "workbench/scenario/journalText.h"
+
+namespace workbench {
+
+namespace {
+
+const int widestLine = 180;
+
+void print(const QString& line) {
+    std::fputs(line.toUtf8().constData(), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+void complain(const QString& line) {
+    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+}
+
+QString shortened(const QString& line) {
+    return line.size() <= widestLine ? line : line.left(widestLine - 1) + QChar(0x2026);
+}
+
+PlayOptions optionsOf(const CommandLine& line) {
+    PlayOptions options;
+    options.installation = line.installation.isEmpty() ? sampleInstallation() : line.installation;
+    options.pictureFolder = line.pictures;
+    options.watch = line.watch;
+    options.host = line.hostSettings();
+    return options;
+}
+
+/// Reads all files before the first is played: a wrong one is no reason to stop half-way.
+bool readAll(const QStringList& files, QVector<Scenario>& scenarios) {
+    bool right = true;
+    for (const QString& file : files) {
+        Scenario scenario;
+        QString error;
+        if (readScenario(file, scenario, error)) {
+            scenarios.append(scenario);
+        } else {
+            complain(error);
+            right = false;
+        }
+    }
+    return right;
+}
+
+int reported(const Scenario& scenario, const PlayResult& result) {
+    if (!result.unplayable.isEmpty()) {
+        complain(QStringLiteral("%1: %2").arg(scenario.file, result.unplayable));
+        return 2;
+    }
+    print(
+        (result.asExpected() ? QStringLiteral("as expected  ") : QStringLiteral("DIFFERS      ")) +
+        scenario.title);
+    if (!result.ended.isEmpty()) print(QStringLiteral("  ended early: ") + result.ended);
+    for (const QString& difference : result.differences) print(QStringLiteral("  ") + difference);
+    return result.asExpected() ? 0 : 1;
+}
+
+void printJournal(const PlayResult& result) {
+    for (const QJsonObject& entry : result.journal)
+        print(shortened(entryLine(entry).replace(result.folder, QLatin1String("{installation}"))));
+}
+
+}  // namespace
+
+int playFiles(const CommandLine& line) {
+    QVector<Scenario> scenarios;
+    if (!readAll(line.files, scenarios)) return 2;
+    const PlayOptions options = optionsOf(line);
+    int worst = 0;
+    for (const Scenario& scenario : scenarios)
+        worst = qMax(worst, reported(scenario, play(scenario, options)));
+    return worst;
+}
+
+int playTour(const CommandLine& line) {
+    CommandLine tour = line;
+    if (tour.pictures.isEmpty())
+        tour.pictures = QDir::current().absoluteFilePath(QStringLiteral("pictures"));
+    const QDir folder(scenarioFolder());
+    for (const QString& name : folder.entryList({QStringLiteral("tour-*.json")}, QDir::Files))
+        tour.files.append(folder.absoluteFilePath(name));
+    QVector<Scenario> scenarios;
+    if (!readAll(tour.files, scenarios)) return 2;
+    if (scenarios.isEmpty()) {
+        complain(QStringLiteral("%1: no tour-*.json").arg(folder.path()));
+        return 2;
+    }
+    const PlayOptions options = optionsOf(tour);
+    int worst = 0;
+    QStringList pictures;
+    for (const Scenario& scenario : scenarios) {
+        print(QStringLiteral("\n%1\n%2")
+                  .arg(scenario.title, QString(2 * scenario.title.size(), QLatin1Char('-'))));
+        const PlayResult result = play(scenario, options);
+        printJournal(result);
+        worst = qMax(worst, reported(scenario, result));
+        pictures += result.pictures;
+    }
+    print(QStringLiteral("\n%1 pictures in %2").arg(pictures.size()).arg(tour.pictures));
+    for (const QString& picture : pictures) print(QStringLiteral("  ") + picture);
+    return worst;
+}
+
+}  // namespace workbench

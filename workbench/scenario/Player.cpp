@@ -1,0 +1,147 @@
+#include "workbench/scenario/Player.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
+#include <exception>
+
+#include "workbench/scenario/Watchdog.h"
+#include "workbench/scenario/targets.h"
+#include "workbench/scenario/verbs.h"
+
+namespace workbench {
+
+namespace {
+
+const int glanceMs = 5;    ///< Between two looks for a target.
+const int personMs = 900;  ///< Between two steps at a person's pace.
+const int hangMs = 20000;  ///< Beyond the step limit, before the process is ended.
+
+}  // namespace
+
+Player::Player(const Scenario& scenario, const PlayOptions& options, Stage& stage)
+    : scenario(scenario), options(options), stage(stage) {
+    stage.opened = [this](NewProCfgDialog* dialog) { watchDialog(dialog); };
+}
+
+Player::~Player() = default;
+
+QString Player::run() {
+    watchdog = std::make_unique<Watchdog>(std::chrono::milliseconds(options.stepLimit + hangMs));
+    stepClock.start();
+    QTimer::singleShot(0, this, &Player::tick);
+    loop.exec();
+    watchdog.reset();
+    return reason;
+}
+
+void Player::goOn() {
+    const bool freshStep = !planning;
+    const int pause = options.watch && freshStep ? personMs : 0;
+    QTimer::singleShot(pause, this, &Player::tick);
+}
+
+bool Player::mustWait() const {
+    // A deed that has brought up a window waits for what the next steps do there. One that has not
+    // is still working, such as waiting for a slow cloud disk.
+    if (busy.isEmpty()) return false;
+    const QWidget* top = topWindow();
+    return !top || top == busy.last();
+}
+
+bool Player::takeNextStep() {
+    if (planning) return true;
+    if (step + 1 >= scenario.steps.size()) return false;
+    ++step;
+    stepClock.restart();
+    watchdog->feed(place());
+    const Step& now = scenario.steps[step];
+    const Verb* verb = verbNamed(now.verb);
+    const QJsonObject args = filledIn(now.args, stage.folder).toObject();
+    planning = [this, verb, args] { return verb->plan(stage, args); };
+    return true;
+}
+
+void Player::tick() {
+    if (over) return clearUp();
+    if (mustWait()) {
+        if (stepClock.elapsed() > options.stepLimit)
+            end(QStringLiteral("the step has not come to its end"));
+        QTimer::singleShot(glanceMs, this, &Player::tick);
+        return;
+    }
+    if (takeNextStep()) return attempt(planning());
+    const QWidget* top = topWindow();
+    end(top && top != stage.dialog ? QStringLiteral("a window is left open: %1").arg(described(top))
+                                   : QString());
+    QTimer::singleShot(0, this, &Player::tick);
+}
+
+void Player::attempt(const Plan& plan) {
+    if (plan.deed) return perform(plan);
+    const bool late = stepClock.elapsed() > options.stepLimit;
+    if (plan.hopeless || late) {
+        const QWidget* top = topWindow();
+        const bool stranger = late && top && top != stage.dialog;
+        end(stranger ? QStringLiteral("%1; open is %2").arg(plan.lacking, described(top))
+                     : plan.lacking);
+    }
+    QTimer::singleShot(glanceMs, this, &Player::tick);
+}
+
+void Player::perform(const Plan& plan) {
+    planning = plan.then;
+    busy.append(topWindow());
+    goOn();
+    try {
+        plan.deed();
+    } catch (const std::exception& escaped) {
+        end(QStringLiteral("an exception escaped: ") + QString::fromLocal8Bit(escaped.what()));
+    } catch (...) {
+        end(QStringLiteral("an exception escaped"));
+    }
+    busy.removeLast();
+}
+
+void Player::end(const QString& why) {
+    if (over) return;
+    over = true;
+    if (!why.isEmpty()) reason = place() + QStringLiteral(": ") + why;
+    Q_EMIT ending();
+}
+
+void Player::clearUp() {
+    QWidget* top = topWindow();
+    if (!top && busy.isEmpty()) return loop.quit();
+    if (auto* dialog = qobject_cast<QDialog*>(top))
+        dialog->reject();
+    else if (top)
+        top->close();
+    QTimer::singleShot(glanceMs, this, &Player::tick);
+}
+
+QString Player::place() const {
+    if (step < 0) return scenario.file;
+    return QStringLiteral("%1: steps[%2] %3")
+        .arg(scenario.file)
+        .arg(step)
+        .arg(scenario.steps[step].verb);
+}
+
+void Player::watchDialog(NewProCfgDialog* dialog) {
+    // The dialog may be done in the middle of a slot of its own: never delete it at once.
+    connect(dialog, &QDialog::finished, this, [this, dialog] {
+        if (!dialogNeededLater()) dialog->deleteLater();
+    });
+}
+
+bool Player::dialogNeededLater() const {
+    for (int i = step + 1; i < scenario.steps.size(); ++i) {
+        const QString& verb = scenario.steps[i].verb;
+        if (verb == QLatin1String("open")) return false;
+        if (verb == QLatin1String("call") || verb == QLatin1String("check")) return true;
+    }
+    return false;
+}
+
+}  // namespace workbench

@@ -1,0 +1,84 @@
+/// Plays a scenario on the real dialog.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QObject>
+#include <QVector>
+#include <memory>
+
+#include "workbench/projects/ProjectStore.h"
+#include "workbench/scenario/Stage.h"
+
+namespace workbench {
+
+class Watchdog;
+
+struct PlayOptions {
+    QString installation;   ///< For scenarios that name none.
+    QString pictureFolder;  ///< Empty: pictures are not kept.
+    QJsonObject host;       ///< Settings under those of the scenario.
+    bool watch = false;     ///< At a person's pace, with a main window.
+    int stepLimit = 10000;  ///< Milliseconds that a step may take.
+};
+
+struct PlayResult {
+    QString unplayable;       ///< Why the scenario could not be set up; empty if it could.
+    QString ended;            ///< Why it ended before its last step; empty if it did not.
+    QStringList differences;  ///< From expectations and checks.
+    QStringList pictures;     ///< Files written.
+    QString folder;           ///< The temporary installation, which is gone by now.
+    QVector<QJsonObject> journal;
+
+    bool asExpected() const {
+        return unplayable.isEmpty() && ended.isEmpty() && differences.isEmpty();
+    }
+};
+
+/// Plays one scenario on a temporary copy of its installation. The host is reset before and after,
+/// and the journal starts anew. It always returns: a step that finds no target in time, or a modal
+/// window that no step expects, ends the scenario.
+PlayResult play(const Scenario& scenario, const PlayOptions& options);
+
+/// Runs the steps from the event loop, one by one. A step's deed may open a modal window with an
+/// event loop of its own; the next step then runs inside that loop.
+class Player : public QObject {
+    Q_OBJECT
+  public:
+    Player(const Scenario& scenario, const PlayOptions& options, Stage& stage);
+    ~Player() override;
+
+    /// @return empty when every step was done; else the reason why not.
+    QString run();
+
+  Q_SIGNALS:
+    /// The last step is done, or the reason to end is known; windows are not closed yet.
+    void ending();
+
+  private:
+    void tick();
+    void goOn();
+    bool mustWait() const;
+    bool takeNextStep();
+    void attempt(const Plan& plan);
+    void perform(const Plan& plan);
+    void end(const QString& reason);
+    void clearUp();
+    QString place() const;
+    void watchDialog(NewProCfgDialog* dialog);
+    bool dialogNeededLater() const;
+
+    const Scenario& scenario;
+    const PlayOptions& options;
+    Stage& stage;
+    QEventLoop loop;
+    QElapsedTimer stepClock;
+    std::unique_ptr<Watchdog> watchdog;
+    int step = -1;                   ///< Index of the current step.
+    std::function<Plan()> planning;  ///< What is left of the current step; empty: it is done.
+    QVector<const QWidget*> busy;    ///< Per running deed: the window on top when it began.
+    QString reason;
+    bool over = false;
+};
+
+}  // namespace workbench

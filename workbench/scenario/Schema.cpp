@@ -1,0 +1,89 @@
+#include "workbench/scenario/Schema.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <algorithm>
+
+namespace workbench {
+
+namespace {
+
+void requireType(const JsonPlace& place, QJsonValue::Type type, const char* description) {
+    if (place.raw().type() != type)
+        place.fail(QLatin1String("must be ") + QLatin1String(description));
+}
+
+void requireWord(const JsonPlace& place, const Field& field) {
+    if (!field.words.contains(place.text()))
+        place.fail(QStringLiteral("must be one of \"%1\"")
+                       .arg(field.words.join(QStringLiteral("\", \""))));
+}
+
+void requireTruths(const JsonPlace& map) {
+    requireType(map, QJsonValue::Object, "an object");
+    for (const QString& key : map.memberNames()) {
+        bool whole = false;
+        key.toInt(&whole);
+        if (!whole) map.member(key).fail(QStringLiteral("the key must be a whole number"));
+        map.member(key).boolean();
+    }
+}
+
+/// Reading a value as what it must be throws where it is not.
+void requireShape(const JsonPlace& place, const Field& field) {
+    switch (field.shape) {
+        case Shape::Text:
+            place.text();
+            break;
+        case Shape::Whole:
+            place.integer();
+            break;
+        case Shape::Number:
+            requireType(place, QJsonValue::Double, "a number");
+            break;
+        case Shape::Truth:
+            place.boolean();
+            break;
+        case Shape::Texts:
+            place.texts();
+            break;
+        case Shape::Array:
+            place.items();
+            break;
+        case Shape::Word:
+            requireWord(place, field);
+            break;
+        case Shape::Words:
+            if (!place.raw().isArray()) return requireWord(place, field);
+            for (const JsonPlace& item : place.items()) requireWord(item, field);
+            break;
+        case Shape::TextMap:
+            place.textMap();
+            break;
+        case Shape::TruthMap:
+            requireTruths(place);
+            break;
+        case Shape::Object:
+            requireFields(place, field.members);
+            break;
+        case Shape::Objects:
+            for (const JsonPlace& item : place.items()) requireFields(item, field.members);
+            break;
+        case Shape::Anything:
+            break;
+    }
+}
+
+}  // namespace
+
+void requireFields(const JsonPlace& object, const Fields& fields) {
+    requireType(object, QJsonValue::Object, "an object");
+    QStringList keys;
+    for (const Field& field : fields) keys.append(field.key);
+    object.allowOnly(keys);
+    for (const Field& field : fields)
+        if (field.required || object.raw().toObject().contains(field.key))
+            requireShape(object.member(field.key), field);
+}
+
+}  // namespace workbench

@@ -1,0 +1,43 @@
+/// Strict reading of JSON by tables: which members an object may have, and of what shape.
+#pragma once
+
+#include <QStringList>
+#include <QVector>
+
+#include "workbench/hostlibs/common/JsonReader.h"
+
+namespace workbench {
+
+enum class Shape {
+    Text,
+    Whole,  ///< A number without fraction.
+    Number,
+    Truth,
+    Texts,  ///< An array of texts.
+    Array,  ///< An array of anything.
+    Anything,
+    Word,      ///< One of the field's words.
+    Words,     ///< One of the field's words, or an array of them.
+    TextMap,   ///< An object of texts under any keys.
+    TruthMap,  ///< An object of true and false under whole numbers as keys.
+    Object,    ///< An object of the field's members.
+    Objects    ///< An array of such objects.
+};
+
+struct Field;
+using Fields = QVector<Field>;
+
+/// One member that an object may have.
+struct Field {
+    QString key;
+    Shape shape = Shape::Text;
+    bool required = false;
+    QStringList words = {};  ///< For Word and Words.
+    Fields members = {};     ///< For Object and Objects.
+};
+
+/// Throws JsonError for the first member that is unknown, missing or of another shape, or if the
+/// place holds no object.
+void requireFields(const JsonPlace& object, const Fields& fields);
+
+}  // namespace workbench

@@ -1,0 +1,34 @@
+#include "workbench/scenario/Stage.h"
+
+#include "workbench/scenario/hostDialog.h"
+#include "workbench/scenario/targets.h"
+
+namespace workbench {
+
+void Stage::openDialog() {
+    delete dialog;
+    dialog = makeHostDialog(setup, *store, mainWindow);
+    if (opened) opened(dialog);
+    showHostDialog(dialog);
+}
+
+QWidget* Stage::window() const {
+    if (QWidget* top = topWindow()) return top;
+    return dialog && dialog->isVisible() ? dialog.data() : nullptr;
+}
+
+QString Stage::trouble() const {
+    QWidget* top = topWindow();
+    if (top && top != dialog)
+        return QStringLiteral("an unexpected window is open: %1").arg(described(top));
+    if (!dialog) return QStringLiteral("no dialog is open");
+    if (!dialog->isVisible()) return QStringLiteral("the dialog is closed");
+    return {};
+}
+
+QString described(const QWidget* window) {
+    return QStringLiteral("%1 \"%2\"")
+        .arg(QLatin1String(window->metaObject()->className()), window->windowTitle());
+}
+
+}  // namespace workbench

@@ -1,0 +1,62 @@
+#include "workbench/scenario/hostDialog.h"
+
+#include <QJsonArray>
+
+#include "dialog/NewProCfgDialog.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/journal/toJson.h"
+#include "workbench/projects/ProjectStore.h"
+
+namespace workbench {
+
+namespace {
+
+void journalSignals(NewProCfgDialog* dialog) {
+    Journal* journal = &Journal::instance();
+    QObject::connect(dialog, &NewProCfgDialog::SignalCreateCJZInt, journal,
+                     [journal](int code, int value) {
+                         journal->signal(QStringLiteral("SignalCreateCJZInt"), {code, value});
+                     });
+    QObject::connect(dialog, &NewProCfgDialog::SignalCreateCJZString, journal,
+                     [journal](int code, const QString& text) {
+                         journal->signal(QStringLiteral("SignalCreateCJZString"), {code, text});
+                     });
+    QObject::connect(dialog, &NewProCfgDialog::SignalCreateMB, journal,
+                     [journal](int type, int code, const QString& path) {
+                         journal->signal(QStringLiteral("SignalCreateMB"), {type, code, path});
+                     });
+    QObject::connect(
+        dialog, &NewProCfgDialog::SignalCreatePro, journal,
+        [journal](int type, int code, const QVariant& map) {
+            journal->signal(QStringLiteral("SignalCreatePro"), {type, code, toJson(map)});
+        });
+}
+
+}  // namespace
+
+NewProCfgDialog* makeHostDialog(const DialogSetup& setup, ProjectStore& store, QWidget* parent) {
+    Host& host = Host::instance();
+    auto* dialog = new NewProCfgDialog(setup.hostMode, setup.showImportTender, parent);
+    // The journal comes first: a project stands behind the signal that asked for it.
+    journalSignals(dialog);
+    QObject::connect(dialog, &NewProCfgDialog::SignalCreatePro, &store,
+                     &ProjectStore::createFromModel);
+    QObject::connect(dialog, &NewProCfgDialog::SignalCreateMB, &store,
+                     &ProjectStore::createFromTemplate);
+    dialog->SetIsFirstPageOpen(host.switches().firstPage != FirstPage::Absent);
+    dialog->SetLsjl(setup.history.value_or(host.installation().history));
+    return dialog;
+}
+
+QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind) {
+    auto* mainPage = dialog->findChild<QWidget*>(QStringLiteral("pMiddlePanelV"));
+    return mainPage ? dialog->addXjPage({QString(), kind, 0}, mainPage) : nullptr;
+}
+
+void showHostDialog(NewProCfgDialog* dialog) {
+    dialog->setWindowModality(Qt::ApplicationModal);
+    dialog->show();
+}
+
+}  // namespace workbench

@@ -1,0 +1,26 @@
+/// Makes the dialog as a host does.
+#pragma once
+
+#include "workbench/scenario/Scenario.h"
+
+class NewProCfgDialog;
+class QAction;
+class QWidget;
+
+namespace workbench {
+
+class ProjectStore;
+
+/// Makes the dialog over the current installation, hands it the history list and the first-page
+/// flag, journals its signals and hands its creation requests to the store.
+/// @return the dialog, not yet shown, owned by the caller (and by `parent`).
+NewProCfgDialog* makeHostDialog(const DialogSetup& setup, ProjectStore& store, QWidget* parent);
+
+/// Adds a ribbon entry for a kind that the dialog's own ribbon does not offer. Such kinds share the
+/// main page. @return the entry's action; null if it could not be added.
+QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind);
+
+/// Shows the dialog as a modal window and returns at once.
+void showHostDialog(NewProCfgDialog* dialog);
+
+}  // namespace workbench

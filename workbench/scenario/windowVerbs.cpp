@@ -1,0 +1,162 @@
+#include <QApplication>
+#include <QDir>
+#include <QJsonArray>
+#include <QPixmap>
+
+#include "workbench/scenario/Stage.h"
+#include "workbench/scenario/hands.h"
+#include "workbench/scenario/journalText.h"
+#include "workbench/scenario/slotCall.h"
+#include "workbench/scenario/targets.h"
+#include "workbench/scenario/verbs.h"
+
+namespace workbench {
+
+namespace {
+
+QString text(const QJsonObject& args, const char* key) {
+    return args.value(QLatin1String(key)).toString();
+}
+
+Plan noWindow() {
+    return Plan::giveUp(QStringLiteral("no window is open"));
+}
+
+Plan nothingCalled(const QWidget* window, const QString& on) {
+    return Plan::wait(QStringLiteral("%1 has nothing called \"%2\"").arg(described(window), on));
+}
+
+Plan excel(Stage&, const QJsonObject& args) {
+    QWidget* window = topWindow();
+    if (!window || !window->inherits("importExcelSelFile"))
+        return Plan::wait(QStringLiteral("the Excel import dialog is not open"));
+    const QString choose = text(args, "choose");
+    if (choose == QLatin1String("close")) return Plan::act([window] { pressClose(window); });
+    const bool folder = choose == QLatin1String("folder");
+    auto* button = window->findChild<QWidget*>(QLatin1String(folder ? "btnSelDir" : "btnSelFile"));
+    if (!button) return Plan::giveUp(QStringLiteral("the Excel import dialog has no such button"));
+    const QString reason = unreachable(button);
+    if (!reason.isEmpty()) return Plan::wait(QStringLiteral("the button: ") + reason);
+    return Plan::act([button] { press(button); });
+}
+
+Plan history(Stage& stage, const QJsonObject& args) {
+    const QStringList entries = args.value(QLatin1String("entries")).toVariant().toStringList();
+    return Plan::act([&stage, entries] {
+        stage.setup.history = entries;
+        if (stage.dialog) stage.dialog->SetLsjl(entries);
+    });
+}
+
+Plan call(Stage& stage, const QJsonObject& args) {
+    if (!stage.dialog) return Plan::giveUp(QStringLiteral("there is no dialog"));
+    QString error;
+    const auto deed = slotCall(stage.dialog, text(args, "slot"),
+                               args.value(QLatin1String("args")).toArray(), error);
+    return deed ? Plan::act(deed) : Plan::giveUp(error);
+}
+
+Plan key(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window) return noWindow();
+    const QString keys = text(args, "key");
+    if (!isKey(keys)) return Plan::giveUp(QStringLiteral("there is no key \"%1\"").arg(keys));
+    const QString on = text(args, "on");
+    QWidget* target = on.isEmpty() ? window->focusWidget() : anything(window, on);
+    if (on.isEmpty() && !target) target = window;
+    if (!target) return nothingCalled(window, on);
+    return Plan::act([target, keys] {
+        target->setFocus();
+        pressKey(target, keys);
+    });
+}
+
+Plan click(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window) return noWindow();
+    const QString on = text(args, "on");
+    QWidget* target = anything(window, on);
+    if (!target) return nothingCalled(window, on);
+    bringIntoSight(target);
+    const QString reason = unreachable(target);
+    if (!reason.isEmpty())
+        return Plan::wait(QStringLiteral("\"%1\" cannot be clicked: %2").arg(on, reason));
+    return Plan::act([target] { press(target); });
+}
+
+void compare(Stage& stage, const QWidget* target, const QJsonObject& args) {
+    const QString property = text(args, "property");
+    const QVariant value = target->property(property.toLatin1().constData());
+    const QJsonValue have =
+        value.isValid() ? QJsonValue::fromVariant(value) : QJsonValue(QJsonValue::Undefined);
+    const QJsonValue want = args.value(QLatin1String("is"));
+    if (have == want) return;
+    stage.differences.append(
+        QStringLiteral("check: %1 of \"%2\"\n    expected: %3\n    found:    %4")
+            .arg(property, text(args, "on"), valueText(want), valueText(have)));
+}
+
+Plan check(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window) window = stage.dialog;
+    if (!window) return noWindow();
+    const QString on = text(args, "on");
+    QWidget* target = on.isEmpty() ? window : anything(window, on);
+    if (!target) return nothingCalled(window, on);
+    return Plan::act([&stage, target, args] { compare(stage, target, args); });
+}
+
+Plan picture(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window) return noWindow();
+    return Plan::act([&stage, window, args] {
+        if (stage.pictureFolder.isEmpty()) return;
+        const QString file = QDir(stage.pictureFolder).absoluteFilePath(text(args, "file"));
+        if (QDir().mkpath(QFileInfo(file).path()) && window->grab().save(file))
+            stage.pictures.append(file);
+        else
+            stage.differences.append(QStringLiteral("picture: %1 cannot be written").arg(file));
+    });
+}
+
+Plan close(Stage& stage, const QJsonObject&) {
+    QWidget* window = stage.window();
+    if (!window) return noWindow();
+    return Plan::act([window] { pressClose(window); });
+}
+
+Field needed(const char* key, Shape shape = Shape::Text) {
+    return {QLatin1String(key), shape, true};
+}
+
+Field optional(const char* key, Shape shape = Shape::Text) {
+    return {QLatin1String(key), shape, false};
+}
+
+}  // namespace
+
+const QVector<Verb>& windowVerbs() {
+    static const QStringList sources = {QStringLiteral("file"), QStringLiteral("folder"),
+                                        QStringLiteral("close")};
+    static const QVector<Verb> verbs = {
+        {QStringLiteral("excel"), {{QStringLiteral("choose"), Shape::Word, true, sources}}, excel},
+        {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
+        {QStringLiteral("call"), {needed("slot"), optional("args", Shape::Array)}, call},
+        {QStringLiteral("key"), {needed("key"), optional("on")}, key},
+        {QStringLiteral("click"), {needed("on")}, click},
+        {QStringLiteral("check"),
+         {optional("on"), needed("property"), needed("is", Shape::Anything)},
+         check},
+        {QStringLiteral("picture"), {needed("file")}, picture},
+        {QStringLiteral("close"), {}, close}};
+    return verbs;
+}
+
+const Verb* verbNamed(const QString& name) {
+    for (const QVector<Verb>* verbs : {&dialogVerbs(), &windowVerbs()})
+        for (const Verb& verb : *verbs)
+            if (verb.name == name) return &verb;
+    return nullptr;
+}
+
+}  // namespace workbench
