@@ -5,6 +5,9 @@ test_packages="libgtest-dev librapidcheck-dev binutils"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
 
+# Qt takes file names in the locale's encoding, and the installation's names are Chinese.
+[ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
+
 # need PACKAGE...: makes sure that the packages are installed, or says what to do and ends.
 need() {
     missing=

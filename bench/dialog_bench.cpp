@@ -40,6 +40,10 @@ void useModels(int count) {
     installation.models.clear();
     installation.pricing.clear();
     installation.models[QStringLiteral("Kvys")] << entry;
+    // A record without fee modes for each model: the card searches, and keeps its plain button.
+    for (const TaxTemplateInfo& info : entry.models) {
+        installation.pricing[QStringLiteral("Kvys")][info.key].key = info.key;
+    }
 }
 
 void paint(QWidget& window) {

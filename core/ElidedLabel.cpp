@@ -26,9 +26,11 @@ ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* p
 }
 
 QSize ElidedLabel::sizeHint() const {
-    const bool ownWidth = sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
-    // Without measuring the text, which is what makes a list of labels slow.
-    return ownWidth ? zBaseLabel::sizeHint() : QSize(0, fontMetrics().height());
+    return guardedOr("ElidedLabel", "ElidedLabel::sizeHint", QSize(), [this] {
+        const bool ownWidth = sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
+        // Without measuring the text, which is what makes a list of labels slow.
+        return ownWidth ? zBaseLabel::sizeHint() : QSize(0, fontMetrics().height());
+    });
 }
 
 QSize ElidedLabel::minimumSizeHint() const {

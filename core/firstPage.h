@@ -1,4 +1,4 @@
-/// The host's first-page service, which every creation flow asks first.
+/// The host's first-page service, which the creation flows ask.
 #pragma once
 
 class FirstPagePlugin;

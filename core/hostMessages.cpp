@@ -48,7 +48,7 @@ QVariantMap newProjectMap(const ProjectSettingSpace::TaxTemplateInfo& model) {
 }
 
 PluginMessage pageMessage(const QVariantMap& values, int kind) {
-    PluginMessage message{kind, NoCase, {}};
+    PluginMessage message{kind, NoMessageCode, {}};
     const auto copy = [&](QLatin1String key) {
         message.body.insert(key, values.value(key).toString());
     };
@@ -62,7 +62,7 @@ PluginMessage pageMessage(const QVariantMap& values, int kind) {
     message.body.insert(QLatin1String("GcLx"),
                         values.value(QStringLiteral("TemplateName")).toString());
     if (hasBits(kind, 4 | 2)) {
-        // No "apptype" here: deliberate, the estimate's plug-in takes it from its template.
+        // No "apptype" here: deliberate.
         message.code = CreateEstimate;
         copy(QLatin1String("GsMb"));
         copy(file);

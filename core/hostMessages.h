@@ -15,7 +15,7 @@ namespace newpro {
 
 /// Codes of the creation signals and messages.
 enum MessageCode {
-    NoCase = 0,
+    NoMessageCode = 0,
     CreateBudget = 100,
     CreateEstimate = 102,
     CreateFromFile = 103,
@@ -35,7 +35,7 @@ extern const QString perUnitFee;       ///< "单独计费"
 /// A message to a plug-in.
 struct PluginMessage {
     int client = UnknownProgram;  ///< The plug-in's program type.
-    int code = NoCase;
+    int code = NoMessageCode;
     QJsonObject body;
 
     /// Adds "client_pid", the number of the plug-in addressed.

@@ -21,7 +21,7 @@ class ListItemPool {
 
     /// Takes over an item that stands in no list.
     void keep(QListWidgetItem* item) {
-        item->setData(Qt::UserRole, QVariant());
+        *item = QListWidgetItem();
         items.emplace_back(item);
     }
 

@@ -22,8 +22,8 @@ constexpr int newButtonType = 88;
 
 constexpr double gapAboveButton = 140.0;
 
-QHBoxLayout* captionRow(const QString& text) {
-    auto* caption = new zBaseLabel(text);
+QHBoxLayout* captionRow(const QString& text, QWidget* page) {
+    auto* caption = new zBaseLabel(text, page);
     caption->setObjectName(QStringLiteral("caption"));
     caption->setFont(TBaseTool::GetDefFont(scaled(12), QFont::Normal));
     caption->setFixedSize(scaled(76), scaled(17));
@@ -56,9 +56,9 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     create->setControlType(newButtonType);
     create->setFixedSize(scaled(160), scaled(32));
     if (config.grid) {
-        placeInGrid(captionRow(config.caption), centred(create));
+        placeInGrid(captionRow(config.caption, this), centred(create));
     } else {
-        placeInColumn(captionRow(config.caption), centred(create));
+        placeInColumn(captionRow(config.caption, this), centred(create));
     }
     const int side = scaled(config.sideMargin);
     layout()->setContentsMargins(side, scaled(16), side, scaled(10));

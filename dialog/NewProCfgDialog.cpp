@@ -37,7 +37,7 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         }
         InitWidgetDisplay();
         GetModelCfgAndInitData();
-        d->manager = AppPluginManager::instance();
+        d->plugins = AppPluginManager::instance();
         initConnect();
         InterfaceAdaptation::getInstance()->openMaxDialogMode(860, 735);
         setWindowTitle(QStringLiteral("新建工程"));
@@ -49,6 +49,8 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
 NewProCfgDialog::~NewProCfgDialog() {
     guarded(dialogSource, "NewProCfgDialog::~NewProCfgDialog",
             [] { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
+    // Now, not with the members: what the widgets report while they go finds nothing here.
+    d.reset();
 }
 
 void NewProCfgDialogPrivate::emitCreatePro(int programType, const QVariant& map) {
@@ -72,7 +74,7 @@ void NewProCfgDialog::SetLsjl(QStringList files) {
 
 void NewProCfgDialog::InitJcTx() {
     guarded(dialogSource, "NewProCfgDialog::InitJcTx",
-            [this] { d->manager = AppPluginManager::instance(); });
+            [this] { d->plugins = AppPluginManager::instance(); });
 }
 
 bool NewProCfgDialog::GetProgramType(int& type) {
@@ -95,7 +97,10 @@ void NewProCfgDialog::GetModelCfgAndInitData() {
         d->catalogue.load(d->kind.appType, cardMade, modeFilled);
         LoadTemplateProInfo();
     });
-    if (d->taxPageArea) d->taxPageArea->fitStack();
+    // Also after an exception: the cards placed so far must be reachable.
+    guarded(dialogSource, "NewProCfgDialog::GetModelCfgAndInitData", [this] {
+        if (d->taxPageArea) d->taxPageArea->fitStack();
+    });
 }
 
 void NewProCfgDialog::ClearProTaxModelListWidget() {
@@ -121,7 +126,7 @@ void NewProCfgDialogPrivate::showModelList() {
     }
     // The page that the stack calls current has to be the visible one.
     const int current = taxPageStack->currentIndex();
-    const bool otherList = current < newpro::taxModeCount && !wanted(current);
+    const bool otherList = current >= 0 && current < newpro::taxModeCount && !wanted(current);
     if (otherList && first >= 0) taxPageStack->setCurrentIndex(first);
     if (QWidget* page = taxPageStack->currentWidget()) page->show();
 }
@@ -133,7 +138,7 @@ void NewProCfgDialog::slotNewPro(const ProjectSettingSpace::TaxTemplateInfo& new
 
 void NewProCfgDialog::slotCreatePro(const QMap<QString, QVariant>& mapVar, int gcType) {
     guarded(dialogSource, "NewProCfgDialog::slotCreatePro",
-            [&] { newpro::createFromPageData(d->manager, mapVar, gcType); });
+            [&] { newpro::createFromPageData(d->plugins, mapVar, gcType); });
 }
 
 // Templates.

@@ -75,14 +75,15 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
     void slotScanXjgs();
     void slotScanXjjs();
     void slotScanXjsh();
-    /// The name under which hosts of the Yunnan area look the audit browse up.
+    /// The audit browse under its second exported name.
     void slotScanXjsh_YN();
     void slotScanXjZcb();
 
   private:
-    void CreateUI();
-    void InitWidgetDisplay();
-    void initConnect();
+    // The steps of the construction; each does its work once.
+    Q_INVOKABLE void CreateUI();
+    Q_INVOKABLE void InitWidgetDisplay();
+    Q_INVOKABLE void initConnect();
     Q_INVOKABLE bool GetProgramType(int& type);
     Q_INVOKABLE void GetModelCfgAndInitData();
     Q_INVOKABLE void ClearProTaxModelListWidget();

@@ -1,12 +1,12 @@
 /// State and assembly of the new-project dialog.
 #pragma once
 
-#include <QHash>
 #include <QListWidget>
 #include <QMap>
 #include <QPointer>
 #include <QStackedWidget>
 #include <QTreeWidget>
+#include <memory>
 
 #include "core/creationDialog.h"
 #include "core/projectKind.h"
@@ -21,6 +21,12 @@
 /// Source name of the dialog's exception reports.
 extern const char dialogSource[];
 
+class QVBoxLayout;
+
+/// Texts of the two import entries of the ribbon.
+extern const QString excelImportEntry;
+extern const QString tenderImportEntry;
+
 /// What the dialog is made of, and the dialog as its creation flows see it. Every widget may be
 /// null: an exception while the window is built leaves it as far as it was built.
 class NewProCfgDialogPrivate : public newpro::CreationDialog {
@@ -32,7 +38,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     void acceptDialog() override { q->accept(); }
     void closeDialog() override { q->close(); }
     bool programTypeOfAppType(int& type) override { return q->GetProgramType(type); }
-    AppPluginManager* pluginManager() override { return manager; }
+    AppPluginManager* pluginManager() override { return plugins; }
     void emitCreatePro(int programType, const QVariant& map) override;
     void emitCreateMB(int programType, const QString& path) override;
     void createFromPage(const QVariantMap& values, int programType) override {
@@ -40,8 +46,8 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     }
 
     // Building, in the order of the screen (buildUi.cpp).
-    void buildHeader();
-    void buildPageStack();
+    void buildHeader(QVBoxLayout* column);
+    void buildPageStack(QVBoxLayout* column);
     void buildMainPage();
     void buildTaxRow();
     void buildTaxPages();
@@ -49,8 +55,8 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
 
     // Ribbon (ribbon.cpp).
     void dispatch(QAction* action);
-    void chooseBudget();
-    void chooseContracting();
+    void chooseBudget(const newpro::ProjectKind& budget);
+    void chooseContracting(const newpro::ProjectKind& contracting);
     void runImport(QAction* action, void (NewProCfgDialog::*slot)());
     void askTenderImport();
     void emphasise(QAction* current);
@@ -61,7 +67,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     void createTemplateTree();
     void clearTemplateTree();
     void fillTemplateTree();
-    QWidget* templateRow(const QString& text, bool isFile, const QString& path);
+    std::unique_ptr<QWidget> templateRow(const QString& text, bool isFile, const QString& path);
     void showTemplateButton();
 
     // Tax-mode pages.
@@ -80,7 +86,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     QTreeWidget* templateTree = nullptr;
     bool templateTreeHasFile = false;
     int hostMode = 0;
-    AppPluginManager* manager = nullptr;
+    AppPluginManager* plugins = nullptr;
     bool isFirstPageOpen = true;
     RibbonNavigationBar* ribbon = nullptr;
     newpro::CurrentKind kind;
@@ -92,5 +98,6 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     newpro::FileChooserPage* contractingPage = nullptr;
     newpro::FilePages pages;
     QStringList historyFiles;
-    bool built = false;  ///< Whether CreateUI reached its end.
+    bool built = false;               ///< Whether CreateUI reached its end.
+    bool displayInitialised = false;  ///< Whether the tax row is connected.
 };

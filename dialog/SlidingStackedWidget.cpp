@@ -3,6 +3,7 @@
 #include <QGraphicsOpacityEffect>
 #include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
+#include <QScopeGuard>
 
 #include "core/guard.h"
 
@@ -52,12 +53,17 @@ void SlidingStackedWidget::slideInIdx(int idx, t_direction direction) {
 void SlidingStackedWidget::slideInWgt(QWidget* widget, t_direction direction) {
     if (active) return;
     active = true;
+    const bool started =
+        newpro::guardedOr("SlidingStackedWidget", "SlidingStackedWidget::slideInWgt", false,
+                          [&] { return slideTo(widget, direction); });
+    if (!started) active = false;
+}
+
+/// @return whether there was a slide to start; with speed 0 it has ended by then.
+bool SlidingStackedWidget::slideTo(QWidget* widget, t_direction direction) {
     now = currentIndex();
     next = indexOf(widget);
-    if (now == next || next < 0 || now < 0) {
-        active = false;
-        return;
-    }
+    if (now == next || next < 0 || now < 0) return false;
     if (direction == AUTOMATIC) {
         if (now < next) {
             direction = vertical ? TOP2BOTTOM : RIGHT2LEFT;
@@ -66,6 +72,7 @@ void SlidingStackedWidget::slideInWgt(QWidget* widget, t_direction direction) {
         }
     }
     startSlide(currentWidget(), widget, offsetOf(direction));
+    return true;
 }
 
 QPoint SlidingStackedWidget::offsetOf(t_direction direction) const {
@@ -132,13 +139,16 @@ QAbstractAnimation* SlidingStackedWidget::fade(QWidget* page, qreal from, qreal 
 void SlidingStackedWidget::animationDoneSlot() {
     newpro::guarded("SlidingStackedWidget", "SlidingStackedWidget::animationDoneSlot", [this] {
         animgroup = nullptr;
-        QWidget* leaving = widget(now);
-        setCurrentIndex(next);
-        if (leaving) {
-            leaving->hide();
-            leaving->move(pnow);
+        {
+            // Whatever a receiver of currentChanged throws, the stack takes the next request.
+            const auto done = qScopeGuard([this] { active = false; });
+            QWidget* leaving = widget(now);
+            setCurrentIndex(next);
+            if (leaving) {
+                leaving->hide();
+                leaving->move(pnow);
+            }
         }
-        active = false;
         Q_EMIT animationFinished(next);
     });
 }

@@ -39,13 +39,14 @@ class SlidingStackedWidget : public QStackedWidget {
     void animationDoneSlot();
 
   private:
+    bool slideTo(QWidget* widget, t_direction direction);
     QPoint offsetOf(t_direction direction) const;
     void startSlide(QWidget* leaving, QWidget* coming, const QPoint& offset);
     QAbstractAnimation* slide(QWidget* page, const QPoint& from, const QPoint& to);
     QAbstractAnimation* fade(QWidget* page, qreal from, qreal to);
 
-    QWidget* mainwindow;
-    int speed = 300;  // milliseconds
+    QWidget* mainwindow;  ///< Reference widget of the stack; kept, not read here.
+    int speed = 300;      // milliseconds
     QEasingCurve::Type animationtype = QEasingCurve::OutQuart;
     bool vertical = false;
     int now = 0;

@@ -35,7 +35,7 @@ zBaseButton* rowButton(const ButtonText& text, QWidget* row) {
 
 }  // namespace
 
-TaxModeRow::TaxModeRow(QWidget* parent) : zBasePanelH(parent), import(new zBaseButton(this)) {
+TaxModeRow::TaxModeRow(QWidget* parent) : zBasePanelH(parent), importTender(new zBaseButton(this)) {
     setFixedHeight(scaled(30));
     panelLayout()->setContentsMargins(0, 0, 0, 0);
     panelLayout()->setSpacing(scaled(5));
@@ -49,13 +49,13 @@ TaxModeRow::TaxModeRow(QWidget* parent) : zBasePanelH(parent), import(new zBaseB
     button(ContractingPage)->hide();
 
     panelLayout()->addStretch();
-    import->setObjectName(QStringLiteral("importTenderButton"));
-    import->setAutoDefault(false);
-    import->setIcon(QStringLiteral(":/Image/Home/DaoRuCJZXinJian1.4.svg"));
-    import->setIconSize(QSize(scaled(14), scaled(14)));
-    import->setFixedWidth(scaled(120));
-    import->hide();
-    panelLayout()->addWidget(import);
+    importTender->setObjectName(QStringLiteral("importTenderButton"));
+    importTender->setAutoDefault(false);
+    importTender->setIcon(QStringLiteral(":/Image/Home/DaoRuCJZXinJian1.4.svg"));
+    importTender->setIconSize(QSize(scaled(14), scaled(14)));
+    importTender->setFixedWidth(scaled(120));
+    importTender->hide();
+    panelLayout()->addWidget(importTender);
 }
 
 void TaxModeRow::check(int page) {

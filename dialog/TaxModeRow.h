@@ -18,7 +18,7 @@ class TaxModeRow : public zBasePanelH {
 
     /// @param page a TaxPage. @return its button.
     zBaseButton* button(int page) const { return buttons[size_t(page)]; }
-    zBaseButton* importButton() const { return import; }
+    zBaseButton* importButton() const { return importTender; }
 
     /// Leaves exactly the button of `page` checked among the first four; for the contracting page,
     /// whose button keeps the state of its own click, none of them.
@@ -29,7 +29,7 @@ class TaxModeRow : public zBasePanelH {
 
   private:
     std::array<zBaseButton*, taxPageCount> buttons{};
-    zBaseButton* import;
+    zBaseButton* importTender;
 };
 
 }  // namespace newpro

@@ -41,11 +41,12 @@ const QString& listStyle() {
 
 void NewProCfgDialog::CreateUI() {
     guarded(dialogSource, "NewProCfgDialog::CreateUI", [this] {
+        if (layout()) return;
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(0);
-        d->buildHeader();
-        d->buildPageStack();
+        d->buildHeader(column);
+        d->buildPageStack(column);
         d->buildMainPage();
         d->buildRibbonEntries();
         d->pageStack->setCurrentWidget(d->mainPage);
@@ -53,13 +54,13 @@ void NewProCfgDialog::CreateUI() {
     });
 }
 
-void NewProCfgDialogPrivate::buildHeader() {
+void NewProCfgDialogPrivate::buildHeader(QVBoxLayout* column) {
     auto* header = new zBasePanelV(q);
     header->setObjectName(QStringLiteral("header"));
     header->setFixedHeight(scaled(60));
     header->setBackgroundIcon(QStringLiteral(":/Image/Home/xjbjTc.svg"));
     header->panelLayout()->setContentsMargins(0, 0, 0, 0);
-    q->layout()->addWidget(header);
+    column->addWidget(header);
 
     ribbon = new RibbonNavigationBar(1, 1, 1, header);
     ribbon->setObjectName(QStringLiteral("ribbon"));
@@ -69,15 +70,15 @@ void NewProCfgDialogPrivate::buildHeader() {
     header->panelLayout()->addWidget(ribbon);
 }
 
-void NewProCfgDialogPrivate::buildPageStack() {
+void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
     pageStack = new QStackedWidget(q);
     pageStack->setObjectName(QStringLiteral("m_StackedWidget"));
     pageStack->setStyleSheet(QStringLiteral("#m_StackedWidget{background: transparent;}"));
-    auto* column = new QVBoxLayout;
-    column->setSpacing(0);
-    column->setContentsMargins(scaled(2), scaled(2), scaled(2), 0);
-    column->addWidget(pageStack);
-    static_cast<QVBoxLayout*>(q->layout())->addLayout(column);
+    auto* frame = new QVBoxLayout;
+    frame->setSpacing(0);
+    frame->setContentsMargins(scaled(2), scaled(2), scaled(2), 0);
+    frame->addWidget(pageStack);
+    column->addLayout(frame);
 }
 
 void NewProCfgDialogPrivate::buildMainPage() {
@@ -106,9 +107,8 @@ void NewProCfgDialogPrivate::buildMainPage() {
 void NewProCfgDialogPrivate::buildTaxRow() {
     taxRow = new newpro::TaxModeRow(mainPage);
     importTenderButton = taxRow->importButton();
-    importTenderButton->SetText(CpfMain::GetInstance()->IsProdAreaYN()
-                                    ? QStringLiteral("导入YFJZ新建")
-                                    : QStringLiteral("导入CJZ新建"));
+    importTenderButton->SetText(
+        CpfMain::GetInstance()->IsProdAreaYN() ? tenderImportEntry : QStringLiteral("导入CJZ新建"));
     QObject::connect(importTenderButton, &QAbstractButton::clicked, q,
                      &NewProCfgDialog::slotImportCJZPro);
 }
@@ -118,7 +118,8 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     const QString indented = QStringLiteral(".QWidget{\n    background-color: transparent;\n}");
     taxPageStack = new SlidingStackedWidget(mainPage);
     taxPageStack->setObjectName(QStringLiteral("stackedWidget"));
-    taxPageStack->setStyleSheet(QStringLiteral("QWidget{background:transparent;}"));
+    // Before it has pages: each sheet that arrives later styles everything in it once more.
+    taxPageStack->setStyleSheet(listStyle());
     taxPageArea = new newpro::TaxPageArea(taxPageStack, mainPage);
 
     catalogue.lists = {modelList("lswGeneralTax", plain, taxPageStack),
@@ -131,8 +132,6 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     for (QListWidget* list : catalogue.lists) taxPageStack->addWidget(list);
     if (QWidget* tree = q->addMoBanWidget()) taxPageStack->addWidget(tree);
     if (QWidget* page = q->addZcbXjWid()) taxPageStack->addWidget(page);
-    // Takes the place of the style above, which would reach the tool tips of the cards.
-    taxPageStack->setStyleSheet(listStyle());
 }
 
 QWidget* NewProCfgDialog::addShXjWid() {
@@ -157,7 +156,8 @@ QWidget* NewProCfgDialog::addZcbXjWid() {
 
 void NewProCfgDialog::InitWidgetDisplay() {
     guarded(dialogSource, "NewProCfgDialog::InitWidgetDisplay", [this] {
-        if (!d->taxRow || !d->taxPageStack) return;
+        if (!d->taxRow || !d->taxPageStack || d->displayInitialised) return;
+        d->displayInitialised = true;
         d->taxPageStack->setAnimation(QEasingCurve::OutQuint);
         d->taxPageStack->setSpeed(0);
         d->taxPageStack->setCurrentIndex(newpro::GeneralPage);
@@ -173,15 +173,15 @@ void NewProCfgDialog::initConnect() {
     guarded(dialogSource, "NewProCfgDialog::initConnect", [this] {
         if (newpro::FileChooserPage* page = d->auditPage) {
             connect(page->newButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::xjshButtonSlot);
+                    &NewProCfgDialog::xjshButtonSlot, Qt::UniqueConnection);
             connect(page->browseButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::slotScanXjsh);
+                    &NewProCfgDialog::slotScanXjsh, Qt::UniqueConnection);
         }
         if (newpro::FileChooserPage* page = d->contractingPage) {
             connect(page->newButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::xjZcbButtonSlot);
+                    &NewProCfgDialog::xjZcbButtonSlot, Qt::UniqueConnection);
             connect(page->browseButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::slotScanXjZcb);
+                    &NewProCfgDialog::slotScanXjZcb, Qt::UniqueConnection);
         }
     });
 }

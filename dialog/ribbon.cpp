@@ -13,6 +13,9 @@
 using newpro::guarded;
 using newpro::guardedOr;
 
+const QString excelImportEntry = QStringLiteral("导入Excel新建");
+const QString tenderImportEntry = QStringLiteral("导入YFJZ新建");
+
 namespace {
 
 const char nameProperty[] = "name";
@@ -66,6 +69,12 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
             if (page && d->pageStack->indexOf(page) < 0) d->pageStack->addWidget(page);
             d->pageOfAction.insert(action, page);
             d->actionOfTab.insert(tab.text, action);
+            // The ribbon owns the action, and the host may take it out again.
+            connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
+                if (!d) return;
+                d->pageOfAction.remove(action);
+                if (d->actionOfTab.value(text) == action) d->actionOfTab.remove(text);
+            });
             return action;
         });
 }
@@ -78,19 +87,19 @@ void NewProCfgDialog::slotRibbonTriggered() {
 
 void NewProCfgDialogPrivate::dispatch(QAction* action) {
     const QString name = action->property(nameProperty).toString();
-    if (name == QStringLiteral("导入Excel新建")) {
+    if (name == excelImportEntry) {
         runImport(action, &NewProCfgDialog::slotImportExcelNewPro);
         return;
     }
-    if (name == QStringLiteral("导入YFJZ新建")) {
+    if (name == tenderImportEntry) {
         runImport(action, &NewProCfgDialog::slotImportCJZPro);
         return;
     }
     if (const newpro::ProjectKind* chosen = newpro::kindOfLabel(name)) {
         if (built && chosen->programType == newpro::BudgetProgram) {
-            chooseBudget();
+            chooseBudget(*chosen);
         } else if (built && chosen->programType == newpro::ContractingProgram) {
-            chooseContracting();
+            chooseContracting(*chosen);
         } else {
             // The other kinds share the lists of the kind before them: deliberate, no reload.
             kind.choose(*chosen);
@@ -108,11 +117,11 @@ void NewProCfgDialogPrivate::leavePage(int page) {
     taxPageStack->slideInIdx(newpro::GeneralPage);
 }
 
-void NewProCfgDialogPrivate::chooseBudget() {
+void NewProCfgDialogPrivate::chooseBudget(const newpro::ProjectKind& budget) {
     leavePage(newpro::ContractingPage);
     taxRow->setShown(newpro::BusinessPage, true);
     taxRow->setShown(newpro::ContractingPage, false);
-    kind.choose(*newpro::kindOfLabel(QStringLiteral("预算工程")));
+    kind.choose(budget);
     if (!CpfMain::GetInstance()->IsProdAreaYN()) {
         taxRow->setShown(newpro::BusinessPage, true);
         catalogue.lists[newpro::BusinessTax]->show();
@@ -126,11 +135,11 @@ void NewProCfgDialogPrivate::chooseBudget() {
 
 // Deliberately not the order of the budget kind: here the models are reloaded before the tree is
 // rebuilt, in every area, and the lists are not refreshed.
-void NewProCfgDialogPrivate::chooseContracting() {
+void NewProCfgDialogPrivate::chooseContracting(const newpro::ProjectKind& contracting) {
     leavePage(newpro::BusinessPage);
     taxRow->setShown(newpro::BusinessPage, false);
     taxRow->setShown(newpro::ContractingPage, true);
-    kind.choose(*newpro::kindOfLabel(QStringLiteral("总承包工程")));
+    kind.choose(contracting);
     catalogue.lists[newpro::BusinessTax]->hide();
     taxRow->setShown(newpro::BusinessPage, false);
     importTenderButton->hide();
@@ -173,7 +182,7 @@ void NewProCfgDialogPrivate::emphasise(QAction* current) {
 
 bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
     return guardedOr(dialogSource, "NewProCfgDialog::eventFilter", false, [&] {
-        if (d && d->templateTree && watched == d->templateTree && event->type() == QEvent::Resize) {
+        if (d->templateTree && watched == d->templateTree && event->type() == QEvent::Resize) {
             const int second = newpro::scaled(70);
             d->templateTree->setColumnWidth(0, d->templateTree->width() - second);
             d->templateTree->setColumnWidth(1, second);
@@ -204,8 +213,8 @@ void NewProCfgDialogPrivate::buildRibbonEntries() {
     } entries[] = {
         {QStringLiteral("预算工程"), QString(), mainPage},
         {QStringLiteral("审核工程"), QString(), audit},
-        {QStringLiteral("导入Excel新建"), home + QStringLiteral("excelXJ.svg"), mainPage},
-        {QStringLiteral("导入YFJZ新建"), home + QStringLiteral("drYfj.svg"), mainPage},
+        {excelImportEntry, home + QStringLiteral("excelXJ.svg"), mainPage},
+        {tenderImportEntry, home + QStringLiteral("drYfj.svg"), mainPage},
     };
     for (const auto& entry : entries) q->addXjPage({entry.icon, entry.text, 0}, entry.page);
     importTenderButton->hide();

@@ -52,8 +52,15 @@ QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) 
         .arg(branchColour);
 }
 
-/// The light tints of hovered and selected rows would hide the light text of a dark skin.
-QString darkRowStyle(const QColor& background) {
+QColor rowBackground() {
+    return zBaseWidget(nullptr, transparentRow).normalBackColor();
+}
+
+/// @return rules behind the tree's own: its light tints of hovered and selected rows would hide the
+///         light text of a dark skin. Empty for a light one.
+QString darkRowStyle() {
+    const QColor background = rowBackground();
+    if (background.lightness() >= darkBelow) return QString();
     return QStringLiteral(
                "QTreeWidget::item:hover,QTreeWidget::item:selected{background-color:%1;}")
         .arg(background.lighter(darkRowLightness).name());
@@ -62,18 +69,14 @@ QString darkRowStyle(const QColor& background) {
 }  // namespace
 
 QString NewProCfgDialog::setTreeStyleSheet() {
-    return guardedOr(dialogSource, "NewProCfgDialog::setTreeStyleSheet", QString(), [] {
-        const zBaseWidget row(nullptr, transparentRow);
-        const QColor background = row.normalBackColor();
-        QString style = treeStyle(scaled(14), scaled(28), background.name());
-        if (background.lightness() < darkBelow) style += darkRowStyle(background);
-        return style;
-    });
+    return guardedOr(dialogSource, "NewProCfgDialog::setTreeStyleSheet", QString(),
+                     [] { return treeStyle(scaled(14), scaled(28), rowBackground().name()); });
 }
 
 QWidget* NewProCfgDialog::addMoBanWidget() {
     guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [this] {
-        if (!d->taxPageStack) return;  // the window was not built so far: nothing would own the tree
+        if (!d->taxPageStack)
+            return;  // the window was not built so far: nothing would own the tree
         if (!d->templateTree) d->createTemplateTree();
         d->fillTemplateTree();
     });
@@ -86,12 +89,12 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     templateTree->setObjectName(QStringLiteral("templateTree"));
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
-    templateTree->setStyleSheet(q->setTreeStyleSheet());
-    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree,
-                     [this] {
-                         guarded(dialogSource, "NewProCfgDialog::addMoBanWidget",
-                                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet()); });
-                     });
+    const auto dress = [this] {
+        guarded(dialogSource, "NewProCfgDialog::addMoBanWidget",
+                [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
+    };
+    dress();
+    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree, dress);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
     templateTree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     templateTree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -142,27 +145,28 @@ QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* p
     return guardedOr<QTreeWidgetItem*>(
         dialogSource, "NewProCfgDialog::addOneRowItem", nullptr, [&]() -> QTreeWidgetItem* {
             if (!d->templateTree) return nullptr;
+            std::unique_ptr<QWidget> row = d->templateRow(text, isFile, data);
             auto* item =
                 parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(d->templateTree);
             if (isFile) {
                 item->setData(0, pathRole, data);
                 d->templateTreeHasFile = true;
             }
-            d->templateTree->setItemWidget(item, 0, d->templateRow(text, isFile, data));
+            d->templateTree->setItemWidget(item, 0, row.release());
             return item;
         });
 }
 
-QWidget* NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
-                                             const QString& path) {
-    auto* row = new zBaseWidget(nullptr, transparentRow);
-    auto* layout = new QHBoxLayout(row);
+std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
+                                                             const QString& path) {
+    auto row = std::make_unique<zBaseWidget>(nullptr, transparentRow);
+    auto* layout = new QHBoxLayout(row.get());
     layout->setContentsMargins(0, scaled(2), 0, scaled(2));
-    layout->addWidget(new zBaseLabel(text, row));
+    layout->addWidget(new zBaseLabel(text, row.get()));
     layout->addStretch();
     if (!isFile) return row;
 
-    auto* create = new zBaseButton(QStringLiteral("新建"), row);
+    auto* create = new zBaseButton(QStringLiteral("新建"), row.get());
     create->setControlType(newButton);
     create->setAutoDefault(false);
     create->setFixedWidth(scaled(70));

@@ -3,7 +3,7 @@
 #include <QFileInfo>
 
 #include "fileDialog.h"
-#include "files/projectFileType.h"
+#include "files/fileFlow.h"
 
 namespace newpro {
 
@@ -13,34 +13,10 @@ namespace {
 
 const QString enterpriseDisk = QStringLiteral("企业云盘");
 
-std::optional<QString> cloudSuffix(const QString& name) {
+std::optional<QString> suffixOfCloudFile(const QString& name) {
     const int dot = name.lastIndexOf(QLatin1Char('.'));
     if (dot < 0) return std::nullopt;
     return name.mid(dot + 1).toUpper();
-}
-
-bool suffixAccepted(FileFlow flow, const QString& suffix) {
-    if (flow == FileFlow::Audit) {
-        // "GCF" files are older than the type codes and have none.
-        const int type = projectFileType(suffix);
-        return suffix == QLatin1String("GCF") || (type & (4 | 8 | 16 | 32)) || type == 2;
-    }
-    return suffix != QLatin1String("GCFG") && suffix != QLatin1String("SGCFG");
-}
-
-struct Refusals {
-    QString noFile;
-    QString wrongSuffix;
-};
-
-const Refusals& refusalsOf(FileFlow flow) {
-    static const QString budget = QStringLiteral("请选择预算工程文件");
-    static const QString project = QStringLiteral("请选择工程文件");
-    static const Refusals usual = {budget, budget};
-    static const Refusals audit = {budget, QStringLiteral("请选择预算/概算/总承包工程文件")};
-    static const Refusals contracting = {project, project};
-    if (flow == FileFlow::Audit) return audit;
-    return flow == FileFlow::Contracting ? contracting : usual;
 }
 
 }  // namespace
@@ -60,7 +36,7 @@ FileFacts factsOf(const QString& text) {
     if (facts.cloud) {
         const QStringList components = cloudComponents(text);
         facts.named = !components.isEmpty();
-        if (facts.named) facts.suffix = cloudSuffix(components.constLast());
+        if (facts.named) facts.suffix = suffixOfCloudFile(components.constLast());
         return facts;
     }
     facts.named = !text.isEmpty();
@@ -78,7 +54,7 @@ Verdict judge(FileFlow flow, const FileFacts& facts) {
     if (!facts.named) return Verdict::NothingChosen;
     if (!facts.cloud && !facts.exists) return Verdict::NotFound;
     if (!facts.cloud && !facts.isFile) return Verdict::NotAFile;
-    if (!facts.suffix || !suffixAccepted(flow, *facts.suffix)) return Verdict::WrongSuffix;
+    if (!facts.suffix || !traitsOf(flow).takesSuffix(*facts.suffix)) return Verdict::WrongSuffix;
     return Verdict::Accepted;
 }
 
@@ -89,10 +65,10 @@ QString refusalText(FileFlow flow, Verdict verdict) {
         case Verdict::NotFound:
             return QStringLiteral("找不到该文件，请检查文件路径是否正确");
         case Verdict::WrongSuffix:
-            return refusalsOf(flow).wrongSuffix;
+            return traitsOf(flow).wrongSuffix;
         case Verdict::NothingChosen:
         case Verdict::NotAFile:
-            return refusalsOf(flow).noFile;
+            return traitsOf(flow).noFile;
     }
     return {};
 }

@@ -1,5 +1,7 @@
 #include "files/filePages.h"
 
+#include "files/fileFlow.h"
+
 namespace newpro {
 
 bool FilePage::select(const QString& path) const {
@@ -11,17 +13,7 @@ bool FilePage::select(const QString& path) const {
 }
 
 const FilePage& FilePages::of(FileFlow flow) const {
-    switch (flow) {
-        case FileFlow::Estimate:
-            return estimate;
-        case FileFlow::Settlement:
-            return settlement;
-        case FileFlow::Audit:
-            return audit;
-        case FileFlow::Contracting:
-            break;
-    }
-    return contracting;
+    return this->*traitsOf(flow).page;
 }
 
 }  // namespace newpro

@@ -16,8 +16,8 @@ enum class FileFlow { Estimate, Settlement, Audit, Contracting };
 struct FilePage {
     QPointer<QAbstractButton> fromFile;   ///< Option "from an existing project file".
     QPointer<zBaseCombox> fileCombo;      ///< History list; the path is its current text.
-    QPointer<zBaseCombox> templateCombo;  ///< Template of the kind (estimate, settlement).
-    QPointer<zBaseCombox> modelCombo;     ///< Pricing model (estimate).
+    QPointer<zBaseCombox> templateCombo;  ///< Goes out as "TemplateName" (estimate) or "JsMb".
+    QPointer<zBaseCombox> modelCombo;     ///< Estimate templates; goes out as "GsMb".
 
     /// @return the current text of the file combo box; empty without one.
     QString path() const { return fileCombo ? fileCombo->currentText() : QString(); }

@@ -1,6 +1,7 @@
 #include "files/historyEntry.h"
 
 #include <QStringView>
+#include <QVarLengthArray>
 
 namespace newpro {
 
@@ -26,22 +27,16 @@ qsizetype indexOfHashes(QStringView text, qsizetype from) {
     return at;
 }
 
-/// The fields as far as an entry is read. Nothing is copied: a history may have many entries.
-struct Fields {
-    int count = 0;
-    QStringView first;
-    QStringView second;
-};
+/// Nothing is copied, and nothing allocated for a usual entry: a history may have many.
+using Fields = QVarLengthArray<QStringView, cloudRecordFields>;
 
 Fields fieldsOf(const QString& text) {
     const QStringView view(text);
     const bool units = isUnitSeparated(text);
     Fields fields;
-    for (qsizetype from = 0; from >= 0; ++fields.count) {
+    for (qsizetype from = 0; from >= 0;) {
         const qsizetype at = units ? view.indexOf(unitSeparator, from) : indexOfHashes(view, from);
-        const QStringView field = view.mid(from, at < 0 ? -1 : at - from);
-        if (fields.count == 0) fields.first = field;
-        if (fields.count == 1) fields.second = field;
+        fields.append(view.mid(from, at < 0 ? -1 : at - from));
         from = at < 0 ? -1 : at + (units ? 1 : 2);
     }
     return fields;
@@ -54,19 +49,11 @@ QString cloudSuffix(QStringView path) {
     while (path.endsWith(dot)) path.chop(1);
     const qsizetype at = path.lastIndexOf(dot);
     if (at < 0 && !dotted) return {};
-    const QStringView suffix = path.mid(at + 1);
-    // Nearly every entry has one of these. Sharing them spares a long history as many copies.
-    static const QString usual[] = {QStringLiteral("GCFX"), QStringLiteral("GCFZ"),
-                                    QStringLiteral("GCFG"), QStringLiteral("SGCFX"),
-                                    QStringLiteral("GCF"),  QStringLiteral("SGCF")};
-    for (const QString& known : usual) {
-        if (suffix == known) return known;
-    }
-    return suffix.toString().toUpper();
+    return path.mid(at + 1).toString().toUpper();
 }
 
 std::optional<HistoryEntry> entryOf(HistoryLayout layout, QStringView path) {
-    if (path.isEmpty()) return std::nullopt;
+    if (path.isEmpty() || path.contains(QChar::Null)) return std::nullopt;
     HistoryEntry entry{layout, {}, {}};
     if (!entry.isLocal()) {
         entry.suffix = cloudSuffix(path);
@@ -79,24 +66,20 @@ std::optional<HistoryEntry> entryOf(HistoryLayout layout, QStringView path) {
 }  // namespace
 
 QStringList historyFields(const QString& text) {
-    return isUnitSeparated(text) ? text.split(unitSeparator) : text.split(QStringLiteral("##"));
+    QStringList fields;
+    for (const QStringView field : fieldsOf(text)) fields.append(field.toString());
+    return fields;
 }
 
 std::optional<HistoryEntry> parseHistoryEntry(const QString& text) {
     const Fields fields = fieldsOf(text);
+    const QStringView first = fields[0];
     // The counts go first: a record may well begin with a file called "bd".
-    if (fields.count == localRecordFields) {
-        return entryOf(HistoryLayout::LocalRecord, fields.first);
-    }
-    if (fields.count == cloudRecordFields) {
-        return entryOf(HistoryLayout::CloudRecord, fields.first);
-    }
-    if (fields.first == QLatin1String("bd")) {
-        return entryOf(HistoryLayout::MarkedLocal, fields.second);
-    }
-    if (fields.first == QLatin1String("yp")) {
-        return entryOf(HistoryLayout::MarkedCloud, fields.second);
-    }
+    if (fields.size() == localRecordFields) return entryOf(HistoryLayout::LocalRecord, first);
+    if (fields.size() == cloudRecordFields) return entryOf(HistoryLayout::CloudRecord, first);
+    if (fields.size() < 2) return std::nullopt;
+    if (first == QLatin1String("bd")) return entryOf(HistoryLayout::MarkedLocal, fields[1]);
+    if (first == QLatin1String("yp")) return entryOf(HistoryLayout::MarkedCloud, fields[1]);
     return std::nullopt;
 }
 

@@ -5,40 +5,18 @@
 #include "core/firstPage.h"
 #include "core/hostMessages.h"
 #include "files/fileChoice.h"
+#include "files/fileFlow.h"
 #include "osgi.h"
 
 namespace newpro {
 
 namespace {
 
-constexpr int creationUsage = 9001;
-constexpr int contractingUsage = 20011;
-
-/// What sets a flow that ends in createFromPage apart.
-struct PageFlow {
-    bool optional;      ///< The file counts only while the page's option is checked.
-    bool hostMustKnow;  ///< The host must take the file for a budget project.
-    bool logged;        ///< The creation stands in the usage log.
-    int mode;           ///< Flags of the kind for createFromPage.
-};
-
-PageFlow pageFlow(FileFlow flow) {
-    switch (flow) {
-        case FileFlow::Estimate:
-            return {true, true, true, EstimateProgram};
-        case FileFlow::Settlement:
-            return {true, false, true, SettlementProgram};
-        case FileFlow::Audit:
-            return {false, false, false, AuditProgram};
-        case FileFlow::Contracting:
-            break;
-    }
-    return {false, false, false, ContractingProgram};
-}
-
 /// Runs `body` between start and end of a usage function. The end is logged on every way out.
+/// @param function 0 for none.
 template <typename Body>
 void logged(int function, const Body& body) {
+    if (function == 0) return body();
     SharedInterface::UseFunc(function, QString());
     try {
         body();
@@ -72,23 +50,21 @@ bool accepted(FileFlow flow, const QString& file) {
         refuse(refusalText(flow, verdict));
         return false;
     }
-    if (pageFlow(flow).hostMustKnow && GetProgramTypeByFile(file) != BudgetProgram) {
+    if (traitsOf(flow).hostMustKnow && GetProgramTypeByFile(file) != BudgetProgram) {
         refuse(QStringLiteral("工程文件打开失败。您试图打开一个非工程文件"));
         return false;
     }
     return true;
 }
 
-/// @param file the file to start from; empty to start from the page's template.
-QVariantMap valuesOf(FileFlow flow, const FilePage& page, const QString& file) {
+/// @param file the file to start from; empty when starting from the page's template.
+QVariantMap valuesOf(const FlowTraits& flow, const FilePage& page, const QString& file,
+                     bool fromTemplate) {
     QVariantMap values{{QStringLiteral("TemplateName"), QString()}, {QStringLiteral("GcLj"), file}};
-    if (flow == FileFlow::Settlement) {
-        values.insert(QStringLiteral("JsMb"), textOf(page.templateCombo));
-    }
-    if (flow == FileFlow::Estimate && file.isEmpty()) {
-        // The host takes the pricing model under the key of the template.
-        values.insert(QStringLiteral("TemplateName"), textOf(page.templateCombo));
-        values.insert(QStringLiteral("GsMb"), textOf(page.modelCombo));
+    for (const PageText& text : flow.texts) {
+        if (fromTemplate || !text.fromTemplateOnly) {
+            values.insert(text.key, textOf(page.*text.combo));
+        }
     }
     return values;
 }
@@ -102,34 +78,26 @@ void rememberModel(const QString& model) {
     settings->SetSysSettingInfo(info, ProjectSettingSpace::SettingLocal);
 }
 
-void create(CreationDialog& dialog, FileFlow flow, const QVariantMap& values) {
-    const PageFlow traits = pageFlow(flow);
-    const auto create = [&] { dialog.createFromPage(values, traits.mode); };
-    if (traits.logged) {
-        logged(creationUsage, create);
-    } else {
-        create();
-    }
-}
-
 void run(CreationDialog& dialog, const FilePage& page, FileFlow flow) {
     FirstPagePlugin* firstPage = firstPageService();
     if (!firstPage) return;
+    const FlowTraits& traits = traitsOf(flow);
     const QPointer<QWidget> alive(dialog.widget());
+    const bool fromTemplate = traits.optional && !(page.fromFile && page.fromFile->isChecked());
     QString file;
-    if (!pageFlow(flow).optional || (page.fromFile && page.fromFile->isChecked())) {
+    if (!fromTemplate) {
         file = page.path();
         page.select(file);
         if (isCloudPath(file) && (!logIn(*firstPage) || !alive)) return;
         if (!accepted(flow, file)) return;
     }
-    const QVariantMap values = valuesOf(flow, page, file);
-    if (flow == FileFlow::Estimate && file.isEmpty()) rememberModel(textOf(page.modelCombo));
+    const QVariantMap values = valuesOf(traits, page, file, fromTemplate);
+    if (fromTemplate && traits.remembersModel) rememberModel(textOf(page.modelCombo));
     dialog.closeDialog();
-    if (flow == FileFlow::Contracting) {
+    if (traits.mode == 0) {
         contractingMessage(file).send();
     } else if (alive) {
-        create(dialog, flow, values);
+        logged(traits.creationUsage, [&] { dialog.createFromPage(values, traits.mode); });
     }
 }
 
@@ -138,11 +106,7 @@ void run(CreationDialog& dialog, const FilePage& page, FileFlow flow) {
 void newFromFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow) {
     // A copy: the pages belong to the dialog, which may go before the flow ends.
     const FilePage page = pages.of(flow);
-    if (flow == FileFlow::Contracting) {
-        logged(contractingUsage, [&] { run(dialog, page, flow); });
-    } else {
-        run(dialog, page, flow);
-    }
+    logged(traitsOf(flow).flowUsage, [&] { run(dialog, page, flow); });
 }
 
 }  // namespace newpro

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 #include <QStringList>
 
 namespace newpro {
@@ -33,7 +34,10 @@ class Scan {
             const QString name = entry.fileName();
             const QString path = folder + QLatin1Char('/') + name;
             if (entry.isDir()) {
-                addFolder(entry, path, addRow(name, parent, false, QString()));
+                // Without a row of its own a folder has no place for what it holds.
+                if (QTreeWidgetItem* row = addRow(name, parent, false, QString())) {
+                    addFolder(entry, path, row);
+                }
             } else if (isTemplateFile(name)) {
                 addRow(name, parent, true, path);
             }
@@ -50,7 +54,14 @@ class Scan {
             return;
         }
         const QString target = entry.canonicalFilePath();
-        if (!leadsBack(target)) enter(path, target, row);
+        if (leadsBack(target)) return;
+        // Folders that link to one another have far more paths than folders: below a link, each
+        // linked folder is entered once a scan.
+        if (linksWalked > 0 && enteredBelowLinks.contains(target)) return;
+        if (linksWalked > 0) enteredBelowLinks.insert(target);
+        ++linksWalked;
+        enter(path, target, row);
+        --linksWalked;
     }
 
     bool leadsBack(const QString& target) const {
@@ -61,7 +72,9 @@ class Scan {
     }
 
     const AddTemplateRow& addRow;
-    QStringList walked;  ///< The folders from the first one down to the current one.
+    QStringList walked;   ///< The folders from the first one down to the current one.
+    int linksWalked = 0;  ///< How many of them are links.
+    QSet<QString> enteredBelowLinks;
 };
 
 }  // namespace

@@ -164,7 +164,8 @@ class NEWPRO_HOST_API SharedInterface {
     /// Appends the file suffixes (without dot) that belong to a kind of project file.
     /// @param kind 1 audit, 2 estimate, 8 settlement, 16 general contracting. @param reserved 0.
     static void GetSuffix(int kind, QStringList* suffixes, int reserved);
-    /// Reads four descriptive strings of a project file; each is empty for an unreadable file.
+    /// Reads four descriptive strings of a project file; each is empty for a file that is no
+    /// project file. Of a missing file only the suffix is known.
     /// @param suffix the file's suffix in upper case, as the module compares it.
     static void GetFileInfo(const QString& path, QString& name, QString& kind, QString& suffix,
                             QString& detail);

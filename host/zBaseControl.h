@@ -64,6 +64,7 @@ class NEWPRO_HOST_API ComStyleOption {
 class NEWPRO_HOST_API ButtonStyleOption : public ComStyleOption {
   public:
     ButtonStyleOption();
+    ~ButtonStyleOption() override;
     /// @param alignment Qt::Alignment flags of the text.
     void setTextAlignment(int alignment);
     /// @param alignment Qt::Alignment flags of the icon.

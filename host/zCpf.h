@@ -7,7 +7,7 @@ class NEWPRO_HOST_API CpfMain {
   public:
     static CpfMain* GetInstance();
     /// @return true in the Yunnan product area, where the tendering-data import is named
-    ///         "导入YFJZ新建" and the kind switch leaves the template tree alone.
+    ///         "导入YFJZ新建" and choosing the budget kind leaves the template tree alone.
     bool IsProdAreaYN() const;
     /// @param version a feature's version, such as 1.3.
     /// @return whether the feature of that version is open.

@@ -68,7 +68,7 @@ QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
 
 importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
     guarded(source, "importExcelSelFile::importExcelSelFile", [this] {
-        // Opened and never closed: the dialog that comes before this one closes the mode.
+        // Opened and never closed, deliberately.
         InterfaceAdaptation::getInstance()->openMaxDialogMode(580, 420);
         resize(scaled(580), scaled(420));
         SetCaption(QStringLiteral("导入Excel新建"));
@@ -148,6 +148,7 @@ void importExcelSelFile::loadJjms(const QString& appType) {
 
 void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget* tree) {
     guarded(source, "importExcelSelFile::setTemplateChooser", [&] {
+        if (m_pGcmbTree) disconnect(m_pGcmbTree, nullptr, this, nullptr);
         m_pGcmbPopup = popup;
         m_pGcmbTree = tree;
         if (!tree) return;
@@ -189,9 +190,10 @@ void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*co
             m_pGcmbPopup->hideDropDownPopup();
             return;
         }
-        const QPointer<QWidget> self(this);
+        const QPointer<QTreeWidget> tree(m_pGcmbTree);
+        const QString chosen = m_strGcmb;
         showInforByOneBtn(QStringLiteral("请选择工程模板！"), this, informationIcon);
-        if (self) selectPath(m_pGcmbTree, m_strGcmb);
+        if (tree) selectPath(tree, chosen);
     });
 }
 
@@ -206,8 +208,7 @@ void importExcelSelFile::slotClickedSelExcelFile() {
                                                           QStringLiteral("选择Excel文件"), true,
                                                           QString(), true, OpenFile);
         if (!self || path.isEmpty()) return;
-        const bool opened = LibXLExcel::Open(path) != nullptr;
-        if (opened) {
+        if (LibXLExcel::Open(path)) {
             acceptSource(oneWorkbook, path);
             return;
         }

@@ -1,14 +1,14 @@
 /// The dialog that asks what to import from Excel.
 #pragma once
 
+#include <QPointer>
 #include <QString>
+#include <QTreeWidget>
 
 #include "newProDialog_export.h"
 #include "zControl.h"
 
 class QLayout;
-class QTreeWidget;
-class QTreeWidgetItem;
 
 /// Modal dialog: the user picks project type and pricing model, then one workbook or a folder of
 /// workbooks. It imports nothing; after acceptance the getters tell the choice.
@@ -32,6 +32,7 @@ class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    // Reached through the meta-object by a later layout and by tests.
     Q_INVOKABLE void createUI(QWidget* parent);
     Q_INVOKABLE zBaseWidget* createImageTextLabel(const QString& iconPath, const QString& text);
     Q_INVOKABLE void loadJjms(const QString& appType);
@@ -55,8 +56,8 @@ class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
     QString m_strJjms;
     QString m_strGcmb;
     zBaseCombox* m_pJjmsCombo = nullptr;
-    zBaseComboxPopup* m_pGcmbPopup = nullptr;
-    QTreeWidget* m_pGcmbTree = nullptr;
+    QPointer<zBaseComboxPopup> m_pGcmbPopup;  ///< The layout's, as is the tree.
+    QPointer<QTreeWidget> m_pGcmbTree;
     zBaseButton* m_pBtnSelFile = nullptr;
     zBaseButton* m_pBtnSelDir = nullptr;
     zBaseWidget* m_pYsTile = nullptr;

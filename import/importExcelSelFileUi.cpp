@@ -29,7 +29,6 @@ zBaseLabel* picture(const QString& iconPath, int side) {
     return label;
 }
 
-/// @param font taken over; the first heading makes it of its own family.
 zBaseLabel* heading(const QString& text, const QFont& font) {
     auto* label = new zBaseLabel(text);
     label->setFont(font);

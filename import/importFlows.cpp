@@ -16,7 +16,6 @@ namespace newpro {
 namespace {
 
 const int importExcelFunction = 11118;
-/// Place of the import in the function log, and its mark there.
 const int importLogColumn = 2;
 /// The tendering data may lie on a cloud disk as well.
 const int localAndCloudDisks = 2;

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QListWidget>
 #include <QPointer>
+#include <memory>
 
 #include "SharedInterface.h"
 #include "core/creationDialog.h"
@@ -19,10 +20,10 @@ namespace newpro {
 namespace {
 
 QFileInfoList templateFiles(const QString& folder) {
-    // Name filters ignore case, so that "a.modx" has a card though the template tree skips it.
-    return QDir(folder).entryInfoList({QLatin1Char('*') + TemplateProProfix},
-                                      QDir::Files | QDir::NoSymLinks | QDir::Hidden,
-                                      QDir::Time | QDir::Reversed);
+    return QDir(folder).entryInfoList(
+        {QLatin1Char('*') + TemplateProProfix},
+        QDir::Files | QDir::NoSymLinks | QDir::Hidden | QDir::CaseSensitive,
+        QDir::Time | QDir::Reversed);
 }
 
 void emitCreate(CreationDialog& dialog, const QPointer<QWidget>& alive, const QString& path) {
@@ -41,18 +42,19 @@ int fillTemplateList(QListWidget* list, const QString& appTypeKey, ListItemPool&
                      const std::function<void(const QString& path)>& onCreate) {
     const QFileInfoList files = templateFiles(templateFolder(appTypeKey));
     for (const QFileInfo& file : files) {
-        auto* card = new TemplateProListItem(file.absoluteFilePath());
-        QObject::connect(card, &TemplateProListItem::signalCreateProByTemaplte, list,
+        auto card = std::make_unique<TemplateProListItem>(file.absoluteFilePath());
+        QObject::connect(card.get(), &TemplateProListItem::signalCreateProByTemaplte, list,
                          [onCreate](const QString& path) {
                              guarded("NewProCfgDialog", "NewProCfgDialog::LoadTemplateProInfo",
                                      // A copy: the list, and with it this connection, may go.
                                      [create = onCreate, path] { create(path); });
                          });
-        QListWidgetItem* row = items.take().release();
+        std::unique_ptr<QListWidgetItem> item = items.take();
         // setSizeHint() would take a size with the default width for no size at all.
-        row->setData(Qt::SizeHintRole, QSize(-1, scaled(80.0)));
+        item->setData(Qt::SizeHintRole, QSize(-1, scaled(80.0)));
+        QListWidgetItem* row = item.release();
         list->insertItem(list->count(), row);
-        list->setItemWidget(row, card);
+        list->setItemWidget(row, card.release());
     }
     return files.size();
 }

@@ -41,9 +41,9 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
         if (entry.taxMode < 0 || entry.taxMode >= taxModeCount) continue;
         QListWidget* list = lists[size_t(entry.taxMode)];
         if (!list) continue;
-        if (!entry.models.isEmpty()) modeFilled(entry.taxMode);
-        for (const ProjectSettingSpace::TaxTemplateInfo& model : entry.models) {
-            place(model, list, cardMade);
+        for (int i = 0; i < entry.models.size(); ++i) {
+            place(entry.models.at(i), list, cardMade);
+            if (i == 0) modeFilled(entry.taxMode);
         }
         list->setMinimumHeight(scaled(rowHeight) * entry.models.size());
     }

@@ -16,7 +16,7 @@ namespace newpro {
 /// Tax modes, as the configuration numbers them; also the page numbers of the tax-mode stack.
 enum TaxMode { GeneralTax = 0, SimpleTax = 1, BusinessTax = 2, taxModeCount = 3 };
 
-/// Fills, clears and shows the three lists. A list that was never built is passed over.
+/// Fills and clears the three lists. A list that was never built is passed over.
 class PricingModelCatalogue {
   public:
     using CardMade = std::function<void(ProModelItemForm* card)>;
@@ -31,7 +31,7 @@ class PricingModelCatalogue {
     /// Appends a card for each model of an application type to the list of its tax mode. Without
     /// configuration the lists stay as they are. After an exception the cards placed so far stay.
     /// @param cardMade   called for each card placed. @param modeFilled called once for each entry
-    ///        of the configuration that placed a card.
+    ///        of the configuration, after its first card.
     void load(const QString& appType, const CardMade& cardMade, const ModeFilled& modeFilled);
 
     /// Items for the lists' rows; those taken out wait here until they are used again.

@@ -27,13 +27,13 @@ constexpr double lineFontSize = 12.0;  // design pixels
 constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
 
 /// Makes the record known to queued connections and QVariant, under its full name and its alias.
-int registeredType() {
+void registerModel() {
     static const int id = [] {
         qRegisterMetaType<ProjectSettingSpace::TaxTemplateInfo>("TaxTemplateInfo");
         return qRegisterMetaType<ProjectSettingSpace::TaxTemplateInfo>(
             "ProjectSettingSpace::TaxTemplateInfo");
     }();
-    return id;
+    Q_UNUSED(id)
 }
 
 /// @return the menu text of a fee mode; empty for a mode without explanation.
@@ -107,7 +107,7 @@ ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent
         for (zBaseLabel* line : {ui->lblSource, ui->lblDescription}) {
             line->setFont(TBaseTool::GetDefFont(scaled(lineFontSize), QFont::Normal));
         }
-        registeredType();
+        registerModel();
         UpdateDataDisplay();
         connect(ui->btnNewProject, &QAbstractButton::clicked, this, [this] {
             guarded(source, "ProModelItemForm::ProModelItemForm",
@@ -120,6 +120,7 @@ ProModelItemForm::~ProModelItemForm() = default;
 
 void ProModelItemForm::UpdateDataDisplay() {
     guarded(source, "ProModelItemForm::UpdateDataDisplay", [this] {
+        if (!ui) return;
         ui->lblTitle->setText(model.name);
 
         QStringList basis;
@@ -159,7 +160,7 @@ void ProModelItemForm::initXjButton(zBaseButton* button) {
         if (info.feeModes.size() == 1) {
             model.feeMode = info.feeModes.constFirst();
         } else if (info.feeModes.size() > 1) {
-            splitButton(button, info.feeModes);
+            if (!button->layout()) splitButton(button, info.feeModes);
         }
         return;
     }

@@ -31,7 +31,7 @@ class ProModelItemForm : public zBaseWidget {
   private:
     struct Form;
 
-    void initXjButton(zBaseButton* button);
+    Q_INVOKABLE void initXjButton(zBaseButton* button);
     void splitButton(zBaseButton* button, const QStringList& feeModes);
     zBaseMenu* feeModeMenu(const QStringList& feeModes, zBaseButton* create, QWidget* parent);
     void emitWithout(zBaseButton* create);

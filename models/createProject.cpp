@@ -38,8 +38,8 @@ void createFromPageData(AppPluginManager* manager, const QVariantMap& values, in
         modelUsageFunction(values.value(QStringLiteral("TemplateName")).toString());
     if (function) SharedInterface::UseFunc(function, QString());
 
-    // The host counts on being asked for the text first; nobody reads it here.
-    const QString pluginText = manager ? manager->pluginText(kind) : QString();
+    // Asked for and not used: the order of the manager's three operations is the host's.
+    if (manager) manager->pluginText(kind);
     PluginMessage message = pageMessage(values, kind);
     if (manager && manager->isLoaded(message.client)) {
         message.addClient();
@@ -49,7 +49,6 @@ void createFromPageData(AppPluginManager* manager, const QVariantMap& values, in
     message.send();
 
     if (function) SharedInterface::EndUseFun(function, QString());
-    Q_UNUSED(pluginText)
 }
 
 }  // namespace newpro

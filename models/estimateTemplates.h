@@ -6,8 +6,8 @@ class zBaseCombox;
 namespace newpro {
 
 /// Refills a combo box with the base names of the installation's preliminary-estimate templates, in
-/// name order. The user's default template becomes current, else "通用概算模板", else nothing is
-/// chosen.
+/// name order. The user's default template becomes current, else "通用概算模板", else the combo
+/// box keeps its own current entry.
 /// @param combo null does nothing.
 void fillEstimateTemplates(zBaseCombox* combo);
 

@@ -162,6 +162,19 @@ class DialogTest : public testing::Test {
                                          QArgument<QVariantMap>("QMap<QString,QVariant>", values),
                                          Q_ARG(int, kind));
     }
+    /// @return the exceptions reported, as "source function: text".
+    static Lines reports() {
+        Lines lines;
+        for (const QJsonObject& entry : workbench::Journal::instance().entries()) {
+            if (entry.value(QLatin1String("kind")) != QLatin1String("exception")) continue;
+            const QJsonArray args = entry.value(QLatin1String("args")).toArray();
+            EXPECT_GT(args.at(1).toInt(), 0) << "the line of the guard";
+            lines.push_back((args.at(0).toString() + QLatin1Char(' ') + args.at(2).toString() +
+                             QStringLiteral(": ") + args.at(3).toString())
+                                .toStdString());
+        }
+        return lines;
+    }
     QWidget* card(const char* listName, int row) {
         QListWidget* cards = list(listName);
         EXPECT_LT(row, cards->count());

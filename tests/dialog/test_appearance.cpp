@@ -1,81 +1,16 @@
-#include <QAbstractButton>
-#include <QDir>
-#include <QLabel>
-
 #include "tests/dialog/DialogFixture.h"
+#include "tests/support/Looks.h"
 
 namespace {
 
 using namespace dialog_tests;
 
-/// @return the room that a text of one line takes where it is drawn: its advance, and the height
-///         that its ink reaches on a line centred in `height`. The line spacing of a Chinese font
-///         is larger than anything it draws.
-QSize neededSize(const QFontMetrics& metrics, const QString& text, int height) {
-    const QRect ink = metrics.tightBoundingRect(text);
-    const int baseline = (height - metrics.height()) / 2 + metrics.ascent();
-    const int above = qMax(0, -(baseline + ink.top()));
-    const int below = qMax(0, baseline + ink.bottom() + 1 - height);
-    return {metrics.horizontalAdvance(text), height + above + below};
-}
-
-/// @return what is cut off on a widget: the texts of labels and buttons that need more room than
-///         they have. The description of a card is elided on purpose.
-QStringList clippedTexts(const QWidget* page) {
-    QStringList clipped;
-    const auto judge = [&clipped](const QWidget* widget, const QString& text, QSize room,
-                                  int beside) {
-        QSize needed = neededSize(widget->fontMetrics(), text, room.height());
-        needed.rwidth() += beside;
-        if (needed.width() <= room.width() && needed.height() <= room.height()) return;
-        clipped << QStringLiteral("%1 \"%2\" needs %3x%4, has %5x%6")
-                       .arg(widget->objectName(), text)
-                       .arg(needed.width())
-                       .arg(needed.height())
-                       .arg(room.width())
-                       .arg(room.height());
-    };
-    for (const auto* label : page->findChildren<QLabel*>()) {
-        if (!label->isVisible() || label->text().isEmpty()) continue;
-        if (label->objectName() == QLatin1String("lblDescription")) continue;
-        judge(label, label->text(), label->contentsRect().size(), 0);
-    }
-    for (const auto* button : page->findChildren<QAbstractButton*>()) {
-        if (!button->isVisible() || button->text().isEmpty()) continue;
-        judge(button, button->text(), button->size(),
-              button->icon().isNull() ? 0 : button->iconSize().width());
-    }
-    return clipped;
-}
-
-/// @return visible siblings of a layout that overlap, which no text check would tell.
-QStringList overlaps(const QWidget* page) {
-    QStringList found;
-    for (const auto* label : page->findChildren<QLabel*>()) {
-        for (const auto* other :
-             label->parentWidget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (other == label || !label->isVisible() || !other->isVisible()) continue;
-            if (!label->geometry().intersects(other->geometry())) continue;
-            found << label->text() + QStringLiteral(" over ") + other->objectName();
-        }
-    }
-    return found;
-}
-
-struct Look {
-    double scale;
-    const char* skin;
-};
-
-void PrintTo(const Look& look, std::ostream* out) {
-    *out << look.skin << " at " << look.scale;
-}
+using testing_support::Look;
 
 class Appearance : public DialogTest, public testing::WithParamInterface<Look> {
   protected:
     void SetUp() override {
-        workbench::Host::instance().setScale(GetParam().scale);
-        workbench::Host::instance().setSkin(QLatin1String(GetParam().skin));
+        testing_support::wear(GetParam());
         const QString kvys = QStringLiteral("Kvys");
         QList<TaxTemplateInfo> models;
         for (const char* name : {"清单计价【国标2013规范，四川2020定额】（税率9%，2025安文费）",
@@ -102,19 +37,7 @@ class Appearance : public DialogTest, public testing::WithParamInterface<Look> {
         open();
     }
     void check(const char* page) {
-        SCOPED_TRACE(page);
-        settle();
-        EXPECT_EQ(clippedTexts(dialog.get()), QStringList());
-        EXPECT_EQ(overlaps(dialog.get()), QStringList());
-        const QImage picture = dialog->grab().toImage();
-        EXPECT_EQ(picture.size(), dialog->size());
-        const QString folder = qEnvironmentVariable("NEWPRO_PICTURES");
-        if (folder.isEmpty()) return;
-        QDir().mkpath(folder);
-        EXPECT_TRUE(
-            picture.save(QStringLiteral("%1/%2-%3-%4.png")
-                             .arg(folder, QLatin1String(page), QLatin1String(GetParam().skin))
-                             .arg(qRound(GetParam().scale * 100))));
+        testing_support::expectLooksRight(dialog.get(), page, GetParam());
     }
 };
 
@@ -149,12 +72,7 @@ TEST_P(Appearance, EveryInteractiveWidgetHasAnAccessibleNameOrAText) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Looks, Appearance,
-                         testing::Values(Look{1.0, "light"}, Look{1.5, "light"}, Look{2.0, "light"},
-                                         Look{1.0, "dark"}, Look{1.5, "dark"}, Look{2.0, "dark"}),
-                         [](const testing::TestParamInfo<Look>& info) {
-                             return info.param.skin + std::string("At") +
-                                    std::to_string(qRound(info.param.scale * 100)) + "Percent";
-                         });
+INSTANTIATE_TEST_SUITE_P(Looks, Appearance, testing::ValuesIn(testing_support::allLooks()),
+                         testing_support::nameOfLook);
 
 }  // namespace

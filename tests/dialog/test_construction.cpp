@@ -308,37 +308,4 @@ TEST_F(Construction, TheSignalsStandInTheirOrder) {
     }
 }
 
-TEST_F(Construction, PrivateOperationsAreReachedThroughTheMetaObject) {
-    const QMetaObject& meta = NewProCfgDialog::staticMetaObject;
-    for (const char* name : {"GetProgramType(int&)",
-                             "GetModelCfgAndInitData()",
-                             "ClearProTaxModelListWidget()",
-                             "LoadTemplateProInfo()",
-                             "flushListWidget()",
-                             "initGsMbData()",
-                             "initXjXlData()",
-                             "initLsjl(bool,bool,bool,bool)",
-                             "addMoBanWidget()",
-                             "addShXjWid()",
-                             "addZcbXjWid()",
-                             "addOneRowItem(QString,QTreeWidgetItem*,bool,QString)",
-                             "setTreeStyleSheet()",
-                             "slotCalculationTaxClicked(int)",
-                             "slotCalculationTaxAnimationFinished(int)",
-                             "slotNewPro(ProjectSettingSpace::TaxTemplateInfo)",
-                             "slotCreatePro(QMap<QString,QVariant>,int)",
-                             "slotImportExcelNewPro()",
-                             "slotImportCJZPro()",
-                             "xjgsButtonSlot()",
-                             "xjshButtonSlot()",
-                             "xjZcbButtonSlot()",
-                             "slotScanXjsh()",
-                             "slotScanXjsh_YN()",
-                             "slotScanXjZcb()",
-                             "getDkType(QString)",
-                             "getDirAndFiles(QString,QTreeWidgetItem*)"}) {
-        EXPECT_GE(meta.indexOfMethod(name), 0) << name;
-    }
-}
-
 }  // namespace

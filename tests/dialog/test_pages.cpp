@@ -174,7 +174,10 @@ TEST_F(Pages, TheTreeStyleIsFilledWithScaledSizesAndTheSkinsColour) {
             EXPECT_TRUE(style.contains(QLatin1String(part))) << part;
         }
         EXPECT_FALSE(style.contains(QLatin1Char('%')));
-        EXPECT_EQ(tree()->styleSheet(), style);
+        // In a dark skin the rows' light tints are taken back, behind the sheet itself.
+        const bool dark = skin == std::string("dark");
+        EXPECT_TRUE(tree()->styleSheet().startsWith(style));
+        EXPECT_EQ(tree()->styleSheet() != style, dark) << tree()->styleSheet().toStdString();
     }
 }
 

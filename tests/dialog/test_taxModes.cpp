@@ -1,4 +1,5 @@
 #include <QParallelAnimationGroup>
+#include <QPropertyAnimation>
 #include <QSignalSpy>
 
 #include "tests/dialog/DialogFixture.h"
@@ -82,6 +83,17 @@ TEST_F(TaxModes, TheSlideOfTheDialogIsImmediateWithAnOutQuintEase) {
     QSignalSpy finished(taxStack(), &SlidingStackedWidget::animationFinished);
     click(button("simpleTaxButton"));
     EXPECT_EQ(finished.size(), 1);
+    settle();
+    // Slowed down only, so that the slide can be looked at.
+    taxStack()->setSpeed(100000);
+    click(button("generalTaxButton"));
+    int slides = 0;
+    for (const auto* animation : taxStack()->findChildren<QPropertyAnimation*>()) {
+        if (animation->propertyName() != "pos") continue;
+        ++slides;
+        EXPECT_EQ(int(animation->easingCurve().type()), 14);
+    }
+    EXPECT_EQ(slides, 2);
 }
 
 TEST_F(TaxModes, RefreshingShowsTheListsOfTheCheckedButtonsOnly) {

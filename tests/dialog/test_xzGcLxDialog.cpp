@@ -4,6 +4,8 @@
 #include <QSignalSpy>
 
 #include "dialog/xzGcLxDialog.h"
+#include "tests/support/Looks.h"
+#include "tests/support/StyleOf.h"
 #include "tests/support/TestSupport.h"
 #include "zBaseControl.h"
 
@@ -128,5 +130,49 @@ TEST_F(TypeChooser, has_a_fixed_size_and_shows_all_of_it_at_every_scale) {
         }
     }
 }
+
+TEST_F(TypeChooser, has_its_caption_over_a_divider_over_the_buttons) {
+    const QLayout* outer = dialog.layout();
+    const QLayout* heading = outer->itemAt(0)->layout();
+    const QLayout* buttons = outer->itemAt(1)->layout();
+    ASSERT_TRUE(heading && buttons);
+    ASSERT_EQ(heading->count(), 2);
+    EXPECT_EQ(heading->spacing(), 5);
+    auto* caption = qobject_cast<zBaseLabel*>(heading->itemAt(0)->widget());
+    auto* divider = qobject_cast<zBaseLabel*>(heading->itemAt(1)->widget());
+    ASSERT_TRUE(caption && divider);
+    EXPECT_EQ(caption->text(), QStringLiteral("选择工程类型:"));
+    EXPECT_EQ(caption->minimumHeight(), 21);
+    EXPECT_EQ(caption->maximumHeight(), 21);
+    EXPECT_EQ(StyleOf::widget(divider).type, 13);
+    EXPECT_EQ(divider->text(), QString());
+    EXPECT_EQ(buttons->spacing(), 10);
+    EXPECT_EQ(buttons->count(), 4);
+}
+
+TEST_F(TypeChooser, has_only_a_close_button_in_its_title_bar) {
+    dialog.show();
+    settle();
+    auto* bar = child<QWidget>(&dialog, "titleBar");
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_TRUE(child<QAbstractButton>(&dialog, "closeButton")->isVisible());
+    for (const QWidget* inBar : bar->findChildren<QWidget*>()) {
+        EXPECT_FALSE(inBar->isVisible()) << inBar->objectName().toStdString();
+    }
+}
+
+class TypeChooserLooks : public testing::TestWithParam<Look> {
+  protected:
+    TemporaryInstallation installation;
+};
+
+TEST_P(TypeChooserLooks, show_every_text_whole) {
+    wear(GetParam());
+    xzGcLxDialog dialog(nullptr);
+    dialog.show();
+    expectLooksRight(&dialog, "type-chooser", GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, TypeChooserLooks, testing::ValuesIn(allLooks()), nameOfLook);
 
 }  // namespace

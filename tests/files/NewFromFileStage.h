@@ -37,6 +37,17 @@ struct Stage {
         run();
         return flowLines();
     }
+    /// @return the file that the first creation in the journal starts from; null without one.
+    QString createdFrom() const {
+        const bool message = flow == FileFlow::Contracting;
+        const QJsonArray args = testing_support::entriesOf(
+                                    message ? "Communication::SendMsgToPlugin" : "createFromPage")
+                                    .value(0)
+                                    .value(QLatin1String("args"))
+                                    .toArray();
+        const QJsonObject values = args.at(message ? 2 : 0).toObject();
+        return values.value(QLatin1String(message ? "pro_file" : "GcLj")).toString();
+    }
 
     testing_support::TemporaryInstallation host;
     files_testing::RecordingDialog dialog;

@@ -96,9 +96,39 @@ TEST(HistoryEntryParser, EverythingElseIsSkipped) {
         record(text("none"), 15, unit),
         record(QString(), 7, hashes),
         record(QString(), 15, unit),
+        text("bd##/a") + QChar(QChar::Null) + text("b.GCFX"),
+        text("yp##企业云盘/a.GCFX") + QChar(QChar::Null),
+        record(QString(QChar::Null), 7, hashes),
+        record(text("企业云盘/a.GCFX") + QChar(QChar::Null), 15, unit),
     };
     for (const QString& row : rows) {
         EXPECT_FALSE(parseHistoryEntry(row)) << row.toStdString();
+    }
+}
+
+TEST(HistoryEntryParser, OnlyThePathMayNotHaveANull) {
+    const QString rest = QString(QChar::Null);
+    EXPECT_TRUE(parseHistoryEntry(text("bd##/a.GCFX##") + rest));
+    EXPECT_TRUE(parseHistoryEntry(record(text("/a.GCFX"), 6, hashes) + hashes + rest));
+}
+
+TEST(HistoryEntryParser, LongAndStrangeNamesComeThrough) {
+    const QString names[] = {QString(255, QLatin1Char('n')),
+                             text("锦江区第三中学").repeated(36),
+                             text("😀👨‍👩‍👧.x"),
+                             text("单引'双\" ` $(a) \\ #b%20c"),
+                             text("a\tb\nc"),
+                             QString(QChar(0xD800))};
+    for (const QString& name : names) {
+        const QString path = text("企业云盘/") + name + text(".gcfx");
+        for (const QString& separator : {hashes, unit}) {
+            const std::optional<HistoryEntry> entry =
+                parseHistoryEntry(record(path, 15, separator));
+            ASSERT_TRUE(entry);
+            EXPECT_EQ(entry->path, path);
+            EXPECT_EQ(entry->suffix, text("GCFX"));
+        }
+        EXPECT_EQ(parseHistoryEntry(text("bd##/") + name)->path, text("/") + name);
     }
 }
 
@@ -129,7 +159,7 @@ RC_GTEST_PROP(HistoryEntryParser, FindsEveryPathThatWasWritten, ()) {
     const bool marked = *rc::gen::arbitrary<bool>();
     const bool units = *rc::gen::arbitrary<bool>();
     QString path = *files_testing::anyText(QStringLiteral("/.#工程")) + QLatin1Char('x');
-    path.remove(QChar(0x1F));
+    path.remove(QChar(0x1F)).remove(QChar::Null);
     if (!units) path.remove(QLatin1Char('#'));
     if (cloud) path += QLatin1String(".Gcf");
     const QString separator = units ? unit : hashes;

@@ -132,6 +132,31 @@ TEST_F(HistoryLists, AnExceptionOfTheHostLeavesTheBoxesAsTheyWere) {
     EXPECT_EQ(audit(), QStringList{QStringLiteral("a.GCF")});
 }
 
+TEST_F(HistoryLists, LongAndStrangeNamesAreListedUnchanged) {
+    const QString suffix = QStringLiteral(".GCFX");
+    for (const QString& name :
+         {QString(250, QLatin1Char('n')), QStringLiteral("锦江区第三中学").repeated(11),
+          QStringLiteral("😀👷 e\u0301"), QStringLiteral("单引'双\" `$(a)` %1 #b%20c&d")}) {
+        const QString file = host.path(QStringLiteral("ProjectFiles/") + name + suffix);
+        files_testing::writeBudgetProject(file);
+        const QString onDisk = QStringLiteral("个人云盘/") + name + suffix;
+        refill({local(file), cloud(onDisk)});
+        for (const QStringList& list : {audit(), contracting(), settlement(), estimate()}) {
+            EXPECT_EQ(list, (QStringList{file, onDisk}));
+        }
+        ASSERT_TRUE(QFile::remove(file));
+        refill({local(file)});
+        EXPECT_EQ(audit(), QStringList{file});
+    }
+}
+
+TEST_F(HistoryLists, AnEntryWithANullIsPassedOverUnasked) {
+    refill({local(QStringLiteral("/a") + QChar(QChar::Null) + QStringLiteral(".GCFX")),
+            cloud(QStringLiteral("个人云盘/a") + QChar(QChar::Null) + QStringLiteral(".GCFX"))});
+    EXPECT_EQ(audit(), QStringList{});
+    EXPECT_EQ(testing_support::flowLines(), testing_support::Lines{});
+}
+
 TEST_F(HistoryLists, HostileEntriesAreListedOrPassedOverAndLoseNoOther) {
     const QString longPath = QString(5000, QChar(0x5DE5));
     QStringList history{QString(QChar(0xD800)), QString(QChar(0x1F)).repeated(40),

@@ -2,8 +2,10 @@
 
 #include <QDir>
 #include <QTreeWidget>
+#include <algorithm>
 
 #include "tests/support/TestSupport.h"
+#include "tests/support/UnprivilegedUser.h"
 
 namespace {
 
@@ -90,11 +92,36 @@ TEST_F(TemplateScan, AnUnreadableFolderIsARowWithoutChildren) {
     make("x/d.MODX");
     const QString closed = folder.filePath(QStringLiteral("x"));
     ASSERT_TRUE(QFile::setPermissions(closed, QFile::Permissions()));
-    const bool readable = QFileInfo(closed).isReadable();
-    const Lines rows = scan();
+    {
+        const testing_support::UnprivilegedUser user(folder.path());
+        EXPECT_EQ(scan(), Lines{"0 x"});
+    }
     QFile::setPermissions(closed, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (readable) GTEST_SKIP() << "this user may read everything";
-    EXPECT_EQ(rows, Lines{"0 x"});
+}
+
+TEST_F(TemplateScan, AnUnreadableTopFolderMakesNoRows) {
+    make("top/d.MODX");
+    const QString top = folder.filePath(QStringLiteral("top"));
+    EXPECT_EQ(scan(top), Lines{"0 d.MODX = /d.MODX"});
+    ASSERT_TRUE(QFile::setPermissions(top, QFile::Permissions()));
+    {
+        const testing_support::UnprivilegedUser user(folder.path());
+        EXPECT_EQ(scan(top), Lines{});
+    }
+    QFile::setPermissions(top, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+TEST_F(TemplateScan, AFolderWithoutARowIsNotEntered) {
+    make("x/d.MODX");
+    make("a.MODX");
+    Lines asked;
+    newpro::scanTemplateFolder(
+        folder.path(), nullptr,
+        [&](const QString& text, QTreeWidgetItem*, bool, const QString&) -> QTreeWidgetItem* {
+            asked.push_back(text.toStdString());
+            return nullptr;
+        });
+    EXPECT_EQ(asked, (Lines{"a.MODX", "x"}));
 }
 
 TEST_F(TemplateScan, NamesOfAnyCharactersComeThrough) {
@@ -131,6 +158,32 @@ TEST_F(TemplateScan, TwoFoldersThatLinkToEachOtherEnd) {
     link(folder.filePath(QStringLiteral("b")), "a/toB");
     link(folder.filePath(QStringLiteral("a")), "b/toA");
     EXPECT_EQ(scan(), (Lines{"0 a", "1 toB", "2 toA", "0 b", "1 toA", "2 toB"}));
+}
+
+TEST_F(TemplateScan, ManyFoldersThatLinkToAllOthersMakeFewRows) {
+    constexpr int count = 10;
+    const auto name = [](int number) { return "f" + std::to_string(number); };
+    for (int from = 0; from < count; ++from) {
+        make((name(from) + "/d.MODX").c_str());
+        for (int to = 0; to < count; ++to) {
+            if (to == from) continue;
+            link(folder.filePath(QString::fromStdString(name(to))),
+                 (name(from) + "/to" + name(to)).c_str());
+        }
+    }
+    const Lines rows = scan();
+    // Each of the 10 folders, their 90 links and, below those, each folder once a scan: without
+    // that, there would be millions of rows.
+    EXPECT_LT(rows.size(), 2000u);
+    for (int from = 0; from < count; ++from) {
+        const std::string path = "/" + name(from) + "/d.MODX";
+        EXPECT_EQ(std::count(rows.begin(), rows.end(), "1 d.MODX = " + path), 1) << path;
+        for (int to = 0; to < count; ++to) {
+            if (to == from) continue;
+            const std::string linked = "/" + name(from) + "/to" + name(to) + "/d.MODX";
+            EXPECT_EQ(std::count(rows.begin(), rows.end(), "2 d.MODX = " + linked), 1) << linked;
+        }
+    }
 }
 
 TEST_F(TemplateScan, AScanThroughALinkStillKnowsItsAncestors) {

@@ -199,6 +199,13 @@ TEST_F(ExcelImport, leaves_no_dialog_behind_when_the_host_throws_and_succeeds_th
 struct TenderImport : ImportFlow {
     QString file = QStringLiteral("/data/标.YFJZ");
 
+    void answerFromCloud(const QString& path) {
+        answerWith(path);
+        workbench::FileAnswer& answer = installation.switches().fileAnswers.first();
+        answer.place = 3;
+        answer.cloudPath = QStringLiteral("个人云盘/标.YFJZ");
+    }
+
     Lines run() {
         clearJournal();
         newpro::importTender(dialog);
@@ -274,10 +281,31 @@ TEST_F(TenderImport, forgets_every_part_of_a_cloud_choice_on_every_outcome) {
         zFileDialog::userName = QStringLiteral("u");
         zFileDialog::yunpanFile = QStringLiteral("y");
         zFileDialog::userId = QStringLiteral("i");
-        answerWith(cancelled ? QString() : file);
+        // A file from the cloud disk: the file dialog itself leaves its place behind.
+        cancelled ? answerWith(QString()) : answerFromCloud(file);
         run();
         EXPECT_EQ(zFileDialog::userName + zFileDialog::yunpanFile + zFileDialog::userId, QString());
         EXPECT_EQ(zFileDialog::GetFilePath(), QString());
+    }
+}
+
+TEST_F(TenderImport, clears_the_shared_strings_between_the_path_and_the_folder_of_the_cloud_disk) {
+    const struct {
+        const char* call;
+        bool cleared;  ///< Whether the strings are gone when the call is made.
+    } rows[] = {{"zFileDialog::SetFilePath", false},
+                {"zFileDialog::SetFilePid", true},
+                {"zFileDialog::SetQyid", true},
+                {"zFileDialog::TbServerMsg", true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.call);
+        QString* const strings[] = {&zFileDialog::userName, &zFileDialog::yunpanFile,
+                                    &zFileDialog::userId};
+        answerFromCloud(file);
+        throwAt(row.call, workbench::ThrowRule::As::StdException);
+        EXPECT_THROW(newpro::importTender(dialog), std::exception);
+        throwNoMore();
+        for (const QString* text : strings) EXPECT_EQ(text->isEmpty(), row.cleared);
     }
 }
 

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QListWidget>
 
@@ -71,8 +72,27 @@ TEST_F(Templates, are_the_files_with_the_suffix_hidden_ones_included) {
     ASSERT_TRUE(QFile::link(installation.path(QStringLiteral("MBSC/kvys/a.MODX")),
                             installation.path(QStringLiteral("MBSC/kvys/link.MODX"))));
     fill();
-    EXPECT_EQ(titles(), QStringList({QStringLiteral("a"), QStringLiteral(".hidden"),
-                                     QStringLiteral("lower")}));
+    EXPECT_EQ(titles(), QStringList({QStringLiteral("a"), QStringLiteral(".hidden")}));
+}
+
+TEST_F(Templates, of_the_same_age_keep_the_order_of_the_folder_listing) {
+    const QDateTime then = QDateTime::currentDateTime().addDays(-1);
+    for (const char* name : {"m.MODX", "z.MODX", "a.MODX", "k.MODX"}) {
+        QFile file(add(QLatin1String(name), 1));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(then, QFileDevice::FileModificationTime));
+    }
+    add(QStringLiteral("newest.MODX"), 0);
+    add(QStringLiteral("oldest.MODX"), 60 * 24 * 9);
+    QStringList listed;
+    for (const QFileInfo& file : QDir(newpro::templateFolder(QStringLiteral("kvys")))
+                                     .entryInfoList(QDir::Files, QDir::Time | QDir::Reversed)) {
+        listed += file.completeBaseName();
+    }
+    fill();
+    EXPECT_EQ(titles(), listed);
+    EXPECT_EQ(titles().constFirst(), QStringLiteral("oldest"));
+    EXPECT_EQ(titles().constLast(), QStringLiteral("newest"));
 }
 
 TEST_F(Templates, of_a_missing_folder_leave_the_list_empty_without_a_word) {

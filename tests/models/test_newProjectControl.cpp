@@ -1,10 +1,13 @@
+#include <QFile>
 #include <QLayout>
 
 #include "tests/models/CardFixture.h"
+#include "tests/support/StyleOf.h"
 
 namespace {
 
 using namespace card_tests;
+using testing_support::StyleOf;
 
 TEST_F(Card, AsksTheConfigurationOfTheBudgetTypeOnce) {
     make(model(name));
@@ -155,11 +158,44 @@ TEST_F(Card, TheLeftPartIsDisabledWhileTheModelIsEmitted) {
     EXPECT_TRUE(left()->isEnabled());
 }
 
-TEST_F(Card, AClickOnTheFrameOfTheSplitButtonCreatesNothingTwice) {
+TEST_F(Card, AClickOnTheFrameOfTheSplitButtonCreatesTheModelAsItStands) {
     configure({whole, single}, whole);
     make(model(name));
+    // The frame is the one pixel beside each part that belongs to neither.
+    for (const QPoint& edge : {QPoint(0, newButton()->height() / 2),
+                               QPoint(newButton()->width() - 1, newButton()->height() / 2)}) {
+        created.clear();
+        ASSERT_FALSE(newButton()->childAt(edge)) << edge.x();
+        QTest::mouseClick(newButton(), Qt::LeftButton, Qt::NoModifier, edge);
+        ASSERT_EQ(created.size(), 1);
+        EXPECT_EQ(created.at(0).feeMode, single) << "what the build of the menu left";
+    }
     click(left());
-    EXPECT_EQ(created.size(), 1);
+    ASSERT_EQ(created.size(), 2) << "a click on a part is not one on the frame as well";
+    EXPECT_EQ(created.at(1).feeMode, whole);
+}
+
+TEST_F(Card, TheControlsHaveTheTypesAndAlignmentsOfTheDesign) {
+    configure({whole, single}, whole);
+    make(model(name));
+    EXPECT_EQ(StyleOf::widget(card.get()).type, 9);
+    for (const char* text : {"lblTitle", "lblSource", "lblDescription"}) {
+        EXPECT_EQ(StyleOf::widget(label(text)).type, 2) << text;
+    }
+    EXPECT_EQ(StyleOf::widget(newButton()).type, 88);
+    ASSERT_EQ(parts().size(), 2);
+    EXPECT_EQ(StyleOf::widget(left()).type, 18);
+    EXPECT_EQ(StyleOf::widget(left()).textAlignment, 2);
+    EXPECT_EQ(StyleOf::widget(right()).type, 18);
+    EXPECT_EQ(StyleOf::widget(right()).iconAlignment, 132);
+    for (const QString& picture : StyleOf::widget(right()).icons) {
+        EXPECT_EQ(picture, QStringLiteral(":/Image/Home/xjXl.svg")) << "no state has its own";
+    }
+    EXPECT_TRUE(QFile::exists(QStringLiteral(":/Image/Home/xjXl.svg")));
+    EXPECT_EQ(StyleOf::widget(left()).icons[0], QString());
+    for (QAction* entry : entries()) EXPECT_TRUE(entry->icon().isNull());
+    EXPECT_EQ(newButton()->layout()->contentsMargins(), QMargins(1, 0, 1, 0));
+    EXPECT_EQ(newButton()->layout()->spacing(), 0);
 }
 
 TEST_F(Card, ADoubleClickCreatesWithTheLeftButtonOnly) {

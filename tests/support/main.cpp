@@ -66,12 +66,8 @@ void expectWarning(const QString& pattern) {
 }  // namespace testing_support
 
 #if defined(__SANITIZE_ADDRESS__)
-/// The display-less platform plug-in never gives its screen back.
 extern "C" Q_DECL_EXPORT const char* __lsan_default_suppressions() {
-    return "leak:libqoffscreen.so\n"
-           "leak:QScreen::QScreen\n"
-           "leak:QPlatformScreen::QPlatformScreen\n"
-           "leak:QWindowSystemInterface::handleScreenAdded\n";
+    return KNOWN_LEAKS;
 }
 #endif
 

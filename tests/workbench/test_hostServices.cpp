@@ -3,6 +3,7 @@
 #include "kvcore.h"
 #include "osgi.h"
 #include "tests/support/TestSupport.h"
+#include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 #include "zCpf.h"
 
@@ -17,6 +18,16 @@ namespace {
 FirstPagePlugin* firstPage() {
     return static_cast<FirstPagePlugin*>(osgi::ObjectHelper::GetService("firstPagePlugin"));
 }
+
+/// Takes the real log-in window off until the end of the scope.
+struct OtherLogInWindow {
+    explicit OtherLogInWindow(std::function<bool()> window) {
+        workbench::setLoginWindow(std::move(window));
+    }
+    ~OtherLogInWindow() { workbench::setLoginWindow(&workbench::LoginWindow::ask); }
+    OtherLogInWindow(const OtherLogInWindow&) = delete;
+    OtherLogInWindow& operator=(const OtherLogInWindow&) = delete;
+};
 
 }  // namespace
 
@@ -51,7 +62,7 @@ TEST(HostServices, TheLogInAnswersAsTheSwitchesSay) {
     for (const auto& row : rows) {
         TemporaryInstallation installation;
         int shown = 0;
-        workbench::setLoginWindow([&] {
+        const OtherLogInWindow window([&] {
             ++shown;
             return row.windowAnswers;
         });
@@ -63,12 +74,12 @@ TEST(HostServices, TheLogInAnswersAsTheSwitchesSay) {
         EXPECT_EQ(user->IsLogin(), row.loggedIn);
         EXPECT_EQ(user->UserID(), row.loggedIn ? QStringLiteral("u1") : QString());
         EXPECT_EQ(shown, row.shown);
-        workbench::setLoginWindow({});
     }
 }
 
 TEST(HostServices, WithoutALogInWindowNobodyIsLoggedIn) {
     TemporaryInstallation installation;
+    const OtherLogInWindow none({});
     firstPage()->showLogin({});
     EXPECT_FALSE(installation.switches().account.loggedIn);
 }

@@ -84,6 +84,12 @@ TEST_F(ScenarioTest, WhatIsWrongWithAFileIsToldWithItsPlace) {
          "s.json:1: steps[0].entry: the key is missing"},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"open\", \"speed\": 1}]}",
          "s.json:1: steps[0].speed: this key is not known"},
+        {"{\"title\": \"t\", \"steps\": [{\"do\": \"open\", \"dialog\": \"QDialog\"}]}",
+         "s.json:1: steps[0].dialog: must be one of \"NewProCfgDialog\", \"xzGcLxDialog\""},
+        {"{\"title\": \"t\", \"steps\": [{\"do\": \"open\", \"dialog\": 4}]}",
+         "s.json:1: steps[0].dialog: must be a text"},
+        {"{\"title\": \"t\", \"steps\": [{\"do\": \"close\", \"dialog\": \"xzGcLxDialog\"}]}",
+         "s.json:1: steps[0].dialog: this key is not known"},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"model\", \"name\": \"m\", \"use\": \"drag\"}]}",
          "s.json:1: steps[0].use: must be one of \"new\", \"double-click\", \"menu\""},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"model\", \"name\": \"m\", \"use\": \"menu\"}]}",
@@ -200,6 +206,11 @@ TEST_F(ScenarioTest, AStepThatCannotBeDoneEndsTheScenarioWithItsReason) {
     const EarlyEnd ends[] = {
         {R"({"do": "ribbon", "entry": "预算工程"})", "steps[0] ribbon: no dialog is open"},
         {R"({"do": "open"}, {"do": "open"})", "steps[1] open: the dialog is open already"},
+        {R"({"do": "open", "dialog": "xzGcLxDialog"}, {"do": "open"})",
+         "steps[1] open: an unexpected window is open: xzGcLxDialog \"新建\""},
+        {R"({"do": "open", "dialog": "xzGcLxDialog"}, {"do": "click", "on": "BtnQx"},
+            {"do": "create"})",
+         "steps[2] create: no dialog is open"},
         {R"({"do": "open"}, {"do": "close"}, {"do": "browse"})",
          "steps[2] browse: no dialog is open"},
         {R"({"do": "open"}, {"do": "model", "name": "无"})",
@@ -217,6 +228,33 @@ TEST_F(ScenarioTest, AStepThatCannotBeDoneEndsTheScenarioWithItsReason) {
         {R"({"do": "open"}, {"do": "key", "key": "Hop"})",
          "steps[1] key: there is no key \"Hop\""}};
     for (const EarlyEnd& end : ends) EXPECT_EQ(endOf(end.steps), end.reason);
+}
+
+struct ChooserAnswer {
+    const char* button;
+    int answer;
+    bool opensDialog;
+};
+
+TEST_F(ScenarioTest, TheChooserOpensTheDialogForAnAnswerOnly) {
+    const ChooserAnswer answers[] = {{"BtnYs", 4, true}, {"BtnZcb", 16, true}, {"BtnQx", 0, false}};
+    for (const ChooserAnswer& each : answers) {
+        const std::string steps =
+            R"("steps": [{"do": "open", "dialog": "xzGcLxDialog"}, {"do": "click", "on": ")" +
+            std::string(each.button) + R"("}])";
+        const PlayResult result = play(steps);
+        EXPECT_TRUE(result.asExpected()) << result.ended.toStdString();
+        Lines dialogs;
+        for (const QJsonObject& entry : result.journal) {
+            if (entry.value(QLatin1String("kind")) != QLatin1String("dialog")) continue;
+            const int code = entry.value(QLatin1String("result")).toInt(-1);
+            dialogs.push_back(entry.value(QLatin1String("name")).toString().toStdString() + " " +
+                              std::to_string(code));
+        }
+        Lines expected = {"xzGcLxDialog -1", "xzGcLxDialog " + std::to_string(each.answer)};
+        if (each.opensDialog) expected.push_back("NewProCfgDialog -1");
+        EXPECT_EQ(dialogs, expected);
+    }
 }
 
 TEST_F(ScenarioTest, AModalWindowThatNoStepExpectsEndsTheScenario) {

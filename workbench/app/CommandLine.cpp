@@ -29,7 +29,9 @@ void describe(QCommandLineParser& parser) {
     parser.addHelpOption();
     parser.addOptions(
         {{text("installation"),
-          text("Installation folder (default: a copy of the sample beside the program)."),
+          text("Installation folder. The window works in it, instead of in its own copy of the "
+               "sample beside the program; play and tour play on a temporary copy of it, instead "
+               "of the sample, where a scenario names none."),
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
          {text("pictures"), text("Keep pictures in this folder."), text("DIR")},

@@ -10,6 +10,9 @@ namespace workbench {
 
 namespace {
 
+/// Opening a dialog makes dozens of entries; showing them must not hold its first picture up.
+constexpr int gatherMs = 100;
+
 QString kindOf(const QJsonObject& entry) {
     return entry.value(QStringLiteral("kind")).toString();
 }
@@ -38,6 +41,9 @@ QColor colourOf(const QString& kind) {
 
 JournalModel::JournalModel(QObject* parent)
     : QAbstractTableModel(parent), entries(Journal::instance().entries()) {
+    soon.setSingleShot(true);
+    soon.setInterval(gatherMs);
+    connect(&soon, &QTimer::timeout, this, &JournalModel::showArrived);
     connect(&Journal::instance(), &Journal::recorded, this, &JournalModel::append);
     connect(&Journal::instance(), &Journal::cleared, this, &JournalModel::empty);
 }
@@ -77,14 +83,22 @@ QVariant JournalModel::headerData(int section, Qt::Orientation orientation, int 
 }
 
 void JournalModel::append(const QJsonObject& entry) {
-    beginInsertRows({}, entries.size(), entries.size());
-    entries.append(entry);
+    arrived.append(entry);
+    if (!soon.isActive()) soon.start();
+}
+
+void JournalModel::showArrived() {
+    if (arrived.isEmpty()) return;
+    beginInsertRows({}, entries.size(), entries.size() + arrived.size() - 1);
+    entries += arrived;
+    arrived.clear();
     endInsertRows();
 }
 
 void JournalModel::empty() {
     beginResetModel();
     entries.clear();
+    arrived.clear();
     endResetModel();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QAbstractTableModel>
 #include <QJsonObject>
+#include <QTimer>
 #include <QVector>
 
 namespace workbench {
@@ -24,9 +25,12 @@ class JournalModel : public QAbstractTableModel {
 
   private:
     void append(const QJsonObject& entry);
+    void showArrived();
     void empty();
 
     QVector<QJsonObject> entries;
+    QVector<QJsonObject> arrived;  // not shown yet
+    QTimer soon;
 };
 
 }  // namespace workbench

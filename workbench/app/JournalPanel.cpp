@@ -31,6 +31,7 @@ class KindAndText : public QSortFilterProxyModel {
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override {
         const QModelIndex entry = sourceModel()->index(row, JournalModel::Entry, parent);
         if (!kind.isEmpty() && entry.data(JournalModel::kindRole).toString() != kind) return false;
+        if (text.isEmpty()) return true;
         return entry.data().toString().contains(text, Qt::CaseInsensitive);
     }
 };

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPointer>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -14,7 +15,6 @@
 #include <QUrl>
 
 #include "dialog/NewProCfgDialog.h"
-#include "dialog/xzGcLxDialog.h"
 #include "workbench/app/HostPanel.h"
 #include "workbench/app/JournalPanel.h"
 #include "workbench/app/ProjectPanel.h"
@@ -29,11 +29,10 @@ namespace {
 const char* const pictureProperty = "picture";
 const int messageMs = 8000;
 
-/// What the skin leaves to the window: lines between its parts, and fields and switches that stand
-/// out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
-QString windowSheet() {
+/// What the skin leaves to the window's parts: lines between them, and fields and switches that
+/// stand out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
+QString partSheet() {
     QString sheet = QStringLiteral(R"(
-QMainWindow::separator{background:@line;width:1px;height:1px}
 QSplitter::handle{background:@line;width:1px}
 QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:1px solid @line}
 QToolBar{border:none;border-bottom:1px solid @line;padding:#4#px #6#px;spacing:#4#px}
@@ -79,7 +78,7 @@ MainWindow::MainWindow()
     connect(&host, &Host::scaleChanged, this, &MainWindow::adaptToLook);
     adaptToLook();
     showCount();
-    resize(scaled(1280), scaled(820));
+    resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
 }
 
 MainWindow::~MainWindow() = default;
@@ -157,7 +156,10 @@ void MainWindow::makeStatusBar() {
 }
 
 void MainWindow::adaptToLook() {
-    setStyleSheet(windowSheet());
+    // Not on the window: a dialog above it would inherit the sheet, and open more slowly.
+    const QString sheet = partSheet();
+    for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (!part->isWindow()) part->setStyleSheet(sheet);
     setWindowIcon(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), QSize(64, 64), 1));
     const int side = scaled(18);
     tools->setIconSize({side, side});
@@ -176,18 +178,13 @@ void MainWindow::toggleSkin() {
 
 void MainWindow::newProject(const QString& kind) {
     const QPointer<NewProCfgDialog> dialog = makeHostDialog({}, store, this);
-    QAction* entry = kind.isEmpty() ? nullptr : addKindEntry(dialog, kind);
-    // In the dialog's own event loop: cards that a change of kind replaces are only deleted there.
-    if (entry) QTimer::singleShot(0, dialog, [entry] { entry->trigger(); });
+    QTimer::singleShot(0, dialog, [dialog, kind] { startWithKind(dialog, kind); });
     dialog->exec();
     delete dialog;
 }
 
 void MainWindow::chooseKind() {
-    xzGcLxDialog chooser(this);
-    const int answer = chooser.exec();
-    if (answer == 4) newProject();
-    if (answer == 16) newProject(QStringLiteral("总承包工程"));
+    if (const auto kind = askForKind(this)) newProject(*kind);
 }
 
 void MainWindow::showCreated(const QString& path) {

@@ -26,14 +26,30 @@ void passOn(QtMsgType type, const QMessageLogContext& context, const QString& te
     std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
-/// Playing needs no display; the window does.
-void choosePlatform(Command command) {
-    const bool display =
-        qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
-    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-    if (command == Command::Window) return;
+/// @return whether something can be shown to a person.
+bool hasDisplay() {
+    const QString chosen = qEnvironmentVariable("QT_QPA_PLATFORM");
+    if (!chosen.isEmpty())
+        return !chosen.startsWith(QLatin1String("offscreen")) &&
+               !chosen.startsWith(QLatin1String("minimal"));
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+#else
+    return true;
+#endif
+}
+
+/// Playing needs no display, unless somebody is to watch.
+/// @return empty, or why the command cannot be run here.
+QString choosePlatform(const CommandLine& line) {
+    if (line.watch && !hasDisplay()) return QStringLiteral("--watch: there is no display");
+    const bool chosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    if (line.command == Command::Window)
+        return chosen || hasDisplay() ? QString() : QStringLiteral("there is no display");
     qInstallMessageHandler(passOn);
-    if (!display && !chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!hasDisplay() && !chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
+    return {};
 }
 
 /// The command decides on the platform, so that it is read before the application exists.
@@ -73,7 +89,8 @@ int main(int argc, char** argv) {
     CommandLine line;
     QString error;
     if (!readArguments(argc, argv, line, error)) return error.isEmpty() ? 0 : wrong(error);
-    choosePlatform(line.command);
+    error = choosePlatform(line);
+    if (!error.isEmpty()) return wrong(error);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
@@ -81,5 +98,7 @@ int main(int argc, char** argv) {
     if (!line.journal.isEmpty() && !workbench::Journal::instance().setFile(line.journal))
         return wrong(line.journal + QStringLiteral(": cannot be written"));
     workbench::applySkin();
-    return run(line);
+    const int result = run(line);
+    const QString unwritten = workbench::Journal::instance().fileError();
+    return unwritten.isEmpty() ? result : wrong(unwritten);
 }

@@ -49,6 +49,7 @@ Journal& Journal::instance() {
 
 bool Journal::setFile(const QString& path) {
     file.close();
+    problem.clear();
     file.setFileName(path);
     if (path.isEmpty()) return true;
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
@@ -60,7 +61,8 @@ const QVector<QJsonObject>& Journal::entries() const {
 
 void Journal::clear() {
     list.clear();
-    lastSeq = 0;
+    // Numbers run on in a file, whatever is forgotten of it here.
+    if (!file.isOpen()) lastSeq = 0;
     Q_EMIT cleared();
 }
 
@@ -86,11 +88,15 @@ void Journal::record(const QString& kind, const QString& name, const QJsonObject
     entry.insert(QStringLiteral("kind"), kind);
     entry.insert(QStringLiteral("name"), name);
     list.append(entry);
-    if (file.isOpen()) {
-        file.write(line(entry) + '\n');
-        file.flush();
-    }
+    if (file.isOpen()) write(entry);
     Q_EMIT recorded(entry);
+}
+
+void Journal::write(const QJsonObject& entry) {
+    const QByteArray text = line(entry) + '\n';
+    if (file.write(text) == text.size() && file.flush()) return;
+    problem = file.fileName() + QStringLiteral(": ") + file.errorString();
+    file.close();
 }
 
 void Journal::signal(const QString& name, const QJsonArray& args) {

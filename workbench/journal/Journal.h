@@ -24,12 +24,14 @@ class WORKBENCH_API Journal : public QObject {
     /// Writes every later entry to a file, which is emptied first. An empty path ends the writing.
     /// @return false if the file cannot be opened for writing.
     bool setFile(const QString& path);
+    /// @return why the file could not be written to its end, after which nothing more was; empty if
+    ///         all is written.
+    QString fileError() const { return problem; }
     const QVector<QJsonObject>& entries() const;
-    /// Forgets the entries; numbers start from 1 again. A file set before is kept and goes on.
+    /// Forgets the entries. Numbers start from 1 again, but for a file: it is kept and goes on.
     void clear();
     /// @return the entry as it stands in a file: one line of UTF-8 without its line end, the keys
-    /// in
-    ///         their fixed order.
+    ///         in their fixed order.
     static QByteArray line(const QJsonObject& entry);
 
     /// Records an entry. @param fields what the kind has beside kind and name.
@@ -68,11 +70,13 @@ class WORKBENCH_API Journal : public QObject {
 
   private:
     Journal();
+    void write(const QJsonObject& entry);
     void recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer);
 
     QVector<QJsonObject> list;
     QElapsedTimer clock;
     QFile file;
+    QString problem;
     int lastSeq = 0;
 };
 

@@ -5,7 +5,9 @@
 #include <QTimer>
 #include <exception>
 
+#include "workbench/journal/Journal.h"
 #include "workbench/scenario/Watchdog.h"
+#include "workbench/scenario/judge.h"
 #include "workbench/scenario/targets.h"
 #include "workbench/scenario/verbs.h"
 
@@ -15,7 +17,6 @@ namespace {
 
 const int glanceMs = 5;    ///< Between two looks for a target.
 const int personMs = 900;  ///< Between two steps at a person's pace.
-const int hangMs = 20000;  ///< Beyond the step limit, before the process is ended.
 
 }  // namespace
 
@@ -27,7 +28,9 @@ Player::Player(const Scenario& scenario, const PlayOptions& options, Stage& stag
 Player::~Player() = default;
 
 QString Player::run() {
-    watchdog = std::make_unique<Watchdog>(std::chrono::milliseconds(options.stepLimit + hangMs));
+    watchdog = std::make_unique<Watchdog>(
+        std::chrono::milliseconds(options.stepLimit + options.hangLimit), stage.folder);
+    feedWatchdog(QStringLiteral("nothing has happened"));
     stepClock.start();
     QTimer::singleShot(0, this, &Player::tick);
     loop.exec();
@@ -54,7 +57,7 @@ bool Player::takeNextStep() {
     if (step + 1 >= scenario.steps.size()) return false;
     ++step;
     stepClock.restart();
-    watchdog->feed(place());
+    feedWatchdog(place() + QStringLiteral(": the user interface has stopped answering"));
     const Step& now = scenario.steps[step];
     const Verb* verb = verbNamed(now.verb);
     const QJsonObject args = filledIn(now.args, stage.folder).toObject();
@@ -95,6 +98,8 @@ void Player::perform(const Plan& plan) {
     goOn();
     try {
         plan.deed();
+    } catch (const StepFailure& failure) {
+        end(failure.reason);
     } catch (const std::exception& escaped) {
         end(QStringLiteral("an exception escaped: ") + QString::fromLocal8Bit(escaped.what()));
     } catch (...) {
@@ -108,6 +113,7 @@ void Player::end(const QString& why) {
     over = true;
     if (!why.isEmpty()) reason = place() + QStringLiteral(": ") + why;
     Q_EMIT ending();
+    feedWatchdog(reason);
 }
 
 void Player::clearUp() {
@@ -126,6 +132,14 @@ QString Player::place() const {
         .arg(scenario.file)
         .arg(step)
         .arg(scenario.steps[step].verb);
+}
+
+void Player::feedWatchdog(const QString& reasonToEnd) {
+    const QStringList found = stage.differences + differences(Journal::instance().entries(),
+                                                              scenario.expect, stage.folder);
+    QString lastWords = reasonToEnd;
+    for (const QString& difference : found) lastWords += QStringLiteral("\n  ") + difference;
+    watchdog->feed(lastWords);
 }
 
 void Player::watchDialog(NewProCfgDialog* dialog) {

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QObject>
+#include <QPointer>
 #include <QVector>
 #include <memory>
 
@@ -20,6 +21,7 @@ struct PlayOptions {
     QJsonObject host;       ///< Settings under those of the scenario.
     bool watch = false;     ///< At a person's pace, with a main window.
     int stepLimit = 10000;  ///< Milliseconds that a step may take.
+    int hangLimit = 20000;  ///< Milliseconds beyond it after which the process is ended.
 };
 
 struct PlayResult {
@@ -37,7 +39,9 @@ struct PlayResult {
 
 /// Plays one scenario on a temporary copy of its installation. The host is reset before and after,
 /// and the journal starts anew. It always returns: a step that finds no target in time, or a modal
-/// window that no step expects, ends the scenario.
+/// window that no step expects, ends the scenario. Only a deed that neither returns nor has a
+/// window to close cannot be left: then the process ends with 1, its reason and the differences so
+/// far.
 PlayResult play(const Scenario& scenario, const PlayOptions& options);
 
 /// Runs the steps from the event loop, one by one. A step's deed may open a modal window with an
@@ -65,6 +69,7 @@ class Player : public QObject {
     void end(const QString& reason);
     void clearUp();
     QString place() const;
+    void feedWatchdog(const QString& reasonToEnd);
     void watchDialog(NewProCfgDialog* dialog);
     bool dialogNeededLater() const;
 
@@ -74,9 +79,9 @@ class Player : public QObject {
     QEventLoop loop;
     QElapsedTimer stepClock;
     std::unique_ptr<Watchdog> watchdog;
-    int step = -1;                   ///< Index of the current step.
-    std::function<Plan()> planning;  ///< What is left of the current step; empty: it is done.
-    QVector<const QWidget*> busy;    ///< Per running deed: the window on top when it began.
+    int step = -1;                    ///< Index of the current step.
+    std::function<Plan()> planning;   ///< What is left of the current step; empty: it is done.
+    QVector<QPointer<QWidget>> busy;  ///< Per running deed: the window on top when it began.
     QString reason;
     bool over = false;
 };

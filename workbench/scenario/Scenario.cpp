@@ -12,6 +12,9 @@ namespace workbench {
 
 namespace {
 
+/// The last place of the host's file dialog, the enterprise cloud disk.
+const int lastPlace = 4;
+
 QString text(const char* utf8) {
     return QString::fromUtf8(utf8);
 }
@@ -26,6 +29,34 @@ Field field(const char* key, Shape shape, bool required = false) {
 
 Field word(const char* key, const char* among, bool required = false) {
     return {text(key), Shape::Word, required, words(among)};
+}
+
+Field sound(Field field, QString (*fault)(const QJsonValue&)) {
+    field.fault = fault;
+    return field;
+}
+
+QString scaleFault(const QJsonValue& scale) {
+    if (scaleFactor(scale.toDouble()) > 0) return {};
+    return text("must be a factor from 1 to 3 or a percentage from 100 to 300");
+}
+
+QString placeFault(const QJsonValue& place) {
+    if (place.toInt() >= 0 && place.toInt() <= lastPlace) return {};
+    return text("must be from 0 to %1").arg(lastPlace);
+}
+
+QString countFault(const QJsonValue& count) {
+    return count.toInt() >= 1 ? QString() : text("must be 1 or more");
+}
+
+/// An answer either cancels or chooses.
+QString answerFault(const QJsonValue& answer) {
+    const bool cancels = answer[text("cancel")].toBool();
+    const bool chooses = !answer[text("path")].toString().isEmpty();
+    if (cancels && answer.toObject().size() == 1) return {};
+    if (chooses && !answer.toObject().contains(text("cancel"))) return {};
+    return text("must be {\"cancel\": true} or have a \"path\" and no \"cancel\"");
 }
 
 const Fields& hostFields() {
@@ -47,26 +78,30 @@ const Fields& hostFields() {
          Shape::Objects,
          false,
          {},
-         {field("path", Shape::Text), field("place", Shape::Whole), field("cloudPath", Shape::Text),
-          field("cancel", Shape::Truth)}},
+         {field("path", Shape::Text), sound(field("place", Shape::Whole), placeFault),
+          field("cloudPath", Shape::Text), field("cancel", Shape::Truth)},
+         answerFault},
         {text("cloud"), Shape::Words, false, words("slow refused broken")},
-        field("scale", Shape::Number),
+        sound(field("scale", Shape::Number), scaleFault),
         word("skin", "light dark"),
         {text("throw"),
          Shape::Objects,
          false,
          {},
-         {field("call", Shape::Text, true), field("nth", Shape::Whole),
+         {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
           word("as", "literal QString std::exception other", true), field("text", Shape::Text)}}};
     return fields;
 }
 
 const Fields& entryFields() {
-    static const Fields fields = {
-        field("seq", Shape::Whole),       word("kind", "call signal dialog box exception project"),
-        field("name", Shape::Text),       field("args", Shape::Array),
-        field("answer", Shape::Anything), word("event", "opened done"),
-        field("result", Shape::Whole)};
+    static const Fields fields = {field("seq", Shape::Whole),
+                                  field("ms", Shape::Whole),
+                                  word("kind", "call signal dialog box exception project"),
+                                  field("name", Shape::Text),
+                                  field("args", Shape::Array),
+                                  field("answer", Shape::Anything),
+                                  word("event", "opened done"),
+                                  field("result", Shape::Whole)};
     return fields;
 }
 
@@ -136,16 +171,8 @@ DialogSetup readDialog(const QJsonObject& json) {
     return setup;
 }
 
-void requireScale(const JsonPlace& root) {
-    if (!root.has("host") || !root.member("host").has("scale")) return;
-    const JsonPlace scale = root.member("host").member("scale");
-    if (scaleFactor(scale.raw().toDouble()) <= 0)
-        scale.fail(QStringLiteral("must be a factor from 1 to 3 or a percentage from 100 to 300"));
-}
-
 Scenario scenarioFrom(const JsonPlace& root) {
     requireFields(root, scenarioFields());
-    requireScale(root);
     const QJsonObject json = root.raw().toObject();
     Scenario scenario;
     scenario.title = json[text("title")].toString();

@@ -29,6 +29,11 @@ void requireTruths(const JsonPlace& map) {
     }
 }
 
+void requireSound(const JsonPlace& place, const Field& field) {
+    const QString fault = field.fault ? field.fault(place.raw()) : QString();
+    if (!fault.isEmpty()) place.fail(fault);
+}
+
 /// Reading a value as what it must be throws where it is not.
 void requireShape(const JsonPlace& place, const Field& field) {
     switch (field.shape) {
@@ -81,9 +86,16 @@ void requireFields(const JsonPlace& object, const Fields& fields) {
     QStringList keys;
     for (const Field& field : fields) keys.append(field.key);
     object.allowOnly(keys);
-    for (const Field& field : fields)
-        if (field.required || object.raw().toObject().contains(field.key))
-            requireShape(object.member(field.key), field);
+    for (const Field& field : fields) {
+        if (!field.required && !object.raw().toObject().contains(field.key)) continue;
+        const JsonPlace member = object.member(field.key);
+        requireShape(member, field);
+        if (field.shape != Shape::Objects) {
+            requireSound(member, field);
+            continue;
+        }
+        for (const JsonPlace& item : member.items()) requireSound(item, field);
+    }
 }
 
 }  // namespace workbench

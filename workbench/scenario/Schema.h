@@ -34,6 +34,8 @@ struct Field {
     bool required = false;
     QStringList words = {};  ///< For Word and Words.
     Fields members = {};     ///< For Object and Objects.
+    /// What is wrong with a value of the right shape, empty if nothing; for Objects: with each.
+    QString (*fault)(const QJsonValue& value) = nullptr;
 };
 
 /// Throws JsonError for the first member that is unknown, missing or of another shape, or if the

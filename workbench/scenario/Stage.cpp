@@ -12,6 +12,13 @@ void Stage::openDialog() {
     showHostDialog(dialog);
 }
 
+void Stage::openChooser() {
+    const auto kind = askForKind(mainWindow);
+    if (!kind) return;
+    openDialog();
+    startWithKind(dialog, *kind);
+}
+
 QWidget* Stage::window() const {
     if (QWidget* top = topWindow()) return top;
     return dialog && dialog->isVisible() ? dialog.data() : nullptr;

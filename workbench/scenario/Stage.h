@@ -26,6 +26,11 @@ struct Plan {
     static Plan giveUp(const QString& lacking) { return {{}, lacking, true, {}}; }
 };
 
+/// Thrown by a deed that could not be done.
+struct StepFailure {
+    QString reason;
+};
+
 struct Stage {
     QString folder;         ///< The temporary installation.
     QString pictureFolder;  ///< Empty: pictures are not kept.
@@ -38,6 +43,8 @@ struct Stage {
     QStringList pictures;                          ///< Files written.
 
     void openDialog();
+    /// Asks for the kind first; returns when the chooser was answered.
+    void openChooser();
     /// @return the window that a person works in: pop-up, modal window or dialog; null if none.
     QWidget* window() const;
     /// @return empty if the dialog can be used; else what stands in the way.

@@ -5,8 +5,10 @@
 
 namespace workbench {
 
-Watchdog::Watchdog(std::chrono::milliseconds patience)
-    : patience(patience), thread([this] { watch(); }) {}
+Watchdog::Watchdog(std::chrono::milliseconds patience, const QString& folder)
+    : patience(patience),
+      folder(std::filesystem::u8path(folder.toStdString())),
+      thread([this] { watch(); }) {}
 
 Watchdog::~Watchdog() {
     {
@@ -17,10 +19,10 @@ Watchdog::~Watchdog() {
     thread.join();
 }
 
-void Watchdog::feed(const QString& nowDoing) {
+void Watchdog::feed(const QString& words) {
     {
         const std::lock_guard<std::mutex> lock(mutex);
-        doing = nowDoing.toStdString();
+        lastWords = words.toStdString();
         fed = true;
     }
     sign.notify_one();
@@ -31,7 +33,9 @@ void Watchdog::watch() {
     while (!over) {
         fed = false;
         if (sign.wait_for(lock, patience, [this] { return fed || over; })) continue;
-        std::fprintf(stderr, "%s: the user interface has stopped answering\n", doing.c_str());
+        std::fprintf(stderr, "%s\n", lastWords.c_str());
+        std::error_code ignored;
+        if (!folder.empty()) std::filesystem::remove_all(folder, ignored);
         std::fflush(nullptr);
         std::_Exit(1);
     }

@@ -4,6 +4,7 @@
 #include <QString>
 #include <chrono>
 #include <condition_variable>
+#include <filesystem>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -11,24 +12,27 @@
 namespace workbench {
 
 /// While it lives it expects `feed` again and again. An endless loop in the user interface's thread
-/// cannot be left from inside; the watchdog prints where it happened and ends the process with 1.
+/// cannot be left from inside; the watchdog prints the last words that it was fed, removes the
+/// temporary folder and ends the process with 1.
 class Watchdog {
   public:
-    explicit Watchdog(std::chrono::milliseconds patience);
+    /// @param folder removed before the process is ended.
+    Watchdog(std::chrono::milliseconds patience, const QString& folder);
     ~Watchdog();
     Watchdog(const Watchdog&) = delete;
     Watchdog& operator=(const Watchdog&) = delete;
 
-    /// @param doing what is printed if this was the last sign of life.
-    void feed(const QString& doing);
+    /// @param words what is printed if this was the last sign of life.
+    void feed(const QString& words);
 
   private:
     void watch();
 
     const std::chrono::milliseconds patience;
+    const std::filesystem::path folder;
     std::mutex mutex;
     std::condition_variable sign;
-    std::string doing;
+    std::string lastWords;
     bool fed = false;
     bool over = false;
     std::thread thread;

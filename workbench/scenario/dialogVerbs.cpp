@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QStyleOptionComboBox>
 #include <QTreeWidget>
 
@@ -42,12 +43,13 @@ Plan pressPlan(QWidget* widget, const QString& what, const std::function<Plan()>
     return pressPlan(widget, widget ? widget->rect().center() : QPoint(), what, false, then);
 }
 
-Plan open(Stage& stage, const QJsonObject&) {
+Plan open(Stage& stage, const QJsonObject& args) {
     if (stage.dialog && stage.dialog->isVisible())
         return Plan::giveUp(QStringLiteral("the dialog is open already"));
     if (QWidget* top = topWindow())
         return Plan::giveUp(QStringLiteral("an unexpected window is open: %1").arg(described(top)));
-    return Plan::act([&stage] { stage.openDialog(); });
+    const bool chooser = text(args, "dialog") == QLatin1String("xzGcLxDialog");
+    return Plan::act([&stage, chooser] { chooser ? stage.openChooser() : stage.openDialog(); });
 }
 
 Plan ribbon(Stage& stage, const QJsonObject& args) {
@@ -67,7 +69,7 @@ Plan pickFeeMode(const QString& mode) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (!menu) return Plan::wait(QStringLiteral("the menu of fee modes has not opened"));
     for (QAction* action : menu->actions())
-        if (action->text().startsWith(mode))
+        if (action->text() == mode || action->text().startsWith(mode + QLatin1Char('(')))
             return pressPlan(menu, menu->actionGeometry(action).center(), quoted("fee mode", mode));
     return Plan::wait(QStringLiteral("there is no %1").arg(quoted("fee mode", mode)));
 }
@@ -79,6 +81,7 @@ Plan model(Stage& stage, const QJsonObject& args) {
     if (!card) return Plan::wait(QStringLiteral("there is no %1").arg(quoted("model card", name)));
     if (use == QLatin1String("double-click")) {
         auto* title = card->findChild<QLabel*>(QStringLiteral("lblTitle"));
+        if (!title) return Plan::wait(QStringLiteral("the model card has no title"));
         return pressPlan(card, title->mapTo(card, title->rect().center()),
                          quoted("model card", name), true);
     }
@@ -94,6 +97,7 @@ Plan model(Stage& stage, const QJsonObject& args) {
 Plan useHiddenCard(QWidget* card, bool twice) {
     if (!twice) {
         auto* button = card->findChild<zBaseButton*>(QStringLiteral("btnNewProject"));
+        if (!button) return Plan::wait(QStringLiteral("the template card has no button"));
         return Plan::act([button] { button->click(); });
     }
     return Plan::act([card] {
@@ -120,6 +124,7 @@ Plan useRow(const Stage& stage, const QString& name, bool twice) {
     if (!row) return Plan::wait(QStringLiteral("there is no %1").arg(what));
     tree->scrollToItem(row);
     QWidget* widget = tree->itemWidget(row, 0);
+    if (!widget) return Plan::wait(QStringLiteral("there is no %1").arg(what));
     if (!twice) return pressPlan(widget->findChild<zBaseButton*>(), what);
     return pressPlan(widget, QPoint(10, widget->height() / 2), what, true);
 }
@@ -137,17 +142,17 @@ Plan noChooser() {
 
 Plan file(Stage& stage, const QJsonObject& args) {
     QComboBox* combo = fileCombo(stage.dialog);
-    if (!combo) return noChooser();
-    QLineEdit* editor = combo->lineEdit();
+    QLineEdit* editor = combo ? combo->lineEdit() : nullptr;
+    if (!editor) return noChooser();
     const QString reason = unreachable(editor);
     if (!reason.isEmpty()) return Plan::wait(QStringLiteral("the file chooser: ") + reason);
     const QString typed = text(args, "text");
     return Plan::act([editor, typed] { type(editor, typed); });
 }
 
-Plan pickFromList(QComboBox* combo, int row) {
-    QAbstractItemView* view = combo->view();
-    if (!view->isVisible()) return Plan::wait(QStringLiteral("the list has not opened"));
+Plan pickFromList(const QPointer<QComboBox>& combo, int row) {
+    QAbstractItemView* view = combo ? combo->view() : nullptr;
+    if (!view || !view->isVisible()) return Plan::wait(QStringLiteral("the list has not opened"));
     return Plan::act([view, row] {
         pressKey(view, QStringLiteral("Home"));
         for (int i = 0; i < row; ++i) pressKey(view, QStringLiteral("Down"));
@@ -167,8 +172,9 @@ Plan pick(Stage& stage, const QJsonObject& args) {
     option.subControls = QStyle::SC_All;
     const QRect arrow = combo->style()->subControlRect(QStyle::CC_ComboBox, &option,
                                                        QStyle::SC_ComboBoxArrow, combo);
-    return pressPlan(combo, arrow.center(), QStringLiteral("arrow of the file chooser"), false,
-                     [combo, row] { return pickFromList(combo, row); });
+    return pressPlan(
+        combo, arrow.center(), QStringLiteral("arrow of the file chooser"), false,
+        [combo = QPointer<QComboBox>(combo), row] { return pickFromList(combo, row); });
 }
 
 Plan browse(Stage& stage, const QJsonObject&) {
@@ -200,7 +206,9 @@ const QVector<Verb>& dialogVerbs() {
     static const QString fresh = QStringLiteral("new");
     static const QString twice = QStringLiteral("double-click");
     static const QVector<Verb> verbs = {
-        {QStringLiteral("open"), {}, open},
+        {QStringLiteral("open"),
+         {word("dialog", {QStringLiteral("NewProCfgDialog"), QStringLiteral("xzGcLxDialog")})},
+         open},
         {QStringLiteral("ribbon"), {name("entry")}, onDialog<ribbon>},
         {QStringLiteral("taxMode"), {name("entry")}, onDialog<taxMode>},
         {QStringLiteral("model"),

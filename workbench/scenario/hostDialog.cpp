@@ -1,8 +1,10 @@
 #include "workbench/scenario/hostDialog.h"
 
+#include <QAction>
 #include <QJsonArray>
 
 #include "dialog/NewProCfgDialog.h"
+#include "dialog/xzGcLxDialog.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
@@ -11,6 +13,10 @@
 namespace workbench {
 
 namespace {
+
+/// Answers of the chooser.
+const int budgetProgram = 4;
+const int contractingProgram = 16;
 
 void journalSignals(NewProCfgDialog* dialog) {
     Journal* journal = &Journal::instance();
@@ -52,6 +58,19 @@ NewProCfgDialog* makeHostDialog(const DialogSetup& setup, ProjectStore& store, Q
 QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind) {
     auto* mainPage = dialog->findChild<QWidget*>(QStringLiteral("pMiddlePanelV"));
     return mainPage ? dialog->addXjPage({QString(), kind, 0}, mainPage) : nullptr;
+}
+
+std::optional<QString> askForKind(QWidget* parent) {
+    xzGcLxDialog chooser(parent);
+    const int programType = chooser.exec();
+    if (programType == budgetProgram) return QString();
+    if (programType == contractingProgram) return QStringLiteral("总承包工程");
+    return std::nullopt;
+}
+
+void startWithKind(NewProCfgDialog* dialog, const QString& kind) {
+    if (kind.isEmpty()) return;
+    if (QAction* entry = addKindEntry(dialog, kind)) entry->trigger();
 }
 
 void showHostDialog(NewProCfgDialog* dialog) {

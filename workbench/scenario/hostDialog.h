@@ -1,6 +1,8 @@
 /// Makes the dialog as a host does.
 #pragma once
 
+#include <optional>
+
 #include "workbench/scenario/Scenario.h"
 
 class NewProCfgDialog;
@@ -19,6 +21,16 @@ NewProCfgDialog* makeHostDialog(const DialogSetup& setup, ProjectStore& store, Q
 /// Adds a ribbon entry for a kind that the dialog's own ribbon does not offer. Such kinds share the
 /// main page. @return the entry's action; null if it could not be added.
 QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind);
+
+/// Shows the chooser of project kinds and waits for its answer.
+/// @return the ribbon entry to start the dialog with, empty for the dialog's own; nothing when the
+///         chooser was cancelled or closed.
+std::optional<QString> askForKind(QWidget* parent);
+
+/// Brings a dialog to a kind, as if its ribbon entry had been picked. Call it where the dialog's
+/// event loop runs: cards that a change of kind replaces are only deleted there.
+/// @param kind ribbon entry; empty leaves the dialog as it is.
+void startWithKind(NewProCfgDialog* dialog, const QString& kind);
 
 /// Shows the dialog as a modal window and returns at once.
 void showHostDialog(NewProCfgDialog* dialog);

@@ -53,7 +53,7 @@ QMetaMethod methodOf(const QObject* object, const QString& name, int argumentCou
     return {};
 }
 
-void invoke(QObject* object, const QMetaMethod& method, QVector<QVariant>& values) {
+bool invoke(QObject* object, const QMetaMethod& method, QVector<QVariant>& values) {
     const QList<QByteArray> types = method.parameterTypes();
     QGenericArgument arguments[mostArguments];
     for (int i = 0; i < values.size(); ++i) {
@@ -61,14 +61,14 @@ void invoke(QObject* object, const QMetaMethod& method, QVector<QVariant>& value
         const void* data = asVariant ? &values[i] : values[i].constData();
         arguments[i] = QGenericArgument(types[i].constData(), data);
     }
-    method.invoke(object, Qt::DirectConnection, arguments[0], arguments[1], arguments[2],
-                  arguments[3], arguments[4], arguments[5], arguments[6], arguments[7],
-                  arguments[8], arguments[9]);
+    return method.invoke(object, Qt::DirectConnection, arguments[0], arguments[1], arguments[2],
+                         arguments[3], arguments[4], arguments[5], arguments[6], arguments[7],
+                         arguments[8], arguments[9]);
 }
 
 }  // namespace
 
-std::function<void()> slotCall(QObject* object, const QString& slot, const QJsonArray& args,
+std::function<bool()> slotCall(QObject* object, const QString& slot, const QJsonArray& args,
                                QString& error) {
     const QMetaMethod method = methodOf(object, slot, args.size());
     if (!method.isValid() || args.size() > mostArguments) {
@@ -86,9 +86,7 @@ std::function<void()> slotCall(QObject* object, const QString& slot, const QJson
         return {};
     }
     const QPointer<QObject> target = object;
-    return [target, method, values]() mutable {
-        if (target) invoke(target, method, values);
-    };
+    return [target, method, values]() mutable { return target && invoke(target, method, values); };
 }
 
 }  // namespace workbench

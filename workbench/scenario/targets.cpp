@@ -16,9 +16,6 @@ namespace workbench {
 
 namespace {
 
-/// Role under which the template tree keeps the path of a file row.
-const int pathRole = Qt::UserRole + 1;
-
 QString titleOf(const QWidget* card) {
     const auto* title = card ? card->findChild<QLabel*>(QStringLiteral("lblTitle")) : nullptr;
     return title ? title->text() : QString();
@@ -110,9 +107,11 @@ QWidget* templateCard(const QWidget* dialog, const QString& title) {
 QTreeWidgetItem* templateRow(const QTreeWidget* tree, const QString& name) {
     QTreeWidgetItemIterator row(const_cast<QTreeWidget*>(tree));
     for (; *row; ++row) {
-        const QFileInfo file((*row)->data(0, pathRole).toString());
-        if (!file.filePath().isEmpty() &&
-            (file.fileName() == name || file.completeBaseName() == name))
+        const QWidget* widget = tree->itemWidget(*row, 0);
+        const auto* label = widget ? widget->findChild<QLabel*>() : nullptr;
+        // The row of a folder has no button.
+        if (!label || !widget->findChild<zBaseButton*>()) continue;
+        if (label->text() == name || QFileInfo(label->text()).completeBaseName() == name)
             return *row;
     }
     return nullptr;

@@ -53,14 +53,16 @@ Plan call(Stage& stage, const QJsonObject& args) {
     QString error;
     const auto deed = slotCall(stage.dialog, text(args, "slot"),
                                args.value(QLatin1String("args")).toArray(), error);
-    return deed ? Plan::act(deed) : Plan::giveUp(error);
+    if (!deed) return Plan::giveUp(error);
+    return Plan::act([deed] {
+        if (!deed()) throw StepFailure{QStringLiteral("the slot could not be called")};
+    });
 }
 
 Plan key(Stage& stage, const QJsonObject& args) {
     QWidget* window = stage.window();
     if (!window) return noWindow();
     const QString keys = text(args, "key");
-    if (!isKey(keys)) return Plan::giveUp(QStringLiteral("there is no key \"%1\"").arg(keys));
     const QString on = text(args, "on");
     QWidget* target = on.isEmpty() ? window->focusWidget() : anything(window, on);
     if (on.isEmpty() && !target) target = window;
@@ -133,6 +135,18 @@ Field optional(const char* key, Shape shape = Shape::Text) {
     return {QLatin1String(key), shape, false};
 }
 
+QString keyFault(const QJsonValue& keys) {
+    return isKey(keys.toString()) ? QString() : QStringLiteral("there is no such key");
+}
+
+QString targetFault(const QJsonValue& on) {
+    return on.toString().isEmpty() ? QStringLiteral("must not be empty") : QString();
+}
+
+Field target(bool required) {
+    return {QStringLiteral("on"), Shape::Text, required, {}, {}, targetFault};
+}
+
 }  // namespace
 
 const QVector<Verb>& windowVerbs() {
@@ -142,10 +156,12 @@ const QVector<Verb>& windowVerbs() {
         {QStringLiteral("excel"), {{QStringLiteral("choose"), Shape::Word, true, sources}}, excel},
         {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
         {QStringLiteral("call"), {needed("slot"), optional("args", Shape::Array)}, call},
-        {QStringLiteral("key"), {needed("key"), optional("on")}, key},
-        {QStringLiteral("click"), {needed("on")}, click},
+        {QStringLiteral("key"),
+         {{QStringLiteral("key"), Shape::Text, true, {}, {}, keyFault}, target(false)},
+         key},
+        {QStringLiteral("click"), {target(true)}, click},
         {QStringLiteral("check"),
-         {optional("on"), needed("property"), needed("is", Shape::Anything)},
+         {target(false), needed("property"), needed("is", Shape::Anything)},
          check},
         {QStringLiteral("picture"), {needed("file")}, picture},
         {QStringLiteral("close"), {}, close}};

@@ -5,8 +5,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryFile>
 #include <QXmlStreamReader>
 #include <memory>
+
+#include "workbench/hostlibs/SharedInterface/WorkbookGlobals.h"
 
 namespace workbench {
 
@@ -16,16 +19,26 @@ namespace {
 // sheets is far smaller; a part that unpacks to more is none.
 constexpr zip_uint64_t largestPart = 8 * 1024 * 1024;
 
-bool isBinaryWorkbook(const QString& path) {
+bool freexlOpens(const QString& path) {
     const void* handle = nullptr;
     bool opened = freexl_open_info(QFile::encodeName(path).constData(), &handle) == FREEXL_OK;
-    unsigned int locked = FREEXL_UNKNOWN;
-    if (opened) {
-        opened = freexl_get_info(handle, FREEXL_BIFF_PASSWORD, &locked) == FREEXL_OK &&
-                 locked == FREEXL_BIFF_PLAIN;
-    }
+    const auto fact = [&](unsigned short what) {
+        unsigned int value = 0;
+        return opened && freexl_get_info(handle, what, &value) == FREEXL_OK ? value : 0;
+    };
+    // For FreeXL a stream without any record is a workbook as well.
+    opened = fact(FREEXL_BIFF_PASSWORD) == FREEXL_BIFF_PLAIN && fact(FREEXL_BIFF_SHEET_COUNT) > 0;
     if (handle) freexl_close(handle);
     return opened;
+}
+
+// FreeXL steps over the records of every sheet, even where it keeps none: it gets the rest alone.
+bool isBinaryWorkbook(QFile& file) {
+    const QByteArray globals = globalsAlone(file);
+    if (globals.isEmpty()) return freexlOpens(file.fileName());
+    QTemporaryFile copy;
+    return copy.open() && copy.write(globals) == globals.size() && copy.flush() &&
+           freexlOpens(copy.fileName());
 }
 
 // Reads the central directory alone. A reader that walks from entry to entry would read through the
@@ -101,10 +114,10 @@ bool isWorkbook(const QString& path) {
     // The office programs keep "~$name" beside a workbook that is open: never a workbook itself.
     if (!info.isFile() || info.fileName().startsWith(QLatin1String("~$"))) return false;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return false;
+    // A buffer would be filled anew at every jump.
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
     const QByteArray magic = file.read(8);
-    file.close();
-    if (magic == QByteArray::fromHex("d0cf11e0a1b11ae1")) return isBinaryWorkbook(path);
+    if (magic == QByteArray::fromHex("d0cf11e0a1b11ae1")) return isBinaryWorkbook(file);
     if (magic.startsWith("PK\x03\x04")) return isPackageWorkbook(path);
     return false;
 }

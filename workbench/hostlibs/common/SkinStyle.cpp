@@ -1,6 +1,7 @@
 #include "workbench/hostlibs/common/SkinStyle.h"
 
 #include <QAbstractItemView>
+#include <QEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
@@ -47,12 +48,24 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
-    if (auto* bar = qobject_cast<QScrollBar*>(widget)) dress(*bar);
+    auto* bar = qobject_cast<QScrollBar*>(widget);
+    if (!bar) return;
+    // A sheet costs, and most bars are never seen: each view has two.
+    bar->installEventFilter(this);
+    if (bar->isVisible()) dress(*bar);
+}
+
+bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show)
+        if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
+    return QProxyStyle::eventFilter(watched, event);
 }
 
 int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                            const QWidget* widget) const {
     if (metric == PM_ScrollBarExtent) return scaled(9);
+    if (metric == PM_HeaderMargin || metric == PM_FocusFrameHMargin) return scaled(5);
+    if (metric == PM_DockWidgetSeparatorExtent) return qMax(1, scaled(1));
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
     switch (metric) {
         case PM_ButtonIconSize:
@@ -112,6 +125,10 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
+    if (element == PE_IndicatorDockWidgetResizeHandle) {
+        painter->fillRect(option->rect, colour(Tint::Divider));
+        return;
+    }
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
     if (element == PE_FrameFocusRect && inView) return;
     if (element == PE_PanelItemViewItem && inView) {

@@ -19,6 +19,7 @@ class SkinStyle : public QProxyStyle {
 
     using QProxyStyle::polish;
     void polish(QWidget* widget) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -223,7 +223,8 @@ void waitForAnswer() {
     if (!Host::instance().switches().cloud.slow) return;
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     QEventLoop loop;
-    QTimer::singleShot(slowAnswerMs, &loop, &QEventLoop::quit);
+    // A coarse timer may come 5 % early.
+    QTimer::singleShot(slowAnswerMs, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     QGuiApplication::restoreOverrideCursor();
 }

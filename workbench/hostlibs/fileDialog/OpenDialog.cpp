@@ -338,7 +338,7 @@ bool OpenDialog::waitForCloud() {
     if (waiting) return false;
     const QPointer<OpenDialog> self(this);
     QEventLoop loop;
-    QTimer::singleShot(cloud::slowAnswerMs, &loop, &QEventLoop::quit);
+    QTimer::singleShot(cloud::slowAnswerMs, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, [&loop] { loop.exit(1); });
     waiting = &loop;
     setBusy(true);

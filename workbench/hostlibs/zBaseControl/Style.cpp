@@ -60,6 +60,8 @@ void ComStyleOption::setNormalBackColor(const QColor& color) {
 
 ButtonStyleOption::ButtonStyleOption() = default;
 
+ButtonStyleOption::~ButtonStyleOption() = default;
+
 void ButtonStyleOption::setTextAlignment(int alignment) {
     look->textAlignment = alignment;
 }

@@ -5,12 +5,24 @@
 #include "workbench/journal/Journal.h"
 #include "zBaseControl.h"
 
+namespace {
+
+/// Geometry is not journalled, but it can fail like every other host operation.
+void throwIfAsked(const char* name, const QJsonArray& args = {}) {
+    if (workbench::Host::instance().switches().throws.isEmpty()) return;
+    workbench::Journal::instance().throwIfAsked(name, args);
+}
+
+}  // namespace
+
 InterfaceAdaptation* InterfaceAdaptation::getInstance() {
+    throwIfAsked("InterfaceAdaptation::getInstance");
     static InterfaceAdaptation adaptation;
     return &adaptation;
 }
 
 int InterfaceAdaptation::getResolutionRatioH(double designPixels) const {
+    throwIfAsked("InterfaceAdaptation::getResolutionRatioH", {designPixels});
     return workbench::scaled(designPixels);
 }
 

@@ -108,12 +108,15 @@ Qt::Alignment centredUnlessSaid(int flags) {
 
 // The width for bold text is kept free, so that nothing moves when an entry is chosen.
 int textWidth(const QPushButton& button, bool roomForBold) {
-    QFont font = button.font();
-    if (roomForBold) font.setWeight(QFont::Bold);
+    if (button.text().isEmpty()) return 0;
     const auto width = [&](const QFont& used) {
         return qCeil(QFontMetricsF(used).horizontalAdvance(button.text())) + 1;
     };
-    return button.text().isEmpty() ? 0 : qMax(width(font), width(button.font()));
+    const int now = width(button.font());
+    if (!roomForBold) return now;
+    QFont bold = button.font();
+    bold.setWeight(QFont::Bold);
+    return qMax(width(bold), now);
 }
 
 void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {
@@ -213,8 +216,9 @@ void zBaseButton::paintEvent(QPaintEvent*) {
         drawUnderline(painter, rect(), place);
     if (look->keyboardFocus && hasFocus()) {
         const int inset = scaled(2);
+        const Tint ring = tints.text == Tint::Text ? Tint::AccentLine : tints.text;
         workbench::drawBox(painter, rect().adjusted(inset, inset, -inset, -inset), Qt::transparent,
-                           colour(tints.text), face.radius);
+                           colour(ring), face.radius);
     }
 }
 

@@ -1,10 +1,11 @@
-#include "tests/workbench/HostileWorkbooks.h"
+#include "tests/support/HostileWorkbooks.h"
 
 #include <gtest/gtest.h>
 #include <zip.h>
 #include <zlib.h>
 
 #include <QFile>
+#include <QRandomGenerator>
 #include <QtEndian>
 #include <memory>
 
@@ -107,8 +108,11 @@ void put32(QByteArray& bytes, int at, quint32 value) {
     qToLittleEndian(value, bytes.data() + at);
 }
 
+constexpr quint32 listMark = 0xFFFFFFFC;
+constexpr quint32 tableMark = 0xFFFFFFFD;
 constexpr quint32 endOfChain = 0xFFFFFFFE;
 constexpr quint32 unused = 0xFFFFFFFF;
+constexpr quint32 tablesInHeader = 109;
 
 /// Directory entry of 128 bytes; an empty name for an unused one.
 QByteArray directoryEntry(const QString& name, char type, quint32 child, quint32 start, int size) {
@@ -122,6 +126,31 @@ QByteArray directoryEntry(const QString& name, char type, quint32 child, quint32
     put32(entry, 116, start);
     put32(entry, 120, quint32(size));
     return entry;
+}
+
+QByteArray record(quint16 type, const QByteArray& content) {
+    QByteArray head(4, '\0');
+    put16(head, 0, type);
+    put16(head, 2, quint16(content.size()));
+    return head + content;
+}
+
+/// First record of a part of a binary workbook. @param kind 5 for the workbook, 16 for a sheet.
+QByteArray beginning(quint16 kind) {
+    QByteArray content = QByteArray::fromHex("00060000bb0dcc0700000000060000");
+    content.append('\0');
+    put16(content, 2, kind);
+    return record(0x0809, content);
+}
+
+/// Entry in the list of sheets. @param offset of the sheet in the stream.
+QByteArray sheetEntry(const QString& name, int offset) {
+    QByteArray content(8 + 2 * name.size(), '\0');
+    put32(content, 0, quint32(offset));
+    content[6] = char(name.size());
+    content[7] = 1;  // two bytes a character
+    for (int i = 0; i < name.size(); ++i) put16(content, 8 + 2 * i, name.at(i).unicode());
+    return record(0x0085, content);
 }
 
 }  // namespace
@@ -141,12 +170,18 @@ void writePackage(const QString& path, const QVector<Part>& parts) {
     ASSERT_EQ(zip_close(package), 0) << zip_strerror(package);
 }
 
-QVector<Part> workbookParts(int sheets) {
+QStringList sheetNames(int count) {
+    QStringList names;
+    for (int i = 1; i <= count; ++i) names += QStringLiteral("Sheet%1").arg(i);
+    return names;
+}
+
+QVector<Part> workbookParts(const QStringList& sheets) {
     QByteArray list;
     QVector<Part> parts;
-    for (int i = 1; i <= sheets; ++i) {
-        const QByteArray number = QByteArray::number(i);
-        list += "<sheet name=\"" + number + "\" sheetId=\"" + number + "\"/>";
+    for (int i = 1; i <= sheets.size(); ++i) {
+        list += "<sheet name=\"" + sheets.at(i - 1).toUtf8() + "\" sheetId=\"" +
+                QByteArray::number(i) + "\"/>";
         parts.append({QStringLiteral("xl/worksheets/sheet%1.xml").arg(i), "<worksheet/>"});
     }
     parts.prepend({QStringLiteral("xl/workbook.xml"),
@@ -160,9 +195,53 @@ QVector<Part> workbookParts(int sheets) {
     return parts;
 }
 
+void writeLargePackage(const QString& path, qint64 sheetBytes) {
+    QByteArray noise(1024 * 1024, Qt::Uninitialized);
+    QRandomGenerator random(1);
+    random.fillRange(reinterpret_cast<quint32*>(noise.data()), noise.size() / 4);
+    QVector<Part> parts = workbookParts();
+    parts.last().content = noise;
+    parts.last().repeat = sheetBytes / noise.size() + 1;
+    parts.last().compressed = false;
+    writePackage(path, parts);
+}
+
+QByteArray workbookStream(const QStringList& sheets, int sheetBytes, const QByteArray& more) {
+    const QByteArray end = record(0x000A, {});
+    QByteArray globals = beginning(0x0005) + record(0x0042, QByteArray::fromHex("b004"));
+    int length = globals.size() + more.size() + end.size();
+    for (const QString& sheet : sheets) length += sheetEntry(sheet, 0).size();
+    const QByteArray emptySheet = beginning(0x0010) + record(0x0200, QByteArray(14, '\0'));
+    for (const QString& sheet : sheets) {
+        globals += sheetEntry(sheet, length);
+        length += emptySheet.size() + end.size();
+    }
+    QByteArray stream = globals + more + end + (emptySheet + end).repeated(sheets.size());
+    stream.chop(end.size());
+    const QByteArray cell = record(0x0203, QByteArray(14, '\0'));
+    return stream + cell.repeated(sheetBytes / cell.size()) + end;
+}
+
+QByteArray withPassword(QByteArray stream) {
+    return stream.insert(beginning(0).size(), record(0x002F, QByteArray::fromHex("000034127856")));
+}
+
 QByteArray compoundFile(const QString& stream, const QByteArray& content) {
-    const int sectors = (content.size() + 511) / 512;
-    EXPECT_LE(sectors, 126) << "one sector of the allocation table must do";
+    const quint32 length = quint32(qMax(4096, content.size()));
+    const quint32 sectors = (length + 511) / 512;
+    quint32 tables = 0, lists = 0;  // the sectors of the tables have entries themselves
+    for (; tables * 128 < sectors + 1 + tables + lists; ++tables) {
+        lists = tables < tablesInHeader ? 0 : (tables + 1 - tablesInHeader + 126) / 127;
+    }
+    const quint32 firstTable = sectors + 1, firstList = firstTable + tables;
+
+    QByteArray table(int(tables) * 512, '\xFF');
+    for (quint32 i = 0; i < firstTable; ++i) put32(table, int(4 * i), i - 1);
+    put32(table, 0, endOfChain);
+    put32(table, int(4 * sectors), endOfChain);
+    for (quint32 i = 0; i < tables; ++i) put32(table, int(4 * (firstTable + i)), tableMark);
+    for (quint32 i = 0; i < lists; ++i) put32(table, int(4 * (firstList + i)), listMark);
+
     QByteArray header(512, '\xFF');
     header.replace(0, 76, QByteArray::fromHex("d0cf11e0a1b11ae1") + QByteArray(68, '\0'));
     put16(header, 24, 0x3E);
@@ -170,24 +249,32 @@ QByteArray compoundFile(const QString& stream, const QByteArray& content) {
     put16(header, 28, 0xFFFE);
     put16(header, 30, 9);
     put16(header, 32, 6);
-    put32(header, 44, 1);
-    put32(header, 48, 1);
+    put32(header, 44, tables);
+    put32(header, 48, sectors);
     put32(header, 56, 4096);
     put32(header, 60, endOfChain);
-    put32(header, 68, endOfChain);
-    put32(header, 76, 0);
-
-    QByteArray table(512, '\xFF');
-    put32(table, 0, 0xFFFFFFFD);
-    put32(table, 4, endOfChain);
-    for (int i = 0; i < sectors; ++i) {
-        put32(table, 8 + 4 * i, i + 1 < sectors ? quint32(i + 3) : endOfChain);
+    put32(header, 68, lists > 0 ? firstList : endOfChain);
+    put32(header, 72, lists);
+    QByteArray list(int(lists) * 512, '\xFF');
+    for (quint32 i = 0; i < tables; ++i) {
+        const quint32 inList = i - tablesInHeader;
+        if (i < tablesInHeader)
+            put32(header, int(76 + 4 * i), firstTable + i);
+        else
+            put32(list, int(512 * (inList / 127) + 4 * (inList % 127)), firstTable + i);
     }
-    QByteArray directory = directoryEntry(QStringLiteral("Root Entry"), 5, 1, endOfChain, 0) +
-                           directoryEntry(stream, 2, unused, 2, sectors * 512) +
-                           directoryEntry(QString(), 0, unused, 0, 0) +
-                           directoryEntry(QString(), 0, unused, 0, 0);
-    return header + table + directory + content.leftJustified(sectors * 512, '\0');
+    for (quint32 i = 0; i < lists; ++i) {
+        put32(list, int(512 * i + 508), i + 1 < lists ? firstList + i + 1 : endOfChain);
+    }
+
+    const QByteArray directory = directoryEntry(QStringLiteral("Root Entry"), 5, 1, endOfChain, 0) +
+                                 directoryEntry(stream, 2, unused, sectors - 1, int(length)) +
+                                 directoryEntry(QString(), 0, unused, 0, 0) +
+                                 directoryEntry(QString(), 0, unused, 0, 0);
+    const QByteArray padded = content.leftJustified(int(sectors) * 512, '\0');
+    QByteArray backward;
+    for (int i = int(sectors) - 1; i >= 0; --i) backward += padded.mid(i * 512, 512);
+    return header + backward + directory + table + list;
 }
 
 }  // namespace testing_support

@@ -1,0 +1,149 @@
+#include "workbench/hostlibs/SharedInterface/WorkbookGlobals.h"
+
+#include <QFile>
+#include <QVector>
+#include <QtEndian>
+
+namespace workbench {
+
+namespace {
+
+constexpr int sectorSize = 512;
+constexpr quint32 perSector = sectorSize / 4;  // numbers in a sector of a table
+constexpr quint32 tablesInHeader = 109;
+constexpr quint32 none = 0xFFFFFFFF;
+constexpr quint32 endOfChain = 0xFFFFFFFE;
+constexpr quint32 tableMark = 0xFFFFFFFD;
+constexpr int smallestStream = 4096;  // a smaller one lies inside another stream
+constexpr int largestGlobals = 1024 * 1024;
+enum Record : quint16 { End = 0x000A, SheetEntry = 0x0085, Texts = 0x00FC };
+const char emptySheet[] = "09081000000610000000000000000000060000000a000000";
+
+/// @return the number at `at`; 0xFFFF… outside.
+template <typename T>
+T number(const QByteArray& bytes, int at) {
+    return at + int(sizeof(T)) <= bytes.size() ? qFromLittleEndian<T>(bytes.data() + at) : T(~T(0));
+}
+
+/// The sectors of a compound file. Nothing is read ahead: the table alone has a megabyte in a large
+/// file. Whatever lies outside the file is empty, or no sector at all.
+class Sectors {
+  public:
+    explicit Sectors(QFile& file) : file(file), header(at(-1)) {}
+    bool isValid() const { return number<quint16>(header, 30) == 9; }
+    quint32 directory() const { return number<quint32>(header, 48); }
+    /// @return whether the file can hold all of a stream beside header, directory and tables.
+    bool hold(qint64 length) const {
+        const qint64 beside = 2 + qint64(number<quint32>(header, 44)) + number<quint32>(header, 72);
+        return beside + (length + sectorSize - 1) / sectorSize <= file.size() / sectorSize;
+    }
+    QByteArray at(qint64 sector) {
+        const qint64 offset = (sector + 1) * sectorSize;  // behind the header
+        if (offset + sectorSize > file.size() || !file.seek(offset)) return {};
+        return file.read(sectorSize);
+    }
+    quint32 after(quint32 sector) {
+        // Bounds the walk along a forged list of tables as well.
+        if (sector >= file.size() / sectorSize) return endOfChain;
+        const quint32 index = sector / perSector;
+        if (index != tableIndex) table = at(tableOf(tableIndex = index));
+        return number<quint32>(table, int(4 * (sector % perSector)));
+    }
+
+  private:
+    quint32 tableOf(quint32 index) {
+        if (index < tablesInHeader) return number<quint32>(header, int(76 + 4 * index));
+        constexpr quint32 perList = perSector - 1;  // the last number leads to the next list
+        index -= tablesInHeader;
+        quint32 list = number<quint32>(header, 68);
+        for (; index >= perList; index -= perList) list = number<quint32>(at(list), 4 * perList);
+        return number<quint32>(at(list), int(4 * index));
+    }
+
+    QFile& file;
+    QByteArray header;
+    QByteArray table;
+    quint32 tableIndex = none;
+};
+
+/// @return the directory's entry for the stream of a workbook; empty where there is none.
+QByteArray workbookEntry(Sectors& sectors) {
+    const QByteArray name("W\0o\0r\0k\0b\0o\0o\0k\0\0\0", 18);
+    quint32 sector = sectors.directory();
+    // A damaged chain may lead back into itself.
+    for (int walked = 0; walked < 64; ++walked, sector = sectors.after(sector)) {
+        const QByteArray entries = sectors.at(sector);
+        for (int at = 0; at < entries.size(); at += 128) {
+            if (entries.mid(at, name.size()) == name) return entries.mid(at, 128);
+        }
+    }
+    return {};
+}
+
+/// @param length of the stream. @return the records from `sector` on up to the texts, ended, and an
+///         empty sheet to which every entry in the list of sheets leads.
+QByteArray recordsFrom(Sectors& sectors, quint32 sector, qint64 length) {
+    QByteArray records;
+    QVector<int> offsets;
+    for (int at = 0; records.size() < largestGlobals; sector = sectors.after(sector)) {
+        const QByteArray more = sectors.at(sector);
+        if (more.isEmpty()) return {};
+        records += more;
+        for (; at + 8 <= records.size(); at += 4 + number<quint16>(records, at + 2)) {
+            const quint16 type = number<quint16>(records, at);
+            if (type == SheetEntry) offsets += at + 4;
+            if (type == SheetEntry && number<quint32>(records, at + 4) >= length) return {};
+            if (type != End && type != Texts) continue;
+            records = records.left(at) + QByteArray("\x0A\0\0\0", 4);
+            for (int i : offsets) qToLittleEndian(quint32(at + 4), records.data() + i);
+            return offsets.isEmpty() ? records : records + QByteArray::fromHex(emptySheet);
+        }
+    }
+    return {};
+}
+
+void append(QByteArray& bytes, std::initializer_list<quint32> numbers) {
+    for (quint32 number : numbers) {
+        number = qToLittleEndian(number);
+        bytes.append(reinterpret_cast<const char*>(&number), 4);
+    }
+}
+
+/// @return a compound file of tables, directory and one stream, in this order.
+QByteArray compoundFileOf(const QByteArray& directoryEntry, const QByteArray& stream) {
+    const int length =
+        qMax(smallestStream, (stream.size() + sectorSize - 1) / sectorSize * sectorSize);
+    const quint32 sectors = quint32(length / sectorSize);
+    const quint32 tables = (sectors + 1 + perSector - 2) / (perSector - 1);
+    QByteArray file = QByteArray::fromHex("d0cf11e0a1b11ae1") + QByteArray(16, '\0');
+    append(file, {0x0003003E, 0x0009FFFE, 6, 0, 0, tables, tables, 0, smallestStream, endOfChain, 0,
+                  endOfChain, 0});
+    for (quint32 table = 0; table < tables; ++table) append(file, {table});
+    file = file.leftJustified(sectorSize, '\xFF');
+    for (quint32 table = 0; table < tables; ++table) append(file, {tableMark});
+    append(file, {endOfChain});
+    for (quint32 i = 1; i < sectors; ++i) append(file, {tables + 1 + i});
+    append(file, {endOfChain});
+    file = file.leftJustified(sectorSize * int(1 + tables), '\xFF');
+
+    QByteArray root = QByteArray("R\0o\0o\0t\0 \0E\0n\0t\0r\0y\0\0\0", 22).leftJustified(64, '\0');
+    append(root, {0x01050016, none, none, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, endOfChain, 0, 0});
+    QByteArray entry = directoryEntry.left(68);
+    append(entry, {none, none, none, 0, 0, 0, 0, 0, 0, 0, 0, 0, tables + 1, quint32(length), 0});
+    return file + (root + entry).leftJustified(sectorSize, '\0') +
+           stream.leftJustified(length, '\0');
+}
+
+}  // namespace
+
+QByteArray globalsAlone(QFile& file) {
+    Sectors sectors(file);
+    if (!sectors.isValid()) return {};
+    const QByteArray entry = workbookEntry(sectors);
+    const qint64 length = number<quint32>(entry, 120);
+    if (entry.isEmpty() || length < smallestStream || !sectors.hold(length)) return {};
+    const QByteArray records = recordsFrom(sectors, number<quint32>(entry, 116), length);
+    return records.isEmpty() ? QByteArray() : compoundFileOf(entry, records);
+}
+
+}  // namespace workbench
