@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStackedWidget>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 #include <memory>
 
@@ -94,30 +96,59 @@ QWidget* plainCard(const TaxTemplateInfo& info) {
     return card;
 }
 
-/// The labels, buttons and fields that the dialog has beside the cards, in plain rows.
-void addPlainRest(QVBoxLayout* column) {
+void addButtons(QVBoxLayout* column, const QStringList& texts) {
     auto* row = new QHBoxLayout;
-    for (const QString& text :
-         {QStringLiteral("预算工程"), QStringLiteral("审核工程"), QStringLiteral("导入Excel新建"),
-          QStringLiteral("导入YFJZ新建"), QStringLiteral("一般计税"), QStringLiteral("简易计税"),
-          QStringLiteral("营业税"), QStringLiteral("模板工程"), QStringLiteral("预算工程"),
-          QStringLiteral("导入CJZ新建"), QStringLiteral("关闭")}) {
-        row->addWidget(new QPushButton(text));
-    }
+    for (const QString& text : texts) row->addWidget(new QPushButton(text));
     column->addLayout(row);
-    column->addWidget(new QLabel);
-    for (const QString& text : {QStringLiteral("新建审核"), QStringLiteral("新建总承包")}) {
-        auto* page = new QWidget;
-        auto* fields = new QHBoxLayout(page);
-        fields->addWidget(new QLabel(QStringLiteral("工程文件")));
-        auto* combo = new QComboBox;
-        combo->setEditable(true);
-        fields->addWidget(combo);
-        fields->addWidget(new QPushButton(QStringLiteral("浏览")));
-        fields->addWidget(new QPushButton(text));
-        page->hide();
-        column->addWidget(page);
-    }
+}
+
+QWidget* plainFilePage(const QString& caption, const QString& create) {
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->addWidget(new QLabel(caption));
+    auto* fields = new QHBoxLayout;
+    auto* combo = new QComboBox;
+    combo->setEditable(true);
+    fields->addWidget(combo);
+    fields->addWidget(new QPushButton);
+    column->addLayout(fields);
+    column->addWidget(new QPushButton(create));
+    return page;
+}
+
+QListWidget* plainListOfCards() {
+    auto* list = new QListWidget;
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return list;
+}
+
+/// The buttons, pages, views and fields that the dialog has beside the cards, from plain Qt
+/// widgets. @return the list for the cards.
+QListWidget* addPlainRest(QVBoxLayout* column) {
+    addButtons(column, {QStringLiteral("预算工程"), QStringLiteral("审核工程"),
+                        QStringLiteral("导入Excel新建"), QStringLiteral("导入YFJZ新建"),
+                        QStringLiteral("关闭")});
+    auto* pages = new QStackedWidget;
+    column->addWidget(pages);
+    auto* main = new QWidget;
+    pages->addWidget(main);
+    pages->addWidget(plainFilePage(QStringLiteral("待审工程文件"), QStringLiteral("新建审核")));
+    auto* mainColumn = new QVBoxLayout(main);
+    addButtons(mainColumn, {QStringLiteral("一般计税"), QStringLiteral("简易计税"),
+                            QStringLiteral("营业税"), QStringLiteral("模板工程"),
+                            QStringLiteral("预算工程"), QStringLiteral("导入CJZ新建")});
+    mainColumn->addWidget(new QLabel);
+    auto* taxPages = new QStackedWidget;
+    mainColumn->addWidget(taxPages);
+    QListWidget* list = plainListOfCards();
+    taxPages->addWidget(list);
+    for (int hidden = 0; hidden < 3; ++hidden) taxPages->addWidget(plainListOfCards());
+    auto* tree = new QTreeWidget;
+    tree->setColumnCount(2);
+    tree->setHeaderHidden(true);
+    taxPages->addWidget(tree);
+    taxPages->addWidget(plainFilePage(QStringLiteral("工程文件"), QStringLiteral("新建总承包")));
+    return list;
 }
 
 void plainList(benchmark::State& state) {
@@ -125,10 +156,7 @@ void plainList(benchmark::State& state) {
     for (auto _ : state) {
         auto dialog = std::make_unique<QDialog>();
         dialog->setFixedSize(880, 750);
-        auto* list = new QListWidget;
-        auto* column = new QVBoxLayout(dialog.get());
-        addPlainRest(column);
-        column->addWidget(list);
+        QListWidget* list = addPlainRest(new QVBoxLayout(dialog.get()));
         const auto models = workbench::Host::instance().installation().models;
         for (const ProTaxTemplateInfo& entry : models[QStringLiteral("Kvys")]) {
             for (const TaxTemplateInfo& info : entry.models) {

@@ -31,9 +31,7 @@ QListWidget* modelList(const char* name, const QString& style, QWidget* parent) 
 const QString& listStyle() {
     static const QString style = QStringLiteral(
         "/* QListWidget */QListWidget{background:transparent;}"
-        "QListWidget::item{background:transparent;}"
-        "QListWidget::item:hover{background:transparent;}"
-        "QListWidget::item:selected{background:transparent;}");
+        "QListWidget::item{background:transparent;}");
     return style;
 }
 

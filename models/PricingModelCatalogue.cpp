@@ -59,6 +59,8 @@ void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& mo
     QListWidgetItem* placed = item.release();
     list->insertItem(list->count(), placed);
     ProModelItemForm* shown = card.release();
+    // The sheets around the list are then matched once for each of its widgets, not twice.
+    shown->ensurePolished();
     list->setItemWidget(placed, shown);
     cardMade(shown);
 }

@@ -133,6 +133,7 @@ void ProModelItemForm::UpdateDataDisplay() {
 
         if (model.description.isEmpty()) ui->lblDescription->clear();
         descriptionText = QStringLiteral("说明：") + model.description;
+        describedWidth = -1;
         UpdateDescriptionText();
         initXjButton(ui->btnNewProject);
     });
@@ -141,10 +142,15 @@ void ProModelItemForm::UpdateDataDisplay() {
 void ProModelItemForm::UpdateDescriptionText() {
     guarded(source, "ProModelItemForm::UpdateDescriptionText", [this] {
         if (!ui) return;
+        // A card is shown, and told its size, before its list lays it out.
+        const QFont& font = ui->lblDescription->font();
+        if (width() == describedWidth && font == describedFont) return;
         const int room = width() - descriptionMargin;
         ui->lblDescription->setText(
             ui->lblDescription->fontMetrics().elidedText(descriptionText, Qt::ElideRight, room));
         ui->lblDescription->setToolTip(descriptionText);
+        describedWidth = width();
+        describedFont = font;
     });
 }
 

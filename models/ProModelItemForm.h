@@ -38,5 +38,7 @@ class ProModelItemForm : public zBaseWidget {
 
     TaxTemplateInfo model;
     QString descriptionText;
+    int describedWidth = -1;  ///< The card's width that the shown description was elided for,
+    QFont describedFont;      ///< and the font.
     std::unique_ptr<Form> ui;
 };

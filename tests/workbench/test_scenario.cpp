@@ -1,22 +1,13 @@
 #include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "tests/support/TestSupport.h"
-#include "workbench/scenario/Player.h"
-#include "workbench/scenario/Scenario.h"
-#include "workbench/scenario/Watchdog.h"
+#include "tests/workbench/ScenarioFixture.h"
 #include "workbench/scenario/judge.h"
 
 namespace {
 
-using testing_support::Lines;
-using workbench::PlayOptions;
-using workbench::PlayResult;
-using workbench::Scenario;
-
-const char* const modelName = "清单计价【国标2013规范，四川2020定额】（税率9%）";
+using workbench_test::ScenarioTest;
 
 QJsonObject object(const char* json) {
     return QJsonDocument::fromJson(json).object();
@@ -28,39 +19,6 @@ QVector<QJsonObject> objects(const char* json) {
         list.append(value.toObject());
     return list;
 }
-
-class ScenarioTest : public testing::Test {
-  protected:
-    /// Reads a scenario with this content. @return the error without the folder of the file.
-    std::string errorOf(const std::string& content) {
-        const QString file = folder.filePath(QStringLiteral("s.json"));
-        QFile written(file);
-        EXPECT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(QByteArray::fromStdString(content));
-        written.close();
-        QString error;
-        const bool read = workbench::readScenario(file, scenario, error);
-        EXPECT_EQ(read, error.isEmpty());
-        return error.remove(folder.path() + QLatin1Char('/')).toStdString();
-    }
-
-    PlayResult play(const std::string& members) {
-        EXPECT_EQ(errorOf("{\"title\": \"t\", " + members + "}"), "");
-        PlayOptions options;
-        options.installation = QStringLiteral(SAMPLE_INSTALLATION);
-        options.stepLimit = 300;
-        return workbench::play(scenario, options);
-    }
-
-    /// @return why a scenario of these steps ended early, without the place of the file.
-    std::string endOf(const std::string& steps) {
-        const QString ended = play("\"steps\": [" + steps + "]").ended;
-        return ended.section(QStringLiteral("s.json: "), 1).toStdString();
-    }
-
-    QTemporaryDir folder;
-    Scenario scenario;
-};
 
 struct WrongFile {
     const char* content;
@@ -104,6 +62,24 @@ TEST_F(ScenarioTest, WhatIsWrongWithAFileIsToldWithItsPlace) {
          "s.json:1: host.scale: must be a factor from 1 to 3 or a percentage from 100 to 300"},
         {"{\"title\": \"t\", \"host\": {\"throw\": [{\"call\": \"x\"}]}, \"steps\": []}",
          "s.json:1: host.throw[0].as: the key is missing"},
+        {R"({"title": "t", "host": {"throw": [{"call": "x", "as": "other", "nth": 0}]},
+             "steps": []})",
+         "s.json:1: host.throw[0].nth: must be 1 or more"},
+        {R"({"title": "t", "host": {"fileDialog": [{"path": "a"},
+             {}]}, "steps": []})",
+         "s.json:2: host.fileDialog[1]: must be {\"cancel\": true} or have a \"path\" and no "
+         "\"cancel\""},
+        {R"({"title": "t", "host": {"fileDialog": [{"path": "a", "cancel": true}]}, "steps": []})",
+         "s.json:1: host.fileDialog[0]: must be {\"cancel\": true} or have a \"path\" and no "
+         "\"cancel\""},
+        {R"({"title": "t", "host": {"fileDialog": [{"path": "a", "place": 5}]}, "steps": []})",
+         "s.json:1: host.fileDialog[0].place: must be from 0 to 4"},
+        {R"({"title": "t", "host": {"fileDialog": [{"path": "a", "place": -1}]}, "steps": []})",
+         "s.json:1: host.fileDialog[0].place: must be from 0 to 4"},
+        {R"({"title": "t", "steps": [{"do": "key", "key": "Hop"}]})",
+         "s.json:1: steps[0].key: there is no such key"},
+        {R"({"title": "t", "steps": [{"do": "click", "on": ""}]})",
+         "s.json:1: steps[0].on: must not be empty"},
         {"{\"title\": \"t\", \"steps\": [], \"expect\": {\"inOrder\": [\n{\"kinds\": \"call\"}]}}",
          "s.json:2: expect.inOrder[0].kinds: this key is not known"},
         {"{\"title\": \"t\", \"steps\": [], \"expect\": {\"only\": {\"list\": []}}}",
@@ -123,6 +99,14 @@ TEST_F(ScenarioTest, TheInstallationIsFoundFromTheFileOn) {
     EXPECT_EQ(scenario.installation, QDir::cleanPath(folder.path() + QStringLiteral("/../x")));
     EXPECT_FALSE(scenario.dialog.history.has_value());
     EXPECT_TRUE(scenario.dialog.showImportTender);
+}
+
+TEST_F(ScenarioTest, AnExpectationMayNameEveryKeyOfAnEntry) {
+    EXPECT_EQ(errorOf(R"({"title": "t", "steps": [], "expect": {"inOrder": [
+        {"seq": 1, "ms": 0, "kind": "call", "name": "A", "args": [], "answer": null},
+        {"event": "done", "result": 1}]}})"),
+              "");
+    EXPECT_EQ(scenario.expect.inOrder.first().size(), 6);
 }
 
 TEST_F(ScenarioTest, ThePlaceholderIsFilledInAtEveryDepth) {
@@ -195,137 +179,6 @@ TEST_F(ScenarioTest, TheFilteredJournalIsExactlyTheList) {
     expect.onlyList = objects(R"([{"args": [1]}, {"args": [4]}, {"args": [5]}])");
     EXPECT_EQ(workbench::differences(objects(journal), expect, {}).size(), 2)
         << "one differs, one is missing";
-}
-
-struct EarlyEnd {
-    const char* steps;
-    const char* reason;
-};
-
-TEST_F(ScenarioTest, AStepThatCannotBeDoneEndsTheScenarioWithItsReason) {
-    const EarlyEnd ends[] = {
-        {R"({"do": "ribbon", "entry": "预算工程"})", "steps[0] ribbon: no dialog is open"},
-        {R"({"do": "open"}, {"do": "open"})", "steps[1] open: the dialog is open already"},
-        {R"({"do": "open", "dialog": "xzGcLxDialog"}, {"do": "open"})",
-         "steps[1] open: an unexpected window is open: xzGcLxDialog \"新建\""},
-        {R"({"do": "open", "dialog": "xzGcLxDialog"}, {"do": "click", "on": "BtnQx"},
-            {"do": "create"})",
-         "steps[2] create: no dialog is open"},
-        {R"({"do": "open"}, {"do": "close"}, {"do": "browse"})",
-         "steps[2] browse: no dialog is open"},
-        {R"({"do": "open"}, {"do": "model", "name": "无"})",
-         "steps[1] model: there is no model card \"无\""},
-        {R"({"do": "open"}, {"do": "taxMode", "entry": "预算工程"})",
-         "steps[1] taxMode: tax-mode button \"预算工程\" cannot be clicked: it is hidden"},
-        {R"({"do": "open"}, {"do": "file", "text": "x"})",
-         "steps[1] file: no page with a file chooser is shown"},
-        {R"({"do": "open"}, {"do": "excel", "choose": "file"})",
-         "steps[1] excel: the Excel import dialog is not open"},
-        {R"({"do": "open"}, {"do": "click", "on": "nobody"})",
-         "steps[1] click: NewProCfgDialog \"新建工程\" has nothing called \"nobody\""},
-        {R"({"do": "open"}, {"do": "call", "slot": "slotNowhere"})",
-         "steps[1] call: there is no slot \"slotNowhere\" with 0 arguments"},
-        {R"({"do": "open"}, {"do": "key", "key": "Hop"})",
-         "steps[1] key: there is no key \"Hop\""}};
-    for (const EarlyEnd& end : ends) EXPECT_EQ(endOf(end.steps), end.reason);
-}
-
-struct ChooserAnswer {
-    const char* button;
-    int answer;
-    bool opensDialog;
-};
-
-TEST_F(ScenarioTest, TheChooserOpensTheDialogForAnAnswerOnly) {
-    const ChooserAnswer answers[] = {{"BtnYs", 4, true}, {"BtnZcb", 16, true}, {"BtnQx", 0, false}};
-    for (const ChooserAnswer& each : answers) {
-        const std::string steps =
-            R"("steps": [{"do": "open", "dialog": "xzGcLxDialog"}, {"do": "click", "on": ")" +
-            std::string(each.button) + R"("}])";
-        const PlayResult result = play(steps);
-        EXPECT_TRUE(result.asExpected()) << result.ended.toStdString();
-        Lines dialogs;
-        for (const QJsonObject& entry : result.journal) {
-            if (entry.value(QLatin1String("kind")) != QLatin1String("dialog")) continue;
-            const int code = entry.value(QLatin1String("result")).toInt(-1);
-            dialogs.push_back(entry.value(QLatin1String("name")).toString().toStdString() + " " +
-                              std::to_string(code));
-        }
-        Lines expected = {"xzGcLxDialog -1", "xzGcLxDialog " + std::to_string(each.answer)};
-        if (each.opensDialog) expected.push_back("NewProCfgDialog -1");
-        EXPECT_EQ(dialogs, expected);
-    }
-}
-
-TEST_F(ScenarioTest, AModalWindowThatNoStepExpectsEndsTheScenario) {
-    const std::string excel = R"({"do": "open"}, {"do": "ribbon", "entry": "导入Excel新建"})";
-    EXPECT_EQ(
-        endOf(excel + R"(, {"do": "browse"})"),
-        "steps[2] browse: an unexpected window is open: importExcelSelFile \"导入Excel新建\"");
-    EXPECT_EQ(endOf(excel),
-              "steps[1] ribbon: a window is left open: importExcelSelFile \"导入Excel新建\"");
-    EXPECT_FALSE(QApplication::activeModalWidget());
-}
-
-TEST(WatchdogTest, AUserInterfaceThatStopsAnsweringEndsTheProcess) {
-    testing::GTEST_FLAG(death_test_style) = "threadsafe";
-    const auto hang = [] {
-        workbench::Watchdog watchdog(std::chrono::milliseconds(50));
-        watchdog.feed(QStringLiteral("s.json: steps[3] create"));
-        for (;;) std::this_thread::yield();
-    };
-    EXPECT_EXIT(hang(), testing::ExitedWithCode(1),
-                "steps\\[3\\] create: the user interface has stopped answering");
-}
-
-TEST_F(ScenarioTest, AFailedCheckIsADifferenceAndNotAnEnd) {
-    const PlayResult result = play(
-        R"("steps": [{"do": "open"},
-                     {"do": "check", "on": "generalTaxButton", "property": "text", "is": "x"},
-                     {"do": "check", "on": "generalTaxButton", "property": "nothing", "is": 1},
-                     {"do": "check", "on": "generalTaxButton", "property": "checked", "is": true},
-                     {"do": "close"}])");
-    EXPECT_EQ(result.ended, QString());
-    ASSERT_EQ(result.differences.size(), 2);
-    EXPECT_EQ(
-        result.differences.first().toStdString(),
-        "check: text of \"generalTaxButton\"\n    expected: \"x\"\n    found:    \"一般计税\"");
-    EXPECT_FALSE(result.asExpected());
-}
-
-TEST_F(ScenarioTest, AScenarioLeavesNothingBehind) {
-    const QDir projects(QStringLiteral(SAMPLE_INSTALLATION "/ProjectFiles"));
-    const QStringList before = projects.entryList();
-    const PlayResult result = play(
-        R"("host": {"firstPage": "ready", "scale": 150, "skin": "dark"},
-           "steps": [{"do": "open"}, {"do": "model", "name": ")" +
-        std::string(modelName) + R"("}], "expect": {"inOrder": [{"kind": "project"}]})");
-    EXPECT_TRUE(result.asExpected()) << result.ended.toStdString();
-    EXPECT_EQ(projects.entryList(), before);
-    EXPECT_FALSE(QFileInfo::exists(result.folder));
-    EXPECT_EQ(workbench::Host::instance().scale(), 1.0);
-    EXPECT_EQ(workbench::Host::instance().skin(), QStringLiteral("light"));
-    EXPECT_FALSE(workbench::Host::instance().mainWindow());
-}
-
-TEST_F(ScenarioTest, AnInstallationThatCannotBeLoadedIsToldInsteadOfPlayed) {
-    const PlayResult missing = play(R"("installation": "none", "steps": [{"do": "open"}])");
-    EXPECT_TRUE(missing.unplayable.endsWith(QStringLiteral("none: no such folder")));
-    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("empty")));
-    const PlayResult empty = play(R"("installation": "empty", "steps": [{"do": "open"}])");
-    EXPECT_TRUE(empty.unplayable.contains(QStringLiteral("models.json")))
-        << empty.unplayable.toStdString();
-}
-
-TEST_F(ScenarioTest, ASlotTakesAPricingModelByItsName) {
-    const std::string open = R"("steps": [{"do": "open"}, {"do": "call", "slot": "slotNewPro", )";
-    const PlayResult result = play(open + R"("args": [")" + modelName + R"("]}],
-        "expect": {"inOrder": [{"name": "SignalCreatePro"}]})");
-    EXPECT_TRUE(result.asExpected()) << result.ended.toStdString();
-    const PlayResult unknown = play(open + R"("args": ["无"]}])");
-    EXPECT_TRUE(unknown.ended.endsWith(
-        QStringLiteral("argument 1 of slotNewPro is no ProjectSettingSpace::TaxTemplateInfo")))
-        << unknown.ended.toStdString();
 }
 
 }  // namespace

@@ -103,7 +103,7 @@ bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& e
         error = parser.errorText();
         return false;
     }
-    if (parser.isSet(QStringLiteral("help"))) {
+    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
         std::fputs(parser.helpText().toUtf8().constData(), stdout);
         return false;
     }

@@ -1,6 +1,7 @@
 #include "workbench/app/playCommands.h"
 
 #include <QDir>
+#include <algorithm>
 #include <cstdio>
 
 #include "workbench/scenario/Player.h"
@@ -24,6 +25,14 @@ void complain(const QString& line) {
 
 QString shortened(const QString& line) {
     return line.size() <= widestLine ? line : line.left(widestLine - 1) + QChar(0x2026);
+}
+
+/// @return the width of a text in a terminal, where a Chinese character takes two columns.
+int columnsOf(const QString& text) {
+    const ushort firstWide = 0x2e80;
+    return text.size() + int(std::count_if(text.begin(), text.end(), [](QChar character) {
+               return character.unicode() >= firstWide;
+           }));
 }
 
 PlayOptions optionsOf(const CommandLine& line) {
@@ -99,7 +108,7 @@ int playTour(const CommandLine& line) {
     QStringList pictures;
     for (const Scenario& scenario : scenarios) {
         print(QStringLiteral("\n%1\n%2")
-                  .arg(scenario.title, QString(2 * scenario.title.size(), QLatin1Char('-'))));
+                  .arg(scenario.title, QString(columnsOf(scenario.title), QLatin1Char('-'))));
         const PlayResult result = play(scenario, options);
         printJournal(result);
         worst = qMax(worst, reported(scenario, result));

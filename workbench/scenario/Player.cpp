@@ -145,7 +145,8 @@ void Player::feedWatchdog(const QString& reasonToEnd) {
 void Player::watchDialog(NewProCfgDialog* dialog) {
     // The dialog may be done in the middle of a slot of its own: never delete it at once.
     connect(dialog, &QDialog::finished, this, [this, dialog] {
-        if (!dialogNeededLater()) dialog->deleteLater();
+        // Closed to clear up, it may be in the middle of a slot that never returns.
+        if (!over && !dialogNeededLater()) dialog->deleteLater();
     });
 }
 

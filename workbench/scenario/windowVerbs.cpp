@@ -143,10 +143,6 @@ QString targetFault(const QJsonValue& on) {
     return on.toString().isEmpty() ? QStringLiteral("must not be empty") : QString();
 }
 
-Field target(bool required) {
-    return {QStringLiteral("on"), Shape::Text, required, {}, {}, targetFault};
-}
-
 }  // namespace
 
 const QVector<Verb>& windowVerbs() {
@@ -157,11 +153,13 @@ const QVector<Verb>& windowVerbs() {
         {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
         {QStringLiteral("call"), {needed("slot"), optional("args", Shape::Array)}, call},
         {QStringLiteral("key"),
-         {{QStringLiteral("key"), Shape::Text, true, {}, {}, keyFault}, target(false)},
+         {{QStringLiteral("key"), Shape::Text, true, {}, {}, keyFault}, optional("on")},
          key},
-        {QStringLiteral("click"), {target(true)}, click},
+        {QStringLiteral("click"),
+         {{QStringLiteral("on"), Shape::Text, true, {}, {}, targetFault}},
+         click},
         {QStringLiteral("check"),
-         {target(false), needed("property"), needed("is", Shape::Anything)},
+         {optional("on"), needed("property"), needed("is", Shape::Anything)},
          check},
         {QStringLiteral("picture"), {needed("file")}, picture},
         {QStringLiteral("close"), {}, close}};

@@ -81,7 +81,7 @@ QByteArray workbookEntry(Sectors& sectors) {
 }
 
 /// @param length of the stream. @return the records from `sector` on up to the texts, ended, and an
-///         empty sheet to which every entry in the list of sheets leads.
+///         empty sheet for each entry in the list of sheets; empty where an entry leads outside.
 QByteArray recordsFrom(Sectors& sectors, quint32 sector, qint64 length) {
     QByteArray records;
     QVector<int> offsets;
@@ -95,8 +95,11 @@ QByteArray recordsFrom(Sectors& sectors, quint32 sector, qint64 length) {
             if (type == SheetEntry && number<quint32>(records, at + 4) >= length) return {};
             if (type != End && type != Texts) continue;
             records = records.left(at) + QByteArray("\x0A\0\0\0", 4);
-            for (int i : offsets) qToLittleEndian(quint32(at + 4), records.data() + i);
-            return offsets.isEmpty() ? records : records + QByteArray::fromHex(emptySheet);
+            for (int offset : offsets) {
+                qToLittleEndian(quint32(records.size()), records.data() + offset);
+                records += QByteArray::fromHex(emptySheet);
+            }
+            return records;
         }
     }
     return {};

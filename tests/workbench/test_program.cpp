@@ -1,0 +1,190 @@
+#include <QDir>
+#include <QImage>
+#include <QJsonDocument>
+#include <QProcess>
+
+#include "tests/support/TestSupport.h"
+
+namespace {
+
+struct Ran {
+    int code = -1;
+    QString out;
+    QString err;
+};
+
+/// Runs the program without a display, but for what `variables` say.
+Ran runProgram(const QStringList& arguments,
+               const QMap<QString, QString>& variables = {
+                   {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}}) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"));
+    for (auto it = variables.begin(); it != variables.end(); ++it)
+        environment.insert(it.key(), it.value());
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(PROGRAM), arguments);
+    EXPECT_TRUE(program.waitForFinished(100000)) << program.errorString().toStdString();
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    return {program.exitCode(), QString::fromUtf8(program.readAllStandardOutput()),
+            QString::fromUtf8(program.readAllStandardError())};
+}
+
+class ProgramTest : public testing::Test {
+  protected:
+    /// @return the path of a scenario file with these members beside its title.
+    QString scenario(const QByteArray& members) {
+        const QString path = folder.filePath(QStringLiteral("s.json"));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("{\"title\": \"the title\",\n" + members + "}");
+        return path;
+    }
+
+    QTemporaryDir folder;
+    const QString play = QStringLiteral("play");
+    const QByteArray openAndClose = R"("steps": [{"do": "open"}, {"do": "close"}])";
+};
+
+TEST_F(ProgramTest, AScenarioThatIsAsExpectedEndsWith0) {
+    const Ran ran = runProgram({play, scenario(openAndClose)});
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    EXPECT_EQ(ran.out.toStdString(), "as expected  the title\n");
+    EXPECT_EQ(ran.err.toStdString(), "");
+}
+
+TEST_F(ProgramTest, AScenarioThatDiffersEndsWith1AndShowsWhat) {
+    const Ran ran = runProgram({play, scenario(openAndClose + R"(, "expect": {"inOrder": [
+             {"kind": "dialog", "event": "done", "name": "NewProCfgDialog", "result": 1}]})")});
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_TRUE(ran.out.startsWith(
+        QStringLiteral("DIFFERS      the title\n"
+                       "  inOrder[0]: not found\n"
+                       "    expected: {\"kind\":\"dialog\",\"name\":\"NewProCfgDialog\","
+                       "\"event\":\"done\",\"result\":1}\n"
+                       "    nearest:  #")))
+        << ran.out.toStdString();
+}
+
+TEST_F(ProgramTest, AScenarioThatEndsEarlyEndsWith1AndItsReason) {
+    const Ran ran = runProgram({play, scenario(R"("steps": [{"do": "create"}])")});
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_TRUE(ran.out.contains(QStringLiteral("steps[0] create: no dialog is open")))
+        << ran.out.toStdString();
+}
+
+TEST_F(ProgramTest, AWrongFileEndsWith2AndItsPlaceBeforeAnythingIsPlayed) {
+    const QString right = scenario(openAndClose);
+    const QString wrong = folder.filePath(QStringLiteral("wrong.json"));
+    QFile file(wrong);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("{\"title\": \"t\",\n\"steps\": [\n{\"do\": \"jump\"}]}");
+    file.close();
+    const Ran ran = runProgram({play, right, wrong});
+    EXPECT_EQ(ran.code, 2);
+    EXPECT_EQ(ran.err, wrong + QStringLiteral(":3: steps[0].do: unknown verb \"jump\"\n"));
+    EXPECT_EQ(ran.out.toStdString(), "");
+}
+
+TEST_F(ProgramTest, TheJournalFileHasOneNumberedObjectPerLine) {
+    const QString path = folder.filePath(QStringLiteral("journal.jsonl"));
+    const QString file = scenario(openAndClose);
+    ASSERT_EQ(runProgram({play, file, file, QStringLiteral("--journal"), path}).code, 0);
+    QFile journal(path);
+    ASSERT_TRUE(journal.open(QIODevice::ReadOnly));
+    int seq = 0;
+    int opened = 0;
+    while (!journal.atEnd()) {
+        const QByteArray line = journal.readLine();
+        EXPECT_TRUE(line.endsWith('\n'));
+        const QJsonObject entry = QJsonDocument::fromJson(line).object();
+        EXPECT_EQ(entry.value(QStringLiteral("seq")).toInt(), ++seq) << line.toStdString();
+        EXPECT_TRUE(entry.value(QStringLiteral("ms")).isDouble()) << line.toStdString();
+        EXPECT_FALSE(entry.value(QStringLiteral("kind")).toString().isEmpty());
+        if (entry.value(QStringLiteral("event")) == QLatin1String("opened")) ++opened;
+    }
+    EXPECT_EQ(opened, 2) << "the file goes on from scenario to scenario";
+}
+
+TEST_F(ProgramTest, AJournalThatCannotBeWrittenEndsWith2) {
+    const QStringList unwritable = {QStringLiteral("/dev/full"), folder.path()};
+    for (const QString& path : unwritable) {
+        if (!QFileInfo::exists(path)) continue;  // not every system has a full device
+        const Ran ran =
+            runProgram({play, scenario(openAndClose), QStringLiteral("--journal"), path});
+        EXPECT_EQ(ran.code, 2) << path.toStdString();
+        EXPECT_TRUE(ran.err.startsWith(path + QStringLiteral(": "))) << ran.err.toStdString();
+    }
+}
+
+TEST_F(ProgramTest, PicturesAreKeptWhereAsked) {
+    const QString file = scenario(
+        R"("steps": [{"do": "open"}, {"do": "picture", "file": "a/b.png"}, {"do": "close"}])");
+    const QString pictures = folder.filePath(QStringLiteral("pictures"));
+    ASSERT_EQ(runProgram({play, file, QStringLiteral("--pictures"), pictures}).code, 0);
+    const QImage picture(pictures + QStringLiteral("/a/b.png"));
+    EXPECT_GT(picture.width(), 300);
+    EXPECT_GT(picture.height(), 200);
+}
+
+TEST_F(ProgramTest, TheTourPrintsTheJournalAndWhereThePicturesAre) {
+    const QString pictures = folder.filePath(QStringLiteral("pictures"));
+    const Ran ran =
+        runProgram({QStringLiteral("tour"), QStringLiteral("--pictures"), pictures}, {});
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    EXPECT_TRUE(ran.out.contains(QStringLiteral("dialog    NewProCfgDialog opened\n")));
+    EXPECT_TRUE(ran.out.contains(QStringLiteral("signal    SignalCreatePro(")));
+    EXPECT_FALSE(ran.out.contains(QStringLiteral("DIFFERS")));
+    const QStringList files = QDir(pictures).entryList(QDir::Files);
+    EXPECT_FALSE(files.isEmpty());
+    for (const QString& file : files)
+        EXPECT_TRUE(ran.out.contains(pictures + QLatin1Char('/') + file)) << file.toStdString();
+}
+
+TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
+    struct Wrong {
+        QStringList arguments;
+        const char* reason;
+    };
+    const QString file = scenario(openAndClose);
+    const Wrong wrongs[] = {
+        {{QStringLiteral("--speed")}, "Unknown option 'speed'.\n"},
+        {{play, file, QStringLiteral("--speed")}, "Unknown option 'speed'.\n"},
+        {{QStringLiteral("jump")}, "unknown command jump\n"},
+        {{play}, "play: which files?\n"},
+        {{QStringLiteral("tour"), file}, "tour: unknown argument "},
+        {{play, file, QStringLiteral("--skin"), QStringLiteral("red")},
+         "--skin: must be light or dark\n"},
+        {{play, file, QStringLiteral("--watch")}, "--watch: there is no display\n"}};
+    for (const Wrong& wrong : wrongs) {
+        const Ran ran = runProgram(wrong.arguments);
+        EXPECT_EQ(ran.code, 2) << wrong.reason;
+        EXPECT_TRUE(ran.err.startsWith(QLatin1String(wrong.reason))) << ran.err.toStdString();
+        EXPECT_EQ(ran.out.toStdString(), "");
+    }
+}
+
+TEST_F(ProgramTest, WithoutADisplayThereIsNothingToWatch) {
+    for (const QStringList& arguments :
+         {QStringList{play, scenario(openAndClose), QStringLiteral("--watch")},
+          QStringList{QStringLiteral("tour"), QStringLiteral("--watch")}, QStringList{}}) {
+        const Ran ran = runProgram(arguments, {});
+        EXPECT_EQ(ran.code, 2) << arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_TRUE(ran.err.endsWith(QStringLiteral("there is no display\n")))
+            << ran.err.toStdString();
+    }
+}
+
+TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
+    const Ran ran = runProgram({QStringLiteral("--help")});
+    EXPECT_EQ(ran.code, 0);
+    EXPECT_EQ(runProgram({QStringLiteral("--help-all")}).out, ran.out);
+    for (const char* word : {"play FILE...", "tour", "--installation <DIR>", "--journal <FILE>",
+                             "--pictures <DIR>", "--skin <SKIN>", "--scale <SCALE>", "--watch"})
+        EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
+}
+
+}  // namespace
