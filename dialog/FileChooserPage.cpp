@@ -22,13 +22,17 @@ constexpr int newButtonType = 88;
 
 constexpr double gapAboveButton = 140.0;
 
-QHBoxLayout* captionRow(const QString& text, QWidget* page) {
+zBaseLabel* captionLabel(const QString& text, QWidget* page) {
     auto* caption = new zBaseLabel(text, page);
     caption->setObjectName(QStringLiteral("caption"));
     caption->setFont(TBaseTool::GetDefFont(scaled(12), QFont::Normal));
     caption->setFixedSize(scaled(76), scaled(17));
+    return caption;
+}
+
+QHBoxLayout* atTheLeft(QWidget* widget) {
     auto* row = new QHBoxLayout;
-    row->addWidget(caption);
+    row->addWidget(widget);
     row->addStretch();
     return row;
 }
@@ -55,10 +59,13 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     create->setAutoDefault(false);
     create->setControlType(newButtonType);
     create->setFixedSize(scaled(160), scaled(32));
+    zBaseLabel* caption = captionLabel(config.caption, this);
+    const int gap = scaled(gapAboveButton);
+    // From here on nothing asks the host: a row without a layout around it would be lost.
     if (config.grid) {
-        placeInGrid(captionRow(config.caption, this), centred(create));
+        placeInGrid(atTheLeft(caption), centred(create), gap);
     } else {
-        placeInColumn(captionRow(config.caption, this), centred(create));
+        placeInColumn(atTheLeft(caption), centred(create), gap);
     }
     const int side = scaled(config.sideMargin);
     layout()->setContentsMargins(side, scaled(16), side, scaled(10));
@@ -93,20 +100,20 @@ void FileChooserPage::buildPathPanel() {
     row->addStretch();
 }
 
-void FileChooserPage::placeInColumn(QLayout* captionRow, QLayout* buttonRow) {
+void FileChooserPage::placeInColumn(QLayout* captionRow, QLayout* buttonRow, int gap) {
     auto* column = new QVBoxLayout(this);
     column->addLayout(captionRow);
     column->addWidget(panel);
-    column->addSpacing(scaled(gapAboveButton));
+    column->addSpacing(gap);
     column->addLayout(buttonRow);
     column->addStretch();
 }
 
-void FileChooserPage::placeInGrid(QLayout* captionRow, QLayout* buttonRow) {
+void FileChooserPage::placeInGrid(QLayout* captionRow, QLayout* buttonRow, int gap) {
     auto* grid = new QGridLayout(this);
     grid->addLayout(captionRow, 0, 0);
     grid->addWidget(panel, 1, 0);
-    grid->setRowMinimumHeight(2, scaled(gapAboveButton));
+    grid->setRowMinimumHeight(2, gap);
     grid->addLayout(buttonRow, 3, 0);
     grid->setRowStretch(4, 1);
 }

@@ -30,8 +30,9 @@ class FileChooserPage : public zBaseWidget {
 
   private:
     void buildPathPanel();
-    void placeInColumn(QLayout* captionRow, QLayout* buttonRow);
-    void placeInGrid(QLayout* captionRow, QLayout* buttonRow);
+    /// @param gap pixels between the path panel and the button.
+    void placeInColumn(QLayout* captionRow, QLayout* buttonRow, int gap);
+    void placeInGrid(QLayout* captionRow, QLayout* buttonRow, int gap);
 
     zBaseWidget* panel;
     zBaseCombox* combo;

@@ -73,10 +73,10 @@ void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
     pageStack->setObjectName(QStringLiteral("m_StackedWidget"));
     pageStack->setStyleSheet(QStringLiteral("#m_StackedWidget{background: transparent;}"));
     auto* frame = new QVBoxLayout;
+    column->addLayout(frame);
     frame->setSpacing(0);
     frame->setContentsMargins(scaled(2), scaled(2), scaled(2), 0);
     frame->addWidget(pageStack);
-    column->addLayout(frame);
 }
 
 void NewProCfgDialogPrivate::buildMainPage() {

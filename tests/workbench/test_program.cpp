@@ -21,7 +21,8 @@ Ran runProgram(const QStringList& arguments,
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QLatin1String(name));
     environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"));
+                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"
+                                      ":print_suppressions=0"));
     for (auto it = variables.begin(); it != variables.end(); ++it)
         environment.insert(it.key(), it.value());
     QProcess program;
