@@ -4,6 +4,7 @@
 
 #include "core/guard.h"
 #include "core/scale.h"
+#include "dialog/CardList.h"
 #include "dialog/NewProCfgDialogPrivate.h"
 #include "zCpf.h"
 
@@ -14,19 +15,6 @@ using newpro::scaled;
 namespace {
 
 constexpr int dividerLine = 13;  // control type of the host's library
-
-QListWidget* modelList(const char* name, const QString& style, QWidget* parent) {
-    auto* list = new QListWidget(parent);
-    list->setObjectName(QLatin1String(name));
-    list->setStyleSheet(style);
-    list->setFrameShape(QFrame::NoFrame);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    list->setSelectionMode(QAbstractItemView::NoSelection);
-    list->setFocusPolicy(Qt::NoFocus);
-    return list;
-}
 
 const QString& listStyle() {
     static const QString style = QStringLiteral(
@@ -120,10 +108,10 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     taxPageStack->setStyleSheet(listStyle());
     taxPageArea = new newpro::TaxPageArea(taxPageStack, mainPage);
 
-    catalogue.lists = {modelList("lswGeneralTax", plain, taxPageStack),
-                       modelList("lswSimpleTax", indented, taxPageStack),
-                       modelList("lswBusinessTax", indented, taxPageStack)};
-    lswTemplateEng = modelList("lswTemplateEng", indented, mainPage);
+    catalogue.lists = {new newpro::CardList("lswGeneralTax", plain, taxPageStack),
+                       new newpro::CardList("lswSimpleTax", indented, taxPageStack),
+                       new newpro::CardList("lswBusinessTax", indented, taxPageStack)};
+    lswTemplateEng = new newpro::CardList("lswTemplateEng", indented, mainPage);
     lswTemplateEng->hide();
     catalogue.templates = lswTemplateEng;
 
@@ -135,8 +123,8 @@ void NewProCfgDialogPrivate::buildTaxPages() {
 QWidget* NewProCfgDialog::addShXjWid() {
     return guardedOr<QWidget*>(
         dialogSource, "NewProCfgDialog::addShXjWid", nullptr, [this]() -> QWidget* {
-            if (d->auditPage) return d->auditPage;
-            d->auditPage = new newpro::FileChooserPage(newpro::auditPageConfig, this);
+            if (d->auditPage || !d->pageStack) return d->auditPage;
+            d->auditPage = new newpro::FileChooserPage(newpro::auditPageConfig, d->pageStack);
             d->pages.audit.fileCombo = d->auditPage->fileCombo();
             return d->auditPage;
         });
@@ -145,8 +133,9 @@ QWidget* NewProCfgDialog::addShXjWid() {
 QWidget* NewProCfgDialog::addZcbXjWid() {
     return guardedOr<QWidget*>(
         dialogSource, "NewProCfgDialog::addZcbXjWid", nullptr, [this]() -> QWidget* {
-            if (d->contractingPage) return d->contractingPage;
-            d->contractingPage = new newpro::FileChooserPage(newpro::contractingPageConfig, this);
+            if (d->contractingPage || !d->taxPageStack) return d->contractingPage;
+            d->contractingPage =
+                new newpro::FileChooserPage(newpro::contractingPageConfig, d->taxPageStack);
             d->pages.contracting.fileCombo = d->contractingPage->fileCombo();
             return d->contractingPage;
         });

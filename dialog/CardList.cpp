@@ -1,0 +1,34 @@
+#include "dialog/CardList.h"
+
+#include <QEvent>
+
+#include "core/guard.h"
+
+namespace newpro {
+
+CardList::CardList(const char* name, const QString& style, QWidget* parent) : QListWidget(parent) {
+    setObjectName(QLatin1String(name));
+    setStyleSheet(style);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+bool CardList::viewportEvent(QEvent* event) {
+    return guardedOr("CardList", "CardList::viewportEvent", false, [&] {
+        switch (event->type()) {
+            // An item view paints everything anew for these, to show which rows are active: a
+            // second paint of all cards each time the dialog opens.
+            case QEvent::WindowActivate:
+            case QEvent::WindowDeactivate:
+                return QAbstractScrollArea::viewportEvent(event);
+            default:
+                return QListWidget::viewportEvent(event);
+        }
+    });
+}
+
+}  // namespace newpro
