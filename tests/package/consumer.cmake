@@ -15,7 +15,7 @@ if(SANITIZE)
     set(flags "-fsanitize=${SANITIZE}")
 endif()
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${SCRATCH}/prefix)
-run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${SCRATCH}/build
+run(${CMAKE_COMMAND} -S ${CONSUMER} -B ${SCRATCH}/build -G ${GENERATOR}
     -DCMAKE_PREFIX_PATH=${SCRATCH}/prefix -DCMAKE_CXX_COMPILER=${COMPILER}
     -DCMAKE_CXX_FLAGS=${flags})
 run(${CMAKE_COMMAND} --build ${SCRATCH}/build)
