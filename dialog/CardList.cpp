@@ -24,6 +24,8 @@ bool CardList::viewportEvent(QEvent* event) {
             // second paint of all cards each time the dialog opens.
             case QEvent::WindowActivate:
             case QEvent::WindowDeactivate:
+                // Passing the item view by is the point.
+                // NOLINTNEXTLINE(bugprone-parent-virtual-call)
                 return QAbstractScrollArea::viewportEvent(event);
             default:
                 return QListWidget::viewportEvent(event);
