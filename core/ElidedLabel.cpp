@@ -20,6 +20,18 @@ QRect glyphs(const QFont& font) {
 
 }  // namespace
 
+QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width) {
+    // A Chinese character is about two thirds as wide as its line is high; of narrower letters more
+    // have to be tried.
+    int tried = qMax(8, 8 + width * 3 / (2 * metrics.height()));
+    for (; tried < text.size(); tried *= 2) {
+        const QString part = text.left(tried);
+        const QString shown = metrics.elidedText(part, Qt::ElideRight, width);
+        if (shown != part) return shown;
+    }
+    return metrics.elidedText(text, Qt::ElideRight, width);
+}
+
 ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent)
     : zBaseLabel(text, parent), mode(mode) {
     setTextFormat(Qt::PlainText);
@@ -37,19 +49,20 @@ QSize ElidedLabel::minimumSizeHint() const {
     return {0, glyphs(font()).height()};
 }
 
-void ElidedLabel::paintEvent(QPaintEvent* event) {
+void ElidedLabel::paintEvent(QPaintEvent*) {
     guarded("ElidedLabel", "ElidedLabel::paintEvent", [&] {
         const QRect area = contentsRect();
-        const QString shown = fontMetrics().elidedText(text(), mode, area.width());
-        if (shown == text() && area.height() >= fontMetrics().height()) {
-            zBaseLabel::paintEvent(event);
-            return;
-        }
-        const QRect ink = glyphs(font());
-        const int baseLine = area.top() + (area.height() - ink.height()) / 2 - ink.top();
+        const QFontMetrics metrics = fontMetrics();
+        // Where the line has no room, its glyphs are what is centred.
+        const bool roomy = area.height() >= metrics.height();
+        const QRect line =
+            roomy ? QRect(0, -metrics.ascent(), 0, metrics.height()) : glyphs(font());
+        const int baseLine = area.top() + (area.height() - line.height()) / 2 - line.top();
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));
-        painter.drawText(area.left(), baseLine, shown);
+        painter.drawText(area.left(), baseLine,
+                         mode == Qt::ElideRight ? elidedAtEnd(metrics, text(), area.width())
+                                                : metrics.elidedText(text(), mode, area.width()));
     });
 }
 

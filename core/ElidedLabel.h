@@ -5,6 +5,10 @@
 
 namespace newpro {
 
+/// Shortens a text at its end, as QFontMetrics::elidedText does, but at a cost that grows with the
+/// width and not with the text. @param width pixels.
+QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width);
+
 /// Keeps its text whole and shortens only what it paints. Plain text. Can be as low as its glyphs:
 /// three lines and a button share one row of a list.
 class ElidedLabel : public zBaseLabel {

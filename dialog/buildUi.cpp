@@ -3,8 +3,10 @@
 #include <QVBoxLayout>
 
 #include "core/guard.h"
+#include "core/polish.h"
 #include "core/scale.h"
 #include "dialog/CardList.h"
+#include "dialog/FittedStack.h"
 #include "dialog/NewProCfgDialogPrivate.h"
 #include "zCpf.h"
 
@@ -23,6 +25,12 @@ const QString& listStyle() {
     return style;
 }
 
+void styleHiddenPagesLater(const QStackedWidget& stack) {
+    for (int page = 0; page < stack.count(); ++page) {
+        if (page != stack.currentIndex()) newpro::polishWhenShown(stack.widget(page));
+    }
+}
+
 }  // namespace
 
 void NewProCfgDialog::CreateUI() {
@@ -36,6 +44,8 @@ void NewProCfgDialog::CreateUI() {
         d->buildMainPage();
         d->buildRibbonEntries();
         d->pageStack->setCurrentWidget(d->mainPage);
+        styleHiddenPagesLater(*d->pageStack);
+        styleHiddenPagesLater(*d->taxPageStack);
         d->built = true;
     });
 }
@@ -57,9 +67,11 @@ void NewProCfgDialogPrivate::buildHeader(QVBoxLayout* column) {
 }
 
 void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
-    pageStack = new QStackedWidget(q);
+    pageStack = new newpro::FittedStack<QStackedWidget>(q);
     pageStack->setObjectName(QStringLiteral("m_StackedWidget"));
     pageStack->setStyleSheet(QStringLiteral("#m_StackedWidget{background: transparent;}"));
+    // Without its pages: otherwise they would get their style with it.
+    pageStack->ensurePolished();
     auto* frame = new QVBoxLayout;
     column->addLayout(frame);
     frame->setSpacing(0);
@@ -102,10 +114,11 @@ void NewProCfgDialogPrivate::buildTaxRow() {
 void NewProCfgDialogPrivate::buildTaxPages() {
     const QString plain = QStringLiteral(".QWidget{\nbackground-color: transparent;}");
     const QString indented = QStringLiteral(".QWidget{\n    background-color: transparent;\n}");
-    taxPageStack = new SlidingStackedWidget(mainPage);
+    taxPageStack = new newpro::FittedStack<SlidingStackedWidget>(mainPage);
     taxPageStack->setObjectName(QStringLiteral("stackedWidget"));
     // Before it has pages: each sheet that arrives later styles everything in it once more.
     taxPageStack->setStyleSheet(listStyle());
+    taxPageStack->ensurePolished();
     taxPageArea = new newpro::TaxPageArea(taxPageStack, mainPage);
 
     catalogue.lists = {new newpro::CardList("lswGeneralTax", plain, taxPageStack),
@@ -116,7 +129,7 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     catalogue.templates = lswTemplateEng;
 
     for (QListWidget* list : catalogue.lists) taxPageStack->addWidget(list);
-    if (QWidget* tree = q->addMoBanWidget()) taxPageStack->addWidget(tree);
+    q->addMoBanWidget();  // puts the tree into the stack
     if (QWidget* page = q->addZcbXjWid()) taxPageStack->addWidget(page);
 }
 

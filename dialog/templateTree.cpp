@@ -89,6 +89,8 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     templateTree->setObjectName(QStringLiteral("templateTree"));
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
+    // Before it has its sheet, which then waits until the page is shown.
+    taxPageStack->addWidget(templateTree);
     const auto dress = [this] {
         guarded(dialogSource, "NewProCfgDialog::addMoBanWidget",
                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });

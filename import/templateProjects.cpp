@@ -7,12 +7,12 @@
 #include <memory>
 
 #include "SharedInterface.h"
+#include "core/cardRow.h"
 #include "core/creationDialog.h"
 #include "core/firstPage.h"
 #include "core/guard.h"
 #include "core/hostMessages.h"
 #include "core/listItemPool.h"
-#include "core/scale.h"
 #include "import/TemplateProListItem.h"
 
 namespace newpro {
@@ -49,12 +49,7 @@ int fillTemplateList(QListWidget* list, const QString& appTypeKey, ListItemPool&
                                      // A copy: the list, and with it this connection, may go.
                                      [create = onCreate, path] { create(path); });
                          });
-        std::unique_ptr<QListWidgetItem> item = items.take();
-        // setSizeHint() would take a size with the default width for no size at all.
-        item->setData(Qt::SizeHintRole, QSize(-1, scaled(80.0)));
-        QListWidgetItem* row = item.release();
-        list->insertItem(list->count(), row);
-        list->setItemWidget(row, card.release());
+        appendCard(list, items.take(), std::move(card));
     }
     return files.size();
 }

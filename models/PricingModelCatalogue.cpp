@@ -1,13 +1,12 @@
 #include "models/PricingModelCatalogue.h"
 
+#include "core/cardRow.h"
 #include "core/scale.h"
 #include "models/ProModelItemForm.h"
 
 namespace newpro {
 
 namespace {
-
-constexpr double rowHeight = 80.0;  // design pixels
 
 void clearList(QListWidget* list, ListItemPool& pool) {
     if (!list) return;
@@ -45,23 +44,17 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
             place(entry.models.at(i), list, cardMade);
             if (i == 0) modeFilled(entry.taxMode);
         }
-        list->setMinimumHeight(scaled(rowHeight) * entry.models.size());
+        list->setMinimumHeight(scaled(cardRowHeight) * entry.models.size());
     }
 }
 
 void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
                                   QListWidget* list, const CardMade& cardMade) {
     auto card = std::make_unique<ProModelItemForm>(model, nullptr);
+    ProModelItemForm* shown = card.get();
     std::unique_ptr<QListWidgetItem> item = pool.take();
     item->setData(Qt::UserRole, QVariant::fromValue(model));
-    // Not setSizeHint: it drops a size whose width is the item's current -1.
-    item->setData(Qt::SizeHintRole, QSize(item->sizeHint().width(), scaled(rowHeight)));
-    QListWidgetItem* placed = item.release();
-    list->insertItem(list->count(), placed);
-    ProModelItemForm* shown = card.release();
-    // The sheets around the list are then matched once for each of its widgets, not twice.
-    shown->ensurePolished();
-    list->setItemWidget(placed, shown);
+    appendCard(list, std::move(item), std::move(card));
     cardMade(shown);
 }
 

@@ -147,7 +147,7 @@ void ProModelItemForm::UpdateDescriptionText() {
         if (width() == describedWidth && font == describedFont) return;
         const int room = width() - descriptionMargin;
         ui->lblDescription->setText(
-            ui->lblDescription->fontMetrics().elidedText(descriptionText, Qt::ElideRight, room));
+            newpro::elidedAtEnd(ui->lblDescription->fontMetrics(), descriptionText, room));
         ui->lblDescription->setToolTip(descriptionText);
         describedWidth = width();
         describedFont = font;

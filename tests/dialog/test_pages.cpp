@@ -194,4 +194,31 @@ TEST_F(Pages, TheTreeFollowsTheSkinWhileTheDialogIsOpen) {
     workbench::Host::instance().setSkin(QStringLiteral("dark"));
 }
 
+/// Collects which of some pages get their style.
+class StyledPages : public QObject {
+  public:
+    explicit StyledPages(QStringList pages) : pages(std::move(pages)) {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QString name = watched->objectName();
+        if (event->type() == QEvent::Polish && pages.contains(name)) styled.insert(name);
+        return false;
+    }
+    QStringList pages;
+    QSet<QString> styled;
+};
+
+TEST_F(Pages, AreStyledWhenTheyAreFirstShown) {
+    StyledPages seen({QStringLiteral("auditPage"), QStringLiteral("contractingPage"),
+                      QStringLiteral("templateTree"), QStringLiteral("lswGeneralTax")});
+    open();
+    QSet<QString> expected{QStringLiteral("lswGeneralTax")};
+    EXPECT_EQ(seen.styled, expected);
+    click(entryButton(auditLabel));
+    settle();
+    expected.insert(QStringLiteral("auditPage"));
+    EXPECT_EQ(seen.styled, expected);
+}
+
 }  // namespace

@@ -1,6 +1,6 @@
 #include "files/historyEntry.h"
 
-#include "tests/files/properties.h"
+#include "tests/support/properties.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -139,7 +139,7 @@ TEST(HistoryEntryParser, NineUnitFieldsDecideTheSeparator) {
 }
 
 RC_GTEST_PROP(HistoryEntryParser, IsTotalAndAnswersOnlyWhatStandsInTheText, ()) {
-    const QString text = *files_testing::anyText(QStringLiteral("##\x1f\x1f\x1f.bdyp"));
+    const QString text = *testing_support::anyText(QStringLiteral("##\x1f\x1f\x1f.bdyp"));
     const std::optional<HistoryEntry> entry = parseHistoryEntry(text);
     if (!entry) return;
     const QStringList fields = newpro::historyFields(text);
@@ -158,7 +158,7 @@ RC_GTEST_PROP(HistoryEntryParser, FindsEveryPathThatWasWritten, ()) {
     const bool cloud = *rc::gen::arbitrary<bool>();
     const bool marked = *rc::gen::arbitrary<bool>();
     const bool units = *rc::gen::arbitrary<bool>();
-    QString path = *files_testing::anyText(QStringLiteral("/.#工程")) + QLatin1Char('x');
+    QString path = *testing_support::anyText(QStringLiteral("/.#工程")) + QLatin1Char('x');
     path.remove(QChar(0x1F)).remove(QChar::Null);
     if (!units) path.remove(QLatin1Char('#'));
     if (cloud) path += QLatin1String(".Gcf");

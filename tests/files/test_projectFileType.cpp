@@ -1,6 +1,6 @@
 #include "files/projectFileType.h"
 
-#include "tests/files/properties.h"
+#include "tests/support/properties.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -24,7 +24,7 @@ TEST(ProjectFileType, EverySuffixHasItsCode) {
 }
 
 RC_GTEST_PROP(ProjectFileType, CaseAndBlanksAroundNeverMatter, ()) {
-    const QString suffix = *files_testing::anyText(QStringLiteral("SGCFXZJPMWBAK"));
+    const QString suffix = *testing_support::anyText(QStringLiteral("SGCFXZJPMWBAK"));
     const int code = projectFileType(suffix);
     const QSet<int> codes{0, 2, 4, 5, 16, 17};
     RC_ASSERT(codes.contains(code));
@@ -36,7 +36,7 @@ RC_GTEST_PROP(ProjectFileType, AnythingBesideAKnownSuffixIsUnknown, ()) {
     const QString known =
         *rc::gen::element(QStringLiteral("GCFX"), QStringLiteral("PMW"), QStringLiteral("BAK"),
                           QStringLiteral("SBAK"), QStringLiteral("GCFZ"), QStringLiteral("SGCFG"));
-    const QString more = *files_testing::anyText(QStringLiteral("。预0."));
+    const QString more = *testing_support::anyText(QStringLiteral("。预0."));
     RC_PRE(!more.trimmed().isEmpty());
     const QString text = more.trimmed() + known;
     RC_PRE(text.toUpper() != QLatin1String("SBAK"));

@@ -1,3 +1,4 @@
+#include <QCache>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLayout>
@@ -106,17 +107,24 @@ Qt::Alignment centredUnlessSaid(int flags) {
     return alignment;
 }
 
+/// @return what a text covers. Measured once: every card has the same button.
+int widthOf(const QFont& font, const QString& text) {
+    static QCache<QPair<QFont, QString>, int> known(1000);
+    const auto key = qMakePair(font, text);
+    if (const int* width = known.object(key)) return *width;
+    const int width = qCeil(QFontMetricsF(font).horizontalAdvance(text)) + 1;
+    known.insert(key, new int(width));
+    return width;
+}
+
 // The width for bold text is kept free, so that nothing moves when an entry is chosen.
 int textWidth(const QPushButton& button, bool roomForBold) {
     if (button.text().isEmpty()) return 0;
-    const auto width = [&](const QFont& used) {
-        return qCeil(QFontMetricsF(used).horizontalAdvance(button.text())) + 1;
-    };
-    const int now = width(button.font());
+    const int now = widthOf(button.font(), button.text());
     if (!roomForBold) return now;
     QFont bold = button.font();
     bold.setWeight(QFont::Bold);
-    return qMax(width(bold), now);
+    return qMax(widthOf(bold, button.text()), now);
 }
 
 void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {

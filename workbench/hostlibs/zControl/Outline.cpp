@@ -12,7 +12,8 @@ Outline::Outline(QWidget* window) : QWidget(window) {
 }
 
 bool Outline::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+    if (event->type() == QEvent::Show) raise();
+    if (event->type() == QEvent::Resize) {
         setGeometry(parentWidget()->rect());
         const int line = qMax(1, scaled(1));
         const QRegion whole = roundedRegion(rect(), kDialogRadius);

@@ -26,6 +26,7 @@ void FramelessDialog::mouseMoveEvent(QMouseEvent* event) {
 }
 
 RoundedDialog::RoundedDialog(QWidget* parent) : FramelessDialog(parent) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
     new workbench::Outline(this);
 }
 

@@ -9,7 +9,7 @@
 #include <QVector>
 #include <vector>
 
-namespace files_testing {
+namespace testing_support {
 
 /// Texts of any code units, lone surrogates included, in which `likely` ones come up often.
 inline rc::Gen<QString> anyText(const QString& likely) {
@@ -21,7 +21,7 @@ inline rc::Gen<QString> anyText(const QString& likely) {
                         });
 }
 
-}  // namespace files_testing
+}  // namespace testing_support
 
 namespace rc {
 

@@ -1,0 +1,25 @@
+#include "core/cardRow.h"
+
+#include <QCoreApplication>
+#include <QListWidget>
+
+#include "core/polish.h"
+#include "core/scale.h"
+
+namespace newpro {
+
+void appendCard(QListWidget* list, std::unique_ptr<QListWidgetItem> item,
+                std::unique_ptr<QWidget> card) {
+    // Not setSizeHint: it drops a size whose width is the item's current -1.
+    item->setData(Qt::SizeHintRole, QSize(item->sizeHint().width(), scaled(cardRowHeight)));
+    QListWidgetItem* row = item.release();
+    list->insertItem(list->count(), row);
+    // Before it joins the list: the sheets around the list are then matched once for each of its
+    // widgets, not twice.
+    polishNow(card.get());
+    // The list lays it out at once.
+    QCoreApplication::removePostedEvents(card.get(), QEvent::LayoutRequest);
+    list->setItemWidget(row, card.release());
+}
+
+}  // namespace newpro
