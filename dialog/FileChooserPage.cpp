@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "core/scale.h"
+#include "core/styleCodes.h"
 
 namespace newpro {
 
@@ -15,10 +16,6 @@ const FileChooserConfig contractingPageConfig = {"contractingPage", QStringLiter
                                                  QStringLiteral("新建总承包"), true, 0.0};
 
 namespace {
-
-// Style codes of the host's widget library.
-constexpr int transparentRow = 10;
-constexpr int newButtonType = 88;
 
 constexpr double gapAboveButton = 140.0;
 
@@ -48,7 +45,7 @@ QHBoxLayout* centred(QWidget* widget) {
 }  // namespace
 
 FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* parent)
-    : zBaseWidget(parent, transparentRow),
+    : zBaseWidget(parent, TransparentRow),
       panel(new zBaseWidget(this)),
       combo(new zBaseCombox(panel)),
       browse(new zBaseButton(panel)),
@@ -57,7 +54,7 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     buildPathPanel();
     create->setObjectName(QStringLiteral("newButton"));
     create->setAutoDefault(false);
-    create->setControlType(newButtonType);
+    create->setControlType(NewButton);
     create->setFixedSize(scaled(160), scaled(32));
     zBaseLabel* caption = captionLabel(config.caption, this);
     const int gap = scaled(gapAboveButton);

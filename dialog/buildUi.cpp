@@ -5,6 +5,7 @@
 #include "core/guard.h"
 #include "core/polish.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 #include "dialog/CardList.h"
 #include "dialog/FittedStack.h"
 #include "dialog/NewProCfgDialogPrivate.h"
@@ -15,8 +16,6 @@ using newpro::guardedOr;
 using newpro::scaled;
 
 namespace {
-
-constexpr int dividerLine = 13;  // control type of the host's library
 
 const QString& listStyle() {
     static const QString style = QStringLiteral(
@@ -91,7 +90,7 @@ void NewProCfgDialogPrivate::buildMainPage() {
     page->panelLayout()->addWidget(taxRow);
     page->panelLayout()->addSpacing(scaled(5));
     auto* divider = new zBaseLabel(page);
-    divider->setControlType(dividerLine);
+    divider->setControlType(newpro::DividerLine);
     divider->setFixedHeight(scaled(1));
     page->panelLayout()->addWidget(divider);
     page->panelLayout()->addSpacing(scaled(5));

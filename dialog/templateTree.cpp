@@ -5,6 +5,7 @@
 #include "SharedInterface.h"
 #include "core/guard.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 #include "dialog/NewProCfgDialogPrivate.h"
 #include "files/templateScan.h"
 #include "import/templateProjects.h"
@@ -16,10 +17,6 @@ using newpro::scaled;
 namespace {
 
 constexpr int pathRole = Qt::UserRole + 1;
-
-// Style codes of the host's widget library.
-constexpr int transparentRow = 10;
-constexpr int newButton = 88;
 
 constexpr int darkBelow = 128;         // lightness, of 255, below which a background is dark
 constexpr int darkRowLightness = 160;  // percent of the background's lightness
@@ -53,7 +50,7 @@ QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) 
 }
 
 QColor rowBackground() {
-    return zBaseWidget(nullptr, transparentRow).normalBackColor();
+    return zBaseWidget(nullptr, newpro::TransparentRow).normalBackColor();
 }
 
 /// @return rules behind the tree's own: its light tints of hovered and selected rows would hide the
@@ -161,7 +158,7 @@ QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* p
 
 std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
                                                              const QString& path) {
-    auto row = std::make_unique<zBaseWidget>(nullptr, transparentRow);
+    auto row = std::make_unique<zBaseWidget>(nullptr, newpro::TransparentRow);
     auto* layout = new QHBoxLayout(row.get());
     layout->setContentsMargins(0, scaled(2), 0, scaled(2));
     layout->addWidget(new zBaseLabel(text, row.get()));
@@ -169,7 +166,7 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     if (!isFile) return row;
 
     auto* create = new zBaseButton(QStringLiteral("新建"), row.get());
-    create->setControlType(newButton);
+    create->setControlType(newpro::NewButton);
     create->setAutoDefault(false);
     create->setFixedWidth(scaled(70));
     create->setAccessibleName(QStringLiteral("新建：") + text);

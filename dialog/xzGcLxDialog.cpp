@@ -6,6 +6,7 @@
 #include "core/guard.h"
 #include "core/projectKind.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 
 namespace {
 
@@ -14,7 +15,6 @@ using newpro::scaled;
 
 const char source[] = "xzGcLxDialog";
 
-const int dividerType = 13;
 const int cancelled = 0;
 
 zBaseButton* button(const char* name, const QString& text, const QString& accessibleName,
@@ -58,7 +58,7 @@ void xzGcLxDialog::InitUI() {
     guarded(source, "xzGcLxDialog::InitUI", [this] {
         if (layout()) return;
         auto* divider = new zBaseLabel(this);
-        divider->setControlType(dividerType);
+        divider->setControlType(newpro::DividerLine);
         caption->setFixedHeight(scaled(21));
         auto* heading = new QVBoxLayout;
         heading->setSpacing(scaled(5));

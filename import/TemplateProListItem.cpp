@@ -11,6 +11,7 @@
 #include "core/ElidedLabel.h"
 #include "core/guard.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 #include "zCpf.h"
 
 namespace {
@@ -22,8 +23,6 @@ using newpro::scaled;
 const char source[] = "TemplateProListItem";
 const char constructor[] = "TemplateProListItem::TemplateProListItem";
 
-const int cardWidgetType = 9;
-const int cardTextType = 2;
 const int titleFontSize = 13;
 
 /// A margin of -1 is the style's own and must stay so at every scale.
@@ -118,7 +117,7 @@ void TemplateProListItem::Form::applySizes(QWidget* card) {
 void TemplateProListItem::Form::dressFullCard() {
     btnNewProject->setCursor(Qt::PointingHandCursor);
     for (ElidedLabel* text : {lblTitle, label, label_2, lblDescription, lblPath}) {
-        text->setControlType(cardTextType);
+        text->setControlType(newpro::SecondaryText);
     }
     label->setFixedHeight(scaled(15));
     label_2->setFixedHeight(scaled(15));
@@ -149,7 +148,7 @@ void TemplateProListItem::Form::dressForFirstOpening() {
 
 TemplateProListItem::TemplateProListItem(const QString& file, const QString& basisNumber,
                                          const QString& description, QWidget* parent)
-    : zBaseWidget(parent, cardWidgetType),
+    : zBaseWidget(parent, newpro::CardWidget),
       m_strFile(file),
       m_strWh(basisNumber),
       m_strDescription(description),
@@ -163,7 +162,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
 }
 
 TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
-    : zBaseWidget(parent, cardWidgetType), m_strFile(file), ui(std::make_unique<Form>()) {
+    : zBaseWidget(parent, newpro::CardWidget), m_strFile(file), ui(std::make_unique<Form>()) {
     guarded(source, constructor, [this] {
         ui->build(this);
         ui->dressPathCard();

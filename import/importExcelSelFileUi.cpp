@@ -4,15 +4,13 @@
 
 #include "core/guard.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 #include "import/importExcelSelFile.h"
 
 namespace {
 
 using newpro::guarded;
 using newpro::scaled;
-
-/// The host's style code of a text that steps back behind its title.
-const int secondaryText = 2;
 
 /// What one of the two source rows says.
 struct SourceRow {
@@ -65,7 +63,7 @@ QLayout* sourceRow(const SourceRow& source, zBaseButton* button) {
     texts->setSpacing(scaled(5));
     texts->addWidget(new zBaseLabel(source.title));
     auto* text = new zBaseLabel(source.text);
-    text->setControlType(secondaryText);
+    text->setControlType(newpro::SecondaryText);
     text->setWordWrap(true);
     texts->addWidget(text);
 

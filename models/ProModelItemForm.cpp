@@ -9,6 +9,7 @@
 #include "core/guard.h"
 #include "core/hostMessages.h"
 #include "core/scale.h"
+#include "core/styleCodes.h"
 
 using newpro::guarded;
 using newpro::scaled;
@@ -16,12 +17,6 @@ using newpro::scaled;
 namespace {
 
 constexpr char source[] = "ProModelItemForm";
-
-// Style codes of the host's widget library.
-constexpr int cardWidget = 9;
-constexpr int cardText = 2;
-constexpr int newButton = 88;
-constexpr int splitPart = 18;
 
 constexpr double lineFontSize = 12.0;  // design pixels
 constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
@@ -62,9 +57,9 @@ struct ProModelItemForm::Form {
         name(lblSource, "lblSource");
         name(lblDescription, "lblDescription");
         for (zBaseLabel* label : {lblTitle, lblSource, lblDescription}) {
-            label->setControlType(cardText);
+            label->setControlType(newpro::SecondaryText);
         }
-        btnNewProject->setControlType(newButton);
+        btnNewProject->setControlType(newpro::NewButton);
         btnNewProject->setAutoDefault(false);
         btnNewProject->setCursor(Qt::PointingHandCursor);
         btnNewProject->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -91,7 +86,7 @@ struct ProModelItemForm::Form {
 };
 
 ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent)
-    : zBaseWidget(parent, cardWidget), model(model) {
+    : zBaseWidget(parent, newpro::CardWidget), model(model) {
     guarded(source, "ProModelItemForm::ProModelItemForm", [this] {
         ui = std::make_unique<Form>(this);
         resize(scaled(470), scaled(94));
@@ -182,7 +177,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
 
     auto* create = new zBaseButton(QStringLiteral("新建"), button);
     create->setTextAlignment(Qt::AlignRight);
-    create->setControlType(splitPart);
+    create->setControlType(newpro::SplitPart);
     create->setAutoDefault(false);
     layout->addWidget(create, 1);
     connect(create, &QAbstractButton::clicked, this, [this, create] {
@@ -195,7 +190,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
     auto* choose = new zBaseButton(button);
     choose->setIcon(QStringLiteral(":/Image/Home/xjXl.svg"));
     choose->setIconAlignment(Qt::AlignCenter);
-    choose->setControlType(splitPart);
+    choose->setControlType(newpro::SplitPart);
     choose->setAutoDefault(false);
     choose->setAccessibleName(QStringLiteral("选择计费方式"));
     choose->setMenu(feeModeMenu(feeModes, create, choose));

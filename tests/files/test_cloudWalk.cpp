@@ -1,8 +1,8 @@
 #include <QJsonArray>
 
 #include "files/cloudDisk.h"
-#include "tests/support/properties.h"
 #include "tests/support/TestSupport.h"
+#include "tests/support/properties.h"
 
 namespace {
 
@@ -97,7 +97,8 @@ QJsonArray anyTree(int depth) {
     const int count = *rc::gen::inRange(0, 5);
     for (int i = 0; i < count; ++i) {
         const bool folder = depth > 1 && *rc::gen::arbitrary<bool>();
-        const QString name = *testing_support::anyText(QStringLiteral("工程.|")) + QString::number(i);
+        const QString name =
+            *testing_support::anyText(QStringLiteral("工程.|")) + QString::number(i);
         nodes.append(node(name, folder, folder ? anyTree(depth - 1) : QJsonArray()));
     }
     return nodes;

@@ -1,7 +1,7 @@
 #include "files/historyEntry.h"
 
-#include "tests/support/properties.h"
 #include "tests/support/TestSupport.h"
+#include "tests/support/properties.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 
 #include "workbench/hostlibs/common/Skin.h"
+#include "zBaseControl.h"
 
 namespace workbench {
 
@@ -15,6 +16,14 @@ QString fieldSheet() {
         .arg(scaled(3))
         .arg(scaled(6))
         .arg(colour(Tint::Faint).name());
+}
+
+zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent) {
+    auto* button = new zBaseButton(text, parent);
+    button->setObjectName(QLatin1String(name));
+    button->setAccessibleName(text);
+    button->setFixedSize(scaled(88), scaled(30));
+    return button;
 }
 
 }  // namespace workbench

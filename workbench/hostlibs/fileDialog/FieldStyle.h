@@ -1,11 +1,17 @@
-/// The look of text fields in the workbench's own windows.
+/// The look of text fields and buttons in the workbench's own windows.
 #pragma once
 
 #include <QString>
+
+class QWidget;
+class zBaseButton;
 
 namespace workbench {
 
 /// @return a style sheet for the window that holds the fields, in the current skin and scale.
 QString fieldSheet();
+
+/// @return a button of the one size that these windows use.
+zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent);
 
 }  // namespace workbench

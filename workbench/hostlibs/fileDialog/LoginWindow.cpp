@@ -22,14 +22,6 @@ namespace {
     return true;
 }();
 
-zBaseButton* button(const char* name, const QString& text, QWidget* parent) {
-    auto* button = new zBaseButton(text, parent);
-    button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(text);
-    button->setFixedSize(scaled(88), scaled(30));
-    return button;
-}
-
 }  // namespace
 
 LoginWindow::LoginWindow(QWidget* parent)
@@ -58,10 +50,10 @@ LoginWindow::LoginWindow(QWidget* parent)
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(scaled(8));
     buttons->addStretch(1);
-    auto* login = button("loginButton", QStringLiteral("登录"), this);
+    auto* login = windowButton("loginButton", QStringLiteral("登录"), this);
     login->setControlType(88);
     login->setDefault(true);
-    auto* cancel = button("cancelButton", QStringLiteral("取消"), this);
+    auto* cancel = windowButton("cancelButton", QStringLiteral("取消"), this);
     buttons->addWidget(login);
     buttons->addWidget(cancel);
     column->addLayout(buttons);

@@ -44,14 +44,6 @@ QLineEdit* field(const char* name, QWidget* parent) {
     return edit;
 }
 
-zBaseButton* button(const char* name, const QString& text, QWidget* parent) {
-    auto* button = new zBaseButton(text, parent);
-    button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(text);
-    button->setFixedSize(scaled(88), scaled(30));
-    return button;
-}
-
 }  // namespace
 
 void OpenDialog::build() {
@@ -99,7 +91,7 @@ QWidget* OpenDialog::placeColumn() {
 QWidget* OpenDialog::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
-    upButton = button("upButton", QStringLiteral("上一级"), row);
+    upButton = windowButton("upButton", QStringLiteral("上一级"), row);
     upButton->setFixedSize(scaled(72), scaled(fieldHeight));
     pathField = field("pathField", row);
     layout->addWidget(upButton);
@@ -158,10 +150,10 @@ QWidget* OpenDialog::buttonRow() {
     messageLabel->setObjectName(QStringLiteral("messageLabel"));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    openButton = button("openButton", QStringLiteral("打开"), row);
+    openButton = windowButton("openButton", QStringLiteral("打开"), row);
     openButton->setControlType(88);
     openButton->setDefault(true);
-    cancelButton = button("cancelButton", QStringLiteral("取消"), row);
+    cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
     layout->addWidget(messageLabel, 1);
     layout->addWidget(openButton);
     layout->addWidget(cancelButton);
