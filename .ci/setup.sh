@@ -8,12 +8,14 @@ bench_packages="libbenchmark-dev"
 # Qt takes file names in the locale's encoding, and the installation's names are Chinese.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
 
-# need PACKAGE...: makes sure that the packages are installed, or says what to do and ends.
+# need PACKAGE...: makes sure that the packages are installed, or says what to do and ends. Outside
+# Debian it only says what must be there, and goes on where a build could start.
 need() {
     missing=
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
+        echo "This is not a Debian system. What these Debian packages hold must be installed:" \
+            "$@" >&2
         command -v cmake >/dev/null && command -v ninja >/dev/null && return 0
-        echo "This is not a Debian system. Please install what these Debian packages hold:" "$@" >&2
         exit 1
     fi
     for package in "$@"; do

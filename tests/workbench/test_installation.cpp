@@ -1,7 +1,9 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
+#include <algorithm>
 
+#include "models/usageCodes.h"
 #include "tests/support/TestSupport.h"
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/lsan_interface.h>
@@ -39,6 +41,14 @@ const Damage damages[] = {
      "whole number"},
     {"a fraction for a whole number", "settings.json", R"("firstOpenClose": 0)",
      R"("firstOpenClose": 0.5)", "firstOpenClose", "whole number"},
+    {"a whole number that is too large", "models.json", R"("flag": 1)", R"("flag": 30000000000)",
+     "Kvys[0].models[0].flag", "must be from -2147483648 to 2147483647"},
+    {"a whole number that is too small", "settings.json", R"("firstOpenClose": 0)",
+     R"("firstOpenClose": -2147483649)", "firstOpenClose", "must be from -2147483648"},
+    {"a tax mode that is too large", "models.json", "\"一般计税\"", "9999999999", "Kvys[0].taxMode",
+     "must be from -2147483648 to 2147483647"},
+    {"a fraction for a tax mode", "models.json", "\"一般计税\"", "0.5", "Kvys[0].taxMode",
+     "must be a whole number"},
     {"a text for a list", "models.json", R"("feeModes": [)", R"("feeModes": "", "x": [)",
      "Kvys[0].models[0].x", "not known"},
     {"a missing key", "models.json", R"("key":)", R"("carriedText":)", "Kvys[0].models[0].key",
@@ -80,6 +90,49 @@ TEST(Installation, TheSampleOffersModelsWithNoneOneAndTwoFeeModes) {
         counts.insert(pricing.feeModes.size());
     }
     EXPECT_EQ(counts, (QSet<int>{0, 1, 2}));
+}
+
+TEST(Installation, TheSampleOffersEveryModelThatTheUsageLogCounts) {
+    Installation sample;
+    QString error;
+    ASSERT_TRUE(Installation::load(QStringLiteral(SAMPLE_INSTALLATION), sample, error));
+    QString letters;
+    QList<int> functions;
+    for (const auto& modes : qAsConst(sample.models)) {
+        for (const auto& mode : modes) {
+            for (const TaxTemplateInfo& model : mode.models) {
+                letters += newpro::modelLogCode(model.name);
+                functions.append(newpro::modelUsageFunction(model.name));
+            }
+        }
+    }
+    std::sort(letters.begin(), letters.end());
+    std::sort(functions.begin(), functions.end());
+    EXPECT_EQ(letters, QStringLiteral("abcdefghijklmn"));
+    EXPECT_EQ(functions, (QList<int>{11006, 11007, 11008, 11009, 11010, 11011, 11012, 11013,
+                                     11014, 11015, 11016, 11017, 11018, 11101, 13310, 13311,
+                                     20003, 20004, 20005, 20006, 20007, 20008, 20009, 20010}));
+}
+
+TEST(Installation, ModelsOfOneNameKeepTheirFeeModes) {
+    TemporaryInstallation installation;
+    const auto entry = [](const char* taxMode, const char* key) {
+        return QByteArray(R"({"taxMode": ")") + taxMode +
+               R"(", "models": [{"name": "同名", "description": "", "basis": [], "feeMode": "",
+                  "feeModes": ["整体计费"], "defaultFeeMode": "整体计费", "key": ")" +
+               key + R"("}]})";
+    };
+    installation.write(
+        QStringLiteral("models.json"),
+        "{\"Kvys\": [" + entry("一般计税", "first") + ", " + entry("简易计税", "second") + "]}");
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    const auto map = ProjectSettingHelper::GetProjectSettingHelper()->GetPricingModelInfoMap(
+        QStringLiteral("Kvys"), QString());
+    Lines keys;
+    for (const auto& record : map) keys.push_back(record.key.toStdString());
+    std::sort(keys.begin(), keys.end());
+    EXPECT_EQ(keys, (Lines{"first", "second"}));
+    EXPECT_EQ(map.keys(), (QStringList{QStringLiteral("同名"), QStringLiteral("同名")}));
 }
 
 /// Qt's JSON parser leaks the containers that were open when a text breaks off; that is not looked

@@ -90,6 +90,22 @@ TEST_F(ProgramTest, AWrongFileEndsWith2AndItsPlaceBeforeAnythingIsPlayed) {
     EXPECT_EQ(ran.out.toStdString(), "");
 }
 
+TEST_F(ProgramTest, AWrongCatalogueEndsWith2AndItsPlaceInTheInstallationThatWasNamed) {
+    const QString named = folder.filePath(QStringLiteral("mine"));
+    ASSERT_TRUE(QDir().mkdir(named));
+    QFile models(named + QStringLiteral("/models.json"));
+    ASSERT_TRUE(models.open(QIODevice::WriteOnly));
+    models.write("{\n\"Kvys\": [\n{\"taxMode\": 0.5, \"models\": []}]}");
+    models.close();
+    const QString reason = QDir::toNativeSeparators(models.fileName()) +
+                           QStringLiteral(":3: Kvys[0].taxMode: must be a whole number\n");
+    const QString file = scenario(openAndClose);
+    const QString option = QStringLiteral("--installation");
+    const Ran played = runProgram({play, file, option, named});
+    EXPECT_EQ(played.code, 2);
+    EXPECT_EQ(played.err, file + QStringLiteral(": ") + reason);
+}
+
 TEST_F(ProgramTest, TheJournalFileHasOneNumberedObjectPerLine) {
     const QString path = folder.filePath(QStringLiteral("journal.jsonl"));
     const QString file = scenario(openAndClose);

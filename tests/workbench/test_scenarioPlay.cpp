@@ -217,7 +217,8 @@ TEST_F(ScenarioTest, AnInstallationThatCannotBeLoadedIsToldInsteadOfPlayed) {
     EXPECT_TRUE(missing.unplayable.endsWith(QStringLiteral("none: no such folder")));
     ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("empty")));
     const PlayResult empty = play(R"("installation": "empty", "steps": [{"do": "open"}])");
-    EXPECT_TRUE(empty.unplayable.contains(QStringLiteral("models.json")))
+    EXPECT_TRUE(empty.unplayable.startsWith(
+        QDir::toNativeSeparators(folder.filePath(QStringLiteral("empty/models.json")))))
         << empty.unplayable.toStdString();
 }
 

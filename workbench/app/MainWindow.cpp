@@ -71,6 +71,7 @@ MainWindow::MainWindow()
     makeStatusBar();
     Host& host = Host::instance();
     host.setMainWindow(this);
+    connect(projects, &ProjectPanel::refreshed, this, &MainWindow::showCount);
     connect(&store, &ProjectStore::created, this, &MainWindow::showCreated);
     connect(&store, &ProjectStore::failed, this,
             [this](const QString& text) { statusBar()->showMessage(text); });
@@ -149,6 +150,7 @@ void MainWindow::makeDocks() {
 }
 
 void MainWindow::makeStatusBar() {
+    count->setObjectName(QStringLiteral("projectCount"));
     statusBar()->addPermanentWidget(count);
     statusBar()->addPermanentWidget(place);
     place->setText(QStringLiteral("安装目录：%1")
@@ -190,7 +192,6 @@ void MainWindow::chooseKind() {
 void MainWindow::showCreated(const QString& path) {
     projects->refresh();
     projects->select(path);
-    showCount();
     statusBar()->showMessage(QStringLiteral("已创建工程文件：%1").arg(QFileInfo(path).fileName()),
                              messageMs);
 }

@@ -22,6 +22,7 @@ namespace {
 enum Column { Name, Kind, Created, ColumnCount };
 
 const int pathRole = Qt::UserRole;
+const int isProjectRole = Qt::UserRole + 1;
 
 QString timeText(const QDateTime& time) {
     return time.isValid() ? time.toString(QStringLiteral("yyyy-MM-dd hh:mm")) : QString();
@@ -44,6 +45,7 @@ QTreeWidgetItem* rowOf(const QFileInfo& file) {
     row->setText(Created, project ? timeText(project->created) : QString());
     row->setToolTip(Name, QDir::toNativeSeparators(file.filePath()));
     row->setData(Name, pathRole, file.filePath());
+    row->setData(Name, isProjectRole, project.has_value());
     if (!project)
         for (int column = 0; column < ColumnCount; ++column)
             row->setForeground(column, colour(Tint::Faint));
@@ -138,8 +140,9 @@ void ProjectPanel::refresh() {
     for (const QFileInfo& found : QDir(folder).entryInfoList(QDir::Files))
         list->addTopLevelItem(rowOf(found));
     select(selected);
-    if (!list->currentItem() && projectCount() > 0) list->setCurrentItem(list->topLevelItem(0));
+    if (!list->currentItem()) list->setCurrentItem(list->topLevelItem(0));
     showDetails();
+    Q_EMIT refreshed();
 }
 
 void ProjectPanel::select(const QString& path) {
@@ -150,7 +153,10 @@ void ProjectPanel::select(const QString& path) {
 }
 
 int ProjectPanel::projectCount() const {
-    return list->topLevelItemCount();
+    int count = 0;
+    for (int row = 0; row < list->topLevelItemCount(); ++row)
+        if (list->topLevelItem(row)->data(Name, isProjectRole).toBool()) ++count;
+    return count;
 }
 
 void ProjectPanel::showDetails() {

@@ -20,7 +20,12 @@ class ProjectPanel : public QWidget {
     void refresh();
     /// Selects a project by its path.
     void select(const QString& path);
+    /// @return how many of the listed files are project files.
     int projectCount() const;
+
+  Q_SIGNALS:
+    /// The list shows what the project folder holds now.
+    void refreshed();
 
   private:
     QWidget* makeDetails();

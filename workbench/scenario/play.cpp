@@ -48,6 +48,9 @@ PlayResult play(const Scenario& scenario, const PlayOptions& options) {
     result.unplayable = copy.error();
     result.folder = copy.folder();
     if (!result.unplayable.isEmpty()) return result;
+    // Read where it lies first: what is wrong must be named by the user's own file.
+    Installation original;
+    if (!Installation::load(source, original, result.unplayable)) return result;
     const HostScope host(options.host, scenario.host, copy.folder());
     result.unplayable = host.error;
     if (!result.unplayable.isEmpty()) return result;

@@ -71,7 +71,7 @@ PricingModelInfo pricingOf(const JsonPlace& object) {
 }
 
 int taxModeOf(const JsonPlace& place) {
-    if (place.isInteger()) return place.integer();
+    if (place.raw().isDouble()) return place.integer();
     static const QStringList names = {QStringLiteral("一般计税"), QStringLiteral("简易计税"),
                                       QStringLiteral("营业税")};
     const int mode = names.indexOf(place.text());
@@ -84,7 +84,8 @@ void readModels(const QString& path, Installation& into) {
     const JsonPlace root(file);
     for (const QString& appType : root.memberNames()) {
         auto& modes = into.models[appType];
-        auto& pricing = into.pricing[appType];
+        // Models of one name, in other tax modes for example, each keep their record.
+        QMultiMap<QString, PricingModelInfo> pricing;
         for (const JsonPlace& entry : root.member(appType).items()) {
             entry.allowOnly(keys({"taxMode", "models"}));
             ProTaxTemplateInfo mode;
@@ -97,6 +98,7 @@ void readModels(const QString& path, Installation& into) {
             }
             modes.append(mode);
         }
+        into.pricing.insert(appType, pricing);
     }
 }
 

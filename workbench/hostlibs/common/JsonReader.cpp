@@ -6,6 +6,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTextCodec>
+#include <QtNumeric>
+#include <cmath>
+#include <limits>
 
 namespace workbench {
 
@@ -192,12 +195,13 @@ QString JsonPlace::text() const {
 }
 
 int JsonPlace::integer() const {
-    if (!isInteger()) fail(QStringLiteral("must be a whole number"));
-    return value.toInt();
-}
-
-bool JsonPlace::isInteger() const {
-    return value.isDouble() && value.toDouble() == value.toInt();
+    const double number = value.toDouble(qQNaN());
+    if (number != std::floor(number)) fail(QStringLiteral("must be a whole number"));
+    using Limits = std::numeric_limits<int>;
+    if (number < Limits::min() || number > Limits::max()) {
+        fail(QStringLiteral("must be from %1 to %2").arg(Limits::min()).arg(Limits::max()));
+    }
+    return int(number);
 }
 
 bool JsonPlace::boolean() const {

@@ -70,7 +70,6 @@ class WORKBENCH_API JsonPlace {
     bool boolean() const;
     QStringList texts() const;
     QMap<QString, QString> textMap() const;
-    bool isInteger() const;
 
   private:
     JsonPlace(const JsonFile& file, const QJsonValue& value, const QString& path);

@@ -1,0 +1,260 @@
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QStatusBar>
+#include <QTreeView>
+#include <QTreeWidget>
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+#include "dialog/NewProCfgDialog.h"
+#include "models/ProModelItemForm.h"
+#include "tests/support/TestSupport.h"
+#include "workbench/app/MainWindow.h"
+#include "workbench/projects/ProjectFile.h"
+
+namespace testing_support {
+
+namespace {
+
+using workbench::FirstPage;
+using workbench::Host;
+using workbench::Login;
+using workbench::ProjectFile;
+
+/// The window on an installation with two project files and one that is none.
+class MainWindowTest : public testing::Test {
+  protected:
+    MainWindowTest() {
+        budget = addProject("教学楼.GCFX", 4, "某模式");
+        contracting = addProject("产业园.GCFZ", 16, "总包模式");
+        host.write(QStringLiteral("ProjectFiles/记事.txt"));
+        window = std::make_unique<workbench::MainWindow>();
+        window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        list = child<QTreeWidget>(window.get(), "projectList");
+    }
+
+    QString addProject(const char* file, int programType, const char* model) {
+        ProjectFile project;
+        project.programType = programType;
+        project.name = QString::fromUtf8(file).section(QLatin1Char('.'), 0, 0);
+        project.created = QDateTime(QDate(2025, 3, 4), QTime(5, 6));
+        project.request =
+            QJsonObject{{QStringLiteral("channel"), QStringLiteral("SendMsgToPlugin")},
+                        {QStringLiteral("client"), programType},
+                        {QStringLiteral("code"), programType == 16 ? 105 : 100},
+                        {QStringLiteral("payload"),
+                         QJsonObject{{QStringLiteral("GcLx"), QString::fromUtf8(model)}}}};
+        const QString path = host.path(QStringLiteral("ProjectFiles/") + QString::fromUtf8(file));
+        QString error;
+        EXPECT_TRUE(project.writeNew(path, error)) << error.toStdString();
+        return path;
+    }
+
+    template <typename T>
+    T* part(const char* name) {
+        return child<T>(window.get(), name);
+    }
+    QString text(const char* label) { return part<QLabel>(label)->text(); }
+    void key(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(widget, key, modifiers);
+    }
+
+    /// @return the list's rows as "file|kind|time", in the order of their names.
+    Lines rows() {
+        Lines lines;
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            const QTreeWidgetItem* item = list->topLevelItem(row);
+            lines.push_back((item->text(0) + QLatin1Char('|') + item->text(1) + QLatin1Char('|') +
+                             item->text(2))
+                                .toStdString());
+        }
+        std::sort(lines.begin(), lines.end());
+        return lines;
+    }
+    void clickRow(const char* file) {
+        const auto found = list->findItems(QString::fromUtf8(file), Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << file;
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                          list->visualItemRect(found.first()).center());
+    }
+    bool comesToCount(int projects) {
+        const QString text = QStringLiteral("工程文件：%1 个").arg(projects);
+        return QTest::qWaitFor([&] { return this->text("projectCount") == text; });
+    }
+    /// Opens the dialog with Ctrl+N and creates a project from its first model.
+    void createFromFirstCard() {
+        const auto driver = whenModal<NewProCfgDialog>([](NewProCfgDialog* dialog) {
+            ProModelItemForm* first = nullptr;
+            for (ProModelItemForm* card : dialog->findChildren<ProModelItemForm*>()) {
+                if (!card->isVisible()) continue;
+                if (!first || card->mapTo(dialog, {}).y() < first->mapTo(dialog, {}).y())
+                    first = card;
+            }
+            ASSERT_TRUE(first);
+            click(child<QWidget>(first, "btnNewProject"));
+        });
+        key(window.get(), Qt::Key_N, Qt::ControlModifier);
+    }
+
+    TemporaryInstallation host;
+    QString budget;
+    QString contracting;
+    std::unique_ptr<workbench::MainWindow> window;
+    QTreeWidget* list = nullptr;
+};
+
+TEST_F(MainWindowTest, ProjectFilesAreListedAndCountedAndOtherFilesOnlyListed) {
+    EXPECT_EQ(rows(), (Lines{"产业园.GCFZ|总承包工程|2025-03-04 05:06",
+                             "教学楼.GCFX|预算工程|2025-03-04 05:06", "记事.txt|不是工程文件|"}));
+    EXPECT_EQ(text("projectCount"), QStringLiteral("工程文件：2 个"));
+}
+
+TEST_F(MainWindowTest, TheChosenFileShowsWhatItHolds) {
+    const struct {
+        const char* file;
+        const char* title;
+        const char* kind;
+        const char* summary;
+        const char* inRequest;
+    } files[] = {{"教学楼.GCFX", "教学楼", "预算工程", "按“某模式”新建预算", "某模式"},
+                 {"产业园.GCFZ", "产业园", "总承包工程", "按“总包模式”新建总承包", "总包模式"},
+                 {"记事.txt", "记事", "不是工程文件", "", ""}};
+    for (const auto& each : files) {
+        clickRow(each.file);
+        EXPECT_EQ(text("detailTitle").toStdString(), each.title);
+        EXPECT_TRUE(text("detailKind").startsWith(QString::fromUtf8(each.kind)));
+        EXPECT_EQ(text("detailSummary").toStdString(), each.summary);
+        const QString request = part<QPlainTextEdit>("detailRequest")->toPlainText();
+        EXPECT_TRUE(request.contains(QString::fromUtf8(each.inRequest)));
+        EXPECT_EQ(request.isEmpty(), !*each.inRequest);
+    }
+}
+
+TEST_F(MainWindowTest, AProjectCreatedFromACardStandsInTheListAndInTheJournal) {
+    createFromFirstCard();
+    ASSERT_EQ(host.values().history.size(), 1);
+    const QString path = host.values().history.first().mid(4);  // behind "bd##"
+    const auto project = ProjectFile::read(path);
+    ASSERT_TRUE(project);
+    EXPECT_EQ(project->summary(), QStringLiteral("按计价模式“一般甲”新建，单独计费"));
+
+    const QString file = QFileInfo(path).fileName();
+    ASSERT_TRUE(list->currentItem());
+    EXPECT_EQ(list->currentItem()->text(0), file);
+    EXPECT_EQ(list->currentItem()->text(1), QStringLiteral("预算工程"));
+    EXPECT_EQ(text("detailSummary"), project->summary());
+    EXPECT_EQ(text("projectCount"), QStringLiteral("工程文件：3 个"));
+    EXPECT_TRUE(window->statusBar()->currentMessage().endsWith(file));
+
+    auto* kinds = part<QComboBox>("journalKind");
+    kinds->setCurrentIndex(kinds->findText(QStringLiteral("工程")));
+    QAbstractItemModel* journal = part<QTreeView>("journalView")->model();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return journal->rowCount() == 1; }));
+    EXPECT_EQ(journal->index(0, journal->columnCount() - 1).data().toString(), path);
+}
+
+TEST_F(MainWindowTest, ListAndCountFollowTheProjectFolder) {
+    ASSERT_TRUE(QFile::remove(contracting));
+    EXPECT_TRUE(comesToCount(1)) << "a file was deleted";
+    EXPECT_EQ(rows(), (Lines{"教学楼.GCFX|预算工程|2025-03-04 05:06", "记事.txt|不是工程文件|"}));
+    addProject("新楼.GCFX", 4, "某模式");
+    EXPECT_TRUE(comesToCount(2)) << "a file was added";
+    for (const QString& path : {budget, host.path(QStringLiteral("ProjectFiles/新楼.GCFX")),
+                                host.path(QStringLiteral("ProjectFiles/记事.txt"))})
+        ASSERT_TRUE(QFile::remove(path));
+    EXPECT_TRUE(comesToCount(0));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows().empty(); }));
+    EXPECT_EQ(text("detailTitle"), QStringLiteral("还没有工程"));
+}
+
+TEST_F(MainWindowTest, F5ReadsTheProjectFolderAgain) {
+    ASSERT_TRUE(QFile::remove(budget));
+    EXPECT_EQ(list->topLevelItemCount(), 3) << "nobody has told the window yet";
+    key(window.get(), Qt::Key_F5);
+    EXPECT_EQ(list->topLevelItemCount(), 2);
+    EXPECT_EQ(text("projectCount"), QStringLiteral("工程文件：1 个"));
+}
+
+TEST_F(MainWindowTest, EveryChoiceOfThePanelChangesTheHost) {
+    const struct {
+        const char* name;
+        std::function<bool()> before;
+        std::function<bool()> after;  ///< One entry further down.
+    } choices[] = {
+        {"firstPageSwitch", [this] { return host.switches().firstPage == FirstPage::Ready; },
+         [this] { return host.switches().firstPage == FirstPage::Busy; }},
+        {"firstPageSwitch", [this] { return host.switches().firstPage == FirstPage::Busy; },
+         [this] { return host.switches().firstPage == FirstPage::Absent; }},
+        {"areaSwitch", [this] { return !host.switches().prodAreaYN; },
+         [this] { return host.switches().prodAreaYN; }},
+        {"versionSwitch", [this] { return host.switches().openVersion == 1.3; },
+         [this] { return host.switches().openVersion == 1.2; }},
+        {"loginSwitch", [this] { return host.switches().account.login == Login::Ask; },
+         [this] { return host.switches().account.login == Login::Accepted; }},
+        {"skinSwitch", [] { return Host::instance().skin() == QLatin1String("light"); },
+         [] { return Host::instance().skin() == QLatin1String("dark"); }},
+        {"scaleSwitch", [] { return Host::instance().scale() == 1; },
+         [] { return Host::instance().scale() == 1.25; }}};
+    for (const auto& choice : choices) {
+        EXPECT_TRUE(choice.before()) << choice.name;
+        key(part<QComboBox>(choice.name), Qt::Key_Down);
+        EXPECT_TRUE(choice.after()) << choice.name;
+    }
+}
+
+TEST_F(MainWindowTest, EveryTickOfThePanelChangesTheHost) {
+    const struct {
+        const char* name;
+        bool before;
+        std::function<bool()> isOn;
+    } ticks[] = {
+        {"configurationSwitch", true, [this] { return host.switches().configurationPresent; }},
+        {"loggedInSwitch", false, [this] { return host.switches().account.loggedIn; }},
+        {"cloudSlowSwitch", false, [this] { return host.switches().cloud.slow; }},
+        {"cloudRefusedSwitch", false, [this] { return host.switches().cloud.refused; }},
+        {"cloudBrokenSwitch", false, [this] { return host.switches().cloud.broken; }},
+        {"managerSwitch", true, [this] { return host.switches().pluginManagerPresent; }},
+        {"plugin4Switch", false, [this] { return host.switches().plugins.value(4); }},
+        {"plugin8Switch", false, [this] { return host.switches().plugins.value(8); }},
+        {"plugin16Switch", false, [this] { return host.switches().plugins.value(16); }}};
+    for (const auto& tick : ticks) {
+        auto* box = part<QCheckBox>(tick.name);
+        for (const bool before : {tick.before, !tick.before}) {
+            EXPECT_EQ(tick.isOn(), before) << tick.name;
+            EXPECT_EQ(box->isChecked(), before) << tick.name;
+            key(box, Qt::Key_Space);
+            EXPECT_EQ(tick.isOn(), !before) << tick.name;
+        }
+    }
+}
+
+TEST_F(MainWindowTest, TheAccountOfThePanelIsTheHosts) {
+    auto* user = part<QLineEdit>("userSwitch");
+    EXPECT_EQ(user->text(), host.switches().account.userId);
+    user->selectAll();
+    QTest::keyClicks(user, QStringLiteral("u27"));
+    EXPECT_EQ(host.switches().account.userId, QStringLiteral("u27"));
+}
+
+TEST_F(MainWindowTest, ThePanelShowsWhatElseChangesTheHost) {
+    auto* skin = part<QComboBox>("skinSwitch");
+    part<QAction>("skinAction")->trigger();
+    EXPECT_EQ(Host::instance().skin(), QStringLiteral("dark"));
+    EXPECT_EQ(skin->currentText(), QStringLiteral("深色"));
+    part<QAction>("skinAction")->trigger();
+    EXPECT_EQ(skin->currentText(), QStringLiteral("浅色"));
+    Host::instance().setScale(2);
+    EXPECT_EQ(part<QComboBox>("scaleSwitch")->currentText(), QStringLiteral("200 %"));
+}
+
+}  // namespace
+
+}  // namespace testing_support
