@@ -18,6 +18,17 @@ QRect glyphs(const QFont& font) {
     return ink;
 }
 
+/// @return the text with a blank for each line break: a label of one line would run words together.
+QString onOneLine(QString text) {
+    for (QChar& letter : text) {
+        const bool breaks = letter == QLatin1Char('\n') || letter == QLatin1Char('\r') ||
+                            letter == QLatin1Char('\t') || letter == QChar::LineSeparator ||
+                            letter == QChar::ParagraphSeparator;
+        if (breaks) letter = QLatin1Char(' ');
+    }
+    return text;
+}
+
 }  // namespace
 
 QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width) {
@@ -60,9 +71,10 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
         const int baseLine = area.top() + (area.height() - line.height()) / 2 - line.top();
         QPainter painter(this);
         painter.setPen(palette().color(foregroundRole()));
+        const QString shown = onOneLine(text());
         painter.drawText(area.left(), baseLine,
-                         mode == Qt::ElideRight ? elidedAtEnd(metrics, text(), area.width())
-                                                : metrics.elidedText(text(), mode, area.width()));
+                         mode == Qt::ElideRight ? elidedAtEnd(metrics, shown, area.width())
+                                                : metrics.elidedText(shown, mode, area.width()));
     });
 }
 

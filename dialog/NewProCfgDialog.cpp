@@ -29,6 +29,8 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         d->showImportTender = showImportTender;
         // The import flows go on after the dialog has closed: it must not end the application.
         setAttribute(Qt::WA_QuitOnClose, false);
+        // For now, and for good if the host throws before the end: its pages ask for no size.
+        resize(880, 750);
         CreateUI();
         if (d->taxRow) {
             for (int page : {newpro::SimplePage, newpro::BusinessPage, newpro::TemplatePage}) {
@@ -49,6 +51,7 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
 NewProCfgDialog::~NewProCfgDialog() {
     guarded(dialogSource, "NewProCfgDialog::~NewProCfgDialog",
             [] { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
+    for (QAction* action : d->pageOfAction.keys()) action->disconnect(this);
     // Now, not with the members: what the widgets report while they go finds nothing here.
     d.reset();
 }
@@ -99,6 +102,7 @@ void NewProCfgDialog::GetModelCfgAndInitData() {
     });
     // Also after an exception: the cards placed so far must be reachable.
     guarded(dialogSource, "NewProCfgDialog::GetModelCfgAndInitData", [this] {
+        d->catalogue.fitLists();
         if (d->taxPageArea) d->taxPageArea->fitStack();
     });
 }
@@ -266,8 +270,10 @@ void NewProCfgDialog::slotImportCJZPro() {
 
 void NewProCfgDialog::slotCalculationTaxClicked(int i) {
     guarded(dialogSource, "NewProCfgDialog::slotCalculationTaxClicked", [&] {
-        const bool page = i >= newpro::GeneralPage && i <= newpro::ContractingPage;
-        if (page && d->taxPageStack) d->taxPageStack->slideInIdx(i);
+        // A page may be missing after an exception; the slide would go round to another.
+        const bool page = d->taxPageStack && i >= 0 && i < d->taxPageStack->count();
+        if (!page) return;
+        d->taxPageStack->slideInIdx(i);
         // At once: the check marks do not wait for the slide.
         slotCalculationTaxAnimationFinished(i);
     });

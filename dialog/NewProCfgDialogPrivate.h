@@ -55,6 +55,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
 
     // Ribbon (ribbon.cpp).
     void dispatch(QAction* action);
+    void forgetEntry(QAction* action, const QString& text);
     void chooseBudget(const newpro::ProjectKind& budget);
     void chooseContracting(const newpro::ProjectKind& contracting);
     void runImport(QAction* action, void (NewProCfgDialog::*slot)());
@@ -90,7 +91,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     bool isFirstPageOpen = true;
     RibbonNavigationBar* ribbon = nullptr;
     newpro::CurrentKind kind;
-    QMap<QAction*, QWidget*> pageOfAction;
+    QMap<QAction*, QPointer<QWidget>> pageOfAction;  ///< The host may delete a page of its own.
     QStackedWidget* pageStack = nullptr;
     QMap<QString, QAction*> actionOfTab;
     QWidget* mainPage = nullptr;

@@ -70,13 +70,20 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
             d->pageOfAction.insert(action, page);
             d->actionOfTab.insert(tab.text, action);
             // The ribbon owns the action, and the host may take it out again.
-            connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
-                if (!d) return;
-                d->pageOfAction.remove(action);
-                if (d->actionOfTab.value(text) == action) d->actionOfTab.remove(text);
-            });
+            connect(action, &QObject::destroyed, this,
+                    [this, action, text = tab.text] { d->forgetEntry(action, text); });
             return action;
         });
+}
+
+void NewProCfgDialogPrivate::forgetEntry(QAction* action, const QString& text) {
+    pageOfAction.remove(action);
+    if (actionOfTab.value(text) != action) return;
+    actionOfTab.remove(text);
+    // An older entry of the same text is the one again.
+    for (QAction* other : pageOfAction.keys()) {
+        if (other->text() == text) actionOfTab.insert(text, other);
+    }
 }
 
 void NewProCfgDialog::slotRibbonTriggered() {
@@ -109,9 +116,10 @@ void NewProCfgDialogPrivate::dispatch(QAction* action) {
     emphasise(action);
 }
 
-/// If `page` is the one shown, goes to the general-tax page.
+/// If `page` is the one shown, goes to the general-tax page. Its button alone does not tell: a
+/// second click takes the mark off "预算工程" and leaves its page where it is.
 void NewProCfgDialogPrivate::leavePage(int page) {
-    if (!taxRow->isChecked(page)) return;
+    if (!taxRow->isChecked(page) && taxPageStack->currentIndex() != page) return;
     taxRow->check(newpro::GeneralPage);
     taxRow->button(page)->setChecked(false);
     taxPageStack->slideInIdx(newpro::GeneralPage);

@@ -48,6 +48,14 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
     }
 }
 
+void PricingModelCatalogue::fitLists() {
+    for (QListWidget* list : lists) {
+        if (!list || list->count() == 0) continue;
+        const int needed = list->count() * list->item(0)->sizeHint().height();
+        if (list->minimumHeight() < needed) list->setMinimumHeight(needed);
+    }
+}
+
 void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
                                   QListWidget* list, const CardMade& cardMade) {
     auto card = std::make_unique<ProModelItemForm>(model, nullptr);

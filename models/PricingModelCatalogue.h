@@ -34,6 +34,9 @@ class PricingModelCatalogue {
     ///        of the configuration, after its first card.
     void load(const QString& appType, const CardMade& cardMade, const ModeFilled& modeFilled);
 
+    /// Makes each list at least as high as its rows, however far a load came.
+    void fitLists();
+
     /// Items for the lists' rows; those taken out wait here until they are used again.
     ListItemPool& items() { return pool; }
 

@@ -30,7 +30,7 @@ class HostileUse : public DialogTest {
     void useEverything() {
         host.switches().fileDialogPrepared = true;
         host.switches().firstPage = workbench::FirstPage::Absent;
-        dialog->show();
+        expectWholeOnScreen();
         dialog->SetLsjl({QStringLiteral("x"), QString()});
         dialog->SetIsFirstPageOpen(false);
         dialog->InitJcTx();
@@ -59,6 +59,17 @@ class HostileUse : public DialogTest {
         dialog->close();
         dialog.reset();
         expectNoStrays();
+    }
+    /// Whatever was missing when it was built: large enough, and what stands in it can be reached.
+    void expectWholeOnScreen() {
+        dialog->show();
+        settle();
+        EXPECT_GE(dialog->width(), 880);
+        EXPECT_GE(dialog->height(), 750);
+        auto* create = dialog->findChild<zBaseButton*>(QStringLiteral("btnNewProject"));
+        if (create && create->isVisible()) {
+            EXPECT_EQ(create->visibleRegion().boundingRect(), create->rect());
+        }
     }
     /// A page that a half-built dialog never put anywhere must not outlive it.
     static void expectNoStrays() {

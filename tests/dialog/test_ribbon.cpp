@@ -179,6 +179,37 @@ TEST_F(Ribbon, LeavingTheContractingPageForTheBudgetKindGoesToTheGeneralPage) {
     EXPECT_FALSE(find<QWidget>("contractingPage")->isVisible());
 }
 
+TEST_F(Ribbon, TheContractingPageIsLeftThoughASecondClickTookItsMark) {
+    open();
+    addKindOnMainPage(contractingLabel);
+    pick(contractingLabel);
+    click(button("budgetButton"));
+    click(button("budgetButton"));
+    ASSERT_FALSE(button("budgetButton")->isChecked());
+    ASSERT_EQ(taxStack()->currentIndex(), 4);
+    pick(budgetLabel);
+    EXPECT_EQ(taxStack()->currentIndex(), 0);
+    EXPECT_EQ(checkedTaxButtons(), Lines{"generalTaxButton"});
+}
+
+TEST_F(Ribbon, AnEntryWhoseTwinIsTakenOutIsTheOneOfItsNameAgain) {
+    open();
+    delete addKindOnMainPage(budgetLabel);
+    host.switches().firstPage = FirstPage::Absent;  // the import ends there
+    pick(excelLabel);
+    EXPECT_EQ(checkedEntries(), QStringList{budgetLabel});
+}
+
+TEST_F(Ribbon, AnEntryWhosePageIsGoneShowsNone) {
+    open();
+    auto* page = new QWidget;
+    addKind(QStringLiteral("甲"), page);
+    delete page;
+    QWidget* shown = pageStack()->currentWidget();
+    pick(QStringLiteral("甲"));
+    EXPECT_EQ(pageStack()->currentWidget(), shown);
+}
+
 TEST_F(Ribbon, APageThatBothKindsHaveStays) {
     host.setModels(QStringLiteral("Kvys"), 1, {model(QStringLiteral("简"))});
     host.setModels(QStringLiteral("Kvzcb"), 1, {model(QStringLiteral("简"))});

@@ -56,6 +56,22 @@ TEST_F(Scaling, MayFailAtEveryCallOfTheConstructor) {
     }
 }
 
+TEST_F(Scaling, LeavesTheCardsPlacedSoFarWithinReach) {
+    QList<TaxTemplateInfo> models;
+    for (int i = 0; i < 20; ++i) models << model(QString::number(i));
+    host.setModels(QStringLiteral("Kvys"), 0, models);
+    open();
+    const int calls = callsOf(scalingCalls[0], [this] { call("GetModelCfgAndInitData"); });
+    for (int nth = calls / 2; nth <= calls; ++nth) {
+        throwAt(scalingCalls[0], kindOf(nth).as, nth);
+        call("GetModelCfgAndInitData");
+        throwNoMore();
+        settle();
+        QListWidget* cards = list("lswGeneralTax");
+        EXPECT_GE(taxStack()->height(), cards->count() * 80) << "at call " << nth;
+    }
+}
+
 TEST_F(Scaling, MayFailAtEveryCallOfTheLoaderAndAReloadSucceeds) {
     for (const char* call : scalingCalls) {
         open();

@@ -225,6 +225,24 @@ TEST_F(Catalogue, AListThatWasNotBuiltIsPassedOver) {
     EXPECT_EQ(list(0).count(), 0);
 }
 
+TEST_F(Catalogue, TheHostMayRebuildItsListWhileTheCardsAreMade) {
+    configure({entry(0, {a, b}), entry(1, {c})});
+    using List = QList<ProjectSettingSpace::ProTaxTemplateInfo>;
+    // The host hands out a reference to a list of its own, which it may write to.
+    auto& hosts = const_cast<List&>(
+        ProjectSettingHelper::GetProjectSettingHelper()->GetProTaxTemplateInfoList(kvys, kvys));
+    catalogue.load(
+        kvys,
+        [&](ProModelItemForm*) {
+            host.clearModels();
+            for (ProjectSettingSpace::ProTaxTemplateInfo& mode : hosts) mode.models.clear();
+        },
+        [this](int mode) { filled.append(mode); });
+    EXPECT_EQ(names(0), (QStringList{a, b}));
+    EXPECT_EQ(names(1), QStringList{c});
+    EXPECT_EQ(filled, (QVector<int>{0, 1}));
+}
+
 TEST_F(Catalogue, CardsPlacedBeforeAnExceptionStay) {
     configure({entry(0, {a, b}), entry(1, {c})});
     int placed = 0;

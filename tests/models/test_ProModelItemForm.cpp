@@ -1,4 +1,5 @@
 #include <QLayout>
+#include <stdexcept>
 
 #include "tests/models/CardFixture.h"
 
@@ -141,6 +142,83 @@ TEST_F(Card, TheRecordIsRegisteredUnderBothNames) {
     EXPECT_NE(id, int(QMetaType::UnknownType));
     EXPECT_EQ(QMetaType::type("TaxTemplateInfo"), id);
     EXPECT_TRUE(QMetaType(id).flags().testFlag(QMetaType::MovableType));
+}
+
+/// A card whose exceptions are looked at; each report is "source function: text".
+class CardReports : public Card {
+  protected:
+    static Lines reports() {
+        Lines lines;
+        for (const QJsonObject& entry : workbench::Journal::instance().entries()) {
+            if (entry.value(QLatin1String("kind")) != QLatin1String("exception")) continue;
+            const QJsonArray args = entry.value(QLatin1String("args")).toArray();
+            lines.push_back((args.at(0).toString() + QLatin1Char(' ') + args.at(2).toString() +
+                             QStringLiteral(": ") + args.at(3).toString())
+                                .toStdString());
+        }
+        return lines;
+    }
+    /// Makes a card whose receiver throws.
+    void makeThrowing() {
+        make(model(name));
+        QObject::connect(card.get(), &ProModelItemForm::signalNewPro, [] { throw "boom"; });
+    }
+};
+
+/// Throws when a widget gets a tool tip.
+class TipRefuser : public QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ToolTipChange) throw std::runtime_error("no tip");
+        return false;
+    }
+};
+
+TEST_F(CardReports, NameTheConstructor) {
+    testing_support::throwAt("InterfaceAdaptation::getResolutionRatioH",
+                             workbench::ThrowRule::As::StdException);
+    const ProModelItemForm broken(model(name), nullptr);
+    EXPECT_EQ(reports(), Lines{"ProModelItemForm ProModelItemForm::ProModelItemForm: boom"});
+}
+
+TEST_F(CardReports, NameTheConstructorForThePlainButtonThatItConnects) {
+    makeThrowing();
+    click(newButton());
+    EXPECT_EQ(reports(), Lines{"ProModelItemForm ProModelItemForm::ProModelItemForm: boom"});
+}
+
+TEST_F(CardReports, NameTheUpdateOfTheData) {
+    make(model(name));
+    testing_support::throwAt("ProjectSettingHelper::GetProjectSettingHelper",
+                             workbench::ThrowRule::As::StdException);
+    card->UpdateDataDisplay();
+    EXPECT_EQ(reports(), Lines{"ProModelItemForm ProModelItemForm::UpdateDataDisplay: boom"});
+}
+
+TEST_F(CardReports, NameTheUpdateOfTheDescription) {
+    make(model(name));
+    TipRefuser refuser;
+    label("lblDescription")->installEventFilter(&refuser);
+    card->resize(card->width() + 100, card->height());
+    EXPECT_EQ(reports(), Lines{"ProModelItemForm ProModelItemForm::UpdateDescriptionText: no tip"});
+}
+
+TEST_F(CardReports, NameTheSplittingForBothPartsOfASplitButton) {
+    configure({whole, single}, whole);
+    makeThrowing();
+    const Lines one{"ProModelItemForm ProModelItemForm::initXjButton: boom"};
+    click(left());
+    EXPECT_EQ(reports(), one);
+    for (QAction* entry : entries()) {
+        testing_support::clearJournal();
+        entry->trigger();
+        EXPECT_EQ(reports(), one) << entry->text().toStdString();
+    }
+}
+
+TEST_F(CardReports, NameTheDoubleClick) {
+    makeThrowing();
+    doubleClick(card.get());
+    EXPECT_EQ(reports(), Lines{"ProModelItemForm ProModelItemForm::mouseDoubleClickEvent: boom"});
 }
 
 }  // namespace

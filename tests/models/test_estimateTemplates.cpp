@@ -3,6 +3,7 @@
 #include <QDir>
 
 #include "tests/support/TestSupport.h"
+#include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace {
@@ -26,6 +27,9 @@ class EstimateTemplates : public testing::Test {
     zBaseCombox combo;
 };
 
+/// Where the workbench's combo box keeps the state of an entry.
+constexpr int stateRole = Qt::UserRole + 100;
+
 TEST_F(EstimateTemplates, AreListedByNameWithoutTheirSuffix) {
     add("c");
     add("a.b");
@@ -34,6 +38,20 @@ TEST_F(EstimateTemplates, AreListedByNameWithoutTheirSuffix) {
     EXPECT_EQ(fill(),
               (QStringList{QStringLiteral("a.b"), QStringLiteral("b"), QStringLiteral("c")}));
     EXPECT_FALSE(combo.itemData(0).isValid());
+}
+
+TEST_F(EstimateTemplates, AllHaveTheTemplatePictureAndAreUsable) {
+    add("a");
+    add("b");
+    fill();
+    const QImage picture =
+        workbench::pixmapOf(QStringLiteral(":/Image/Home/mb.svg"), combo.iconSize(), 1).toImage();
+    ASSERT_FALSE(picture.isNull());
+    ASSERT_EQ(combo.count(), 2);
+    for (int i : {0, 1}) {
+        EXPECT_EQ(combo.itemIcon(i).pixmap(combo.iconSize()).toImage(), picture) << i;
+        EXPECT_EQ(combo.itemData(i, stateRole), QVariant(true)) << i;
+    }
 }
 
 TEST_F(EstimateTemplates, HiddenFilesCountAndFoldersAndLinksDoNot) {

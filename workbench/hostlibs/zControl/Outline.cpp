@@ -12,16 +12,20 @@ Outline::Outline(QWidget* window) : QWidget(window) {
 }
 
 bool Outline::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Show) raise();
-    if (event->type() == QEvent::Resize) {
-        setGeometry(parentWidget()->rect());
-        const int line = qMax(1, scaled(1));
-        const QRegion whole = roundedRegion(rect(), kDialogRadius);
-        setMask(whole -
-                roundedRegion(rect().adjusted(line, line, -line, -line), kDialogRadius - 1));
+    if (event->type() == QEvent::Resize || event->type() == QEvent::Show) {
+        fit();
         raise();
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void Outline::fit() {
+    const int width = qMax(1, scaled(1));
+    if (geometry() == parentWidget()->rect() && line == width) return;
+    line = width;
+    setGeometry(parentWidget()->rect());
+    setMask(roundedRegion(rect(), kDialogRadius) -
+            roundedRegion(rect().adjusted(line, line, -line, -line), kDialogRadius - 1));
 }
 
 void Outline::paintEvent(QPaintEvent*) {

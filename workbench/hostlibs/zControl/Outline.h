@@ -15,6 +15,11 @@ class Outline : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void fit();
+
+    int line = 0;  ///< Width of the border that the mask leaves, pixels.
 };
 
 }  // namespace workbench

@@ -1,0 +1,122 @@
+/// What a label that shortens its text puts on the screen.
+#include "core/ElidedLabel.h"
+
+#include <QPainter>
+
+#include "tests/support/TestSupport.h"
+
+namespace {
+
+using newpro::ElidedLabel;
+
+const QString tallText = QStringLiteral("国Qgj(");
+
+void prepare(QLabel& label, int pixels, const QSize& size) {
+    label.setFont(TBaseTool::GetDefFont(pixels, QFont::Normal));
+    label.resize(size);
+}
+
+/// @return the label on white paper.
+QImage painted(QLabel& label) {
+    QImage image(label.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    return image;
+}
+
+QImage painted(const QString& text, Qt::TextElideMode mode, const QSize& size) {
+    ElidedLabel label(text, mode, nullptr);
+    prepare(label, 16, size);
+    return painted(label);
+}
+
+/// @return the rows that are not white, from the first to the last.
+QImage inkOf(const QImage& image) {
+    QImage blank(image.width(), 1, image.format());
+    blank.fill(Qt::white);
+    const auto inked = [&](int row) { return image.copy(0, row, image.width(), 1) != blank; };
+    int top = 0;
+    int bottom = image.height();
+    while (top < bottom && !inked(top)) ++top;
+    while (bottom > top && !inked(bottom - 1)) --bottom;
+    return image.copy(0, top, image.width(), bottom - top);
+}
+
+/// @return the image moved down on white paper. @param by pixels.
+QImage moved(const QImage& image, int by) {
+    QImage paper(image.size(), image.format());
+    paper.fill(Qt::white);
+    QPainter(&paper).drawImage(0, by, image);
+    return paper;
+}
+
+TEST(ElidedLabelPaints, WhatAPlainLabelPaintsWhereItHasRoom) {
+    for (int pixels : {12, 13, 16, 21, 28}) {
+        const int line = QFontMetrics(TBaseTool::GetDefFont(pixels, QFont::Normal)).height();
+        for (int height : {line, line + 1, line + 8, 2 * line + 1}) {
+            SCOPED_TRACE(testing::Message() << pixels << " in " << height);
+            ElidedLabel label(tallText, Qt::ElideRight, nullptr);
+            zBaseLabel plain(tallText);
+            prepare(label, pixels, {400, height});
+            prepare(plain, pixels, {400, height});
+            const QImage shown = painted(label);
+            const QImage expected = painted(plain);
+            ASSERT_GT(inkOf(expected).height(), pixels / 2);
+            EXPECT_TRUE(shown == expected || shown == moved(expected, 1) ||
+                        shown == moved(expected, -1));
+        }
+    }
+}
+
+TEST(ElidedLabelPaints, InTheDisabledColourWhileItIsDisabled) {
+    ElidedLabel label(tallText, Qt::ElideRight, nullptr);
+    prepare(label, 20, {200, 40});
+    const QImage enabled = painted(label);
+    label.setEnabled(false);
+    const QImage disabled = painted(label);
+    EXPECT_NE(disabled, enabled);
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::Active, label.foregroundRole(),
+                     palette.color(QPalette::Disabled, label.foregroundRole()));
+    palette.setColor(QPalette::Inactive, label.foregroundRole(),
+                     palette.color(QPalette::Disabled, label.foregroundRole()));
+    label.setPalette(palette);
+    label.setEnabled(true);
+    EXPECT_EQ(disabled, painted(label));
+}
+
+TEST(ElidedLabelPaints, ABlankInPlaceOfEachLineBreak) {
+    for (Qt::TextElideMode mode : {Qt::ElideRight, Qt::ElideMiddle}) {
+        for (const QSize size : {QSize(300, 40), QSize(40, 40), QSize(300, 12)}) {
+            for (QChar mark : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator),
+                               QChar(QChar::ParagraphSeparator)}) {
+                SCOPED_TRACE(testing::Message() << mode << ", " << size.width() << "x"
+                                                << size.height() << ", " << mark.unicode());
+                QString text = QStringLiteral("a b 国标 c");
+                const QImage expected = painted(text, mode, size);
+                text.replace(QLatin1Char(' '), mark);
+                EXPECT_EQ(painted(text, mode, size), expected);
+            }
+        }
+    }
+    const QSize size(300, 40);
+    EXPECT_NE(painted(QStringLiteral("a b"), Qt::ElideRight, size),
+              painted(QStringLiteral("ab"), Qt::ElideRight, size));
+}
+
+TEST(ElidedLabelPaints, WholeGlyphsWhereItIsLowerThanItsLine) {
+    for (int pixels : {12, 13, 16, 18, 21, 24, 28}) {
+        ElidedLabel label(tallText, Qt::ElideRight, nullptr);
+        const QFontMetrics metrics(TBaseTool::GetDefFont(pixels, QFont::Normal));
+        prepare(label, pixels, {400, 2 * metrics.height()});
+        const QImage whole = inkOf(painted(label));
+        const int lowest = label.minimumSizeHint().height();
+        ASSERT_LT(lowest, metrics.height());
+        for (int height = lowest; height < metrics.height(); ++height) {
+            label.resize(400, height);
+            EXPECT_EQ(inkOf(painted(label)), whole) << pixels << " in " << height;
+        }
+    }
+}
+
+}  // namespace
