@@ -1,6 +1,7 @@
 /// Opening the new-project dialog: constructing it and its first paint, for 30, 300 and 3,000
-/// pricing models, beside a floor that builds the same labels and buttons from plain Qt widgets in
-/// a plain list.
+/// pricing models, beside two floors from plain Qt widgets without style sheets: the same labels
+/// and buttons with a plain list, and the same with all views and fields of the dialog's other
+/// pages.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -122,9 +123,31 @@ QListWidget* plainListOfCards() {
     return list;
 }
 
-/// The buttons, pages, views and fields that the dialog has beside the cards, from plain Qt
-/// widgets. @return the list for the cards.
-QListWidget* addPlainRest(QVBoxLayout* column) {
+/// The labels and buttons that the dialog has beside the cards. @return the list for the cards.
+QListWidget* addPlainButtons(QVBoxLayout* column) {
+    addButtons(column, {QStringLiteral("预算工程"), QStringLiteral("审核工程"),
+                        QStringLiteral("导入Excel新建"), QStringLiteral("导入YFJZ新建"),
+                        QStringLiteral("关闭")});
+    addButtons(column, {QStringLiteral("一般计税"), QStringLiteral("简易计税"),
+                        QStringLiteral("营业税"), QStringLiteral("模板工程"),
+                        QStringLiteral("预算工程"), QStringLiteral("导入CJZ新建")});
+    column->addWidget(new QLabel);
+    auto* hidden = new QWidget;
+    auto* hiddenColumn = new QVBoxLayout(hidden);
+    hiddenColumn->addWidget(new QLabel(QStringLiteral("待审工程文件")));
+    hiddenColumn->addWidget(new QLabel(QStringLiteral("工程文件")));
+    addButtons(hiddenColumn,
+               {QString(), QStringLiteral("新建审核"), QString(), QStringLiteral("新建总承包")});
+    hidden->hide();
+    column->addWidget(hidden);
+    QListWidget* list = plainListOfCards();
+    column->addWidget(list);
+    return list;
+}
+
+/// The buttons, pages, views and fields that the dialog has beside the cards.
+/// @return the list for the cards.
+QListWidget* addPlainPages(QVBoxLayout* column) {
     addButtons(column, {QStringLiteral("预算工程"), QStringLiteral("审核工程"),
                         QStringLiteral("导入Excel新建"), QStringLiteral("导入YFJZ新建"),
                         QStringLiteral("关闭")});
@@ -151,12 +174,12 @@ QListWidget* addPlainRest(QVBoxLayout* column) {
     return list;
 }
 
-void plainList(benchmark::State& state) {
+void openPlain(benchmark::State& state, QListWidget* (*addRest)(QVBoxLayout* column)) {
     useModels(int(state.range(0)));
     for (auto _ : state) {
         auto dialog = std::make_unique<QDialog>();
         dialog->setFixedSize(880, 750);
-        QListWidget* list = addPlainRest(new QVBoxLayout(dialog.get()));
+        QListWidget* list = addRest(new QVBoxLayout(dialog.get()));
         const auto models = workbench::Host::instance().installation().models;
         for (const ProTaxTemplateInfo& entry : models[QStringLiteral("Kvys")]) {
             for (const TaxTemplateInfo& info : entry.models) {
@@ -175,7 +198,16 @@ void plainList(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
+void plainList(benchmark::State& state) {
+    openPlain(state, addPlainButtons);
+}
+
+void plainDialog(benchmark::State& state) {
+    openPlain(state, addPlainPages);
+}
+
 BENCHMARK(plainList)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
+BENCHMARK(plainDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(openDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 
 }  // namespace

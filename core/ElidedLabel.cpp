@@ -20,11 +20,12 @@ QRect glyphs(const QFont& font) {
 
 /// @return the text with a blank for each line break: a label of one line would run words together.
 QString onOneLine(QString text) {
-    for (QChar& letter : text) {
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar letter = text.at(i);
         const bool breaks = letter == QLatin1Char('\n') || letter == QLatin1Char('\r') ||
                             letter == QLatin1Char('\t') || letter == QChar::LineSeparator ||
                             letter == QChar::ParagraphSeparator;
-        if (breaks) letter = QLatin1Char(' ');
+        if (breaks) text[i] = QLatin1Char(' ');
     }
     return text;
 }

@@ -49,13 +49,13 @@ struct ProModelItemForm::Form {
           btnNewProject(new zBaseButton(QStringLiteral("新建"), card)),
           lblSource(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
           lblDescription(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)) {
-        name(verticalLayout, "verticalLayout");
-        name(horizontalLayout, "horizontalLayout");
-        name(verticalLayout_2, "verticalLayout_2");
-        name(lblTitle, "lblTitle");
-        name(btnNewProject, "btnNewProject");
-        name(lblSource, "lblSource");
-        name(lblDescription, "lblDescription");
+        verticalLayout->setObjectName(QStringLiteral("verticalLayout"));
+        horizontalLayout->setObjectName(QStringLiteral("horizontalLayout"));
+        verticalLayout_2->setObjectName(QStringLiteral("verticalLayout_2"));
+        lblTitle->setObjectName(QStringLiteral("lblTitle"));
+        btnNewProject->setObjectName(QStringLiteral("btnNewProject"));
+        lblSource->setObjectName(QStringLiteral("lblSource"));
+        lblDescription->setObjectName(QStringLiteral("lblDescription"));
         for (zBaseLabel* label : {lblTitle, lblSource, lblDescription}) {
             label->setControlType(newpro::SecondaryText);
         }
@@ -70,10 +70,6 @@ struct ProModelItemForm::Form {
         verticalLayout_2->addWidget(lblDescription);
         verticalLayout->addLayout(horizontalLayout);
         verticalLayout->addLayout(verticalLayout_2);
-    }
-
-    static void name(QObject* object, const char* text) {
-        object->setObjectName(QLatin1String(text));
     }
 
     QVBoxLayout* verticalLayout;
