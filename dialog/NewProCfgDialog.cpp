@@ -22,6 +22,13 @@ using newpro::scaled;
 
 const char dialogSource[] = "NewProCfgDialog";
 
+namespace {
+
+constexpr int designWidth = 880;
+constexpr int designHeight = 750;
+
+}  // namespace
+
 NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* parent)
     : zBaseModal(parent), d(new NewProCfgDialogPrivate(this)) {
     guarded(dialogSource, "NewProCfgDialog::NewProCfgDialog", [&] {
@@ -30,7 +37,7 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         // The import flows go on after the dialog has closed: it must not end the application.
         setAttribute(Qt::WA_QuitOnClose, false);
         // For now, and for good if the host throws before the end: its pages ask for no size.
-        resize(880, 750);
+        resize(designWidth, designHeight);
         CreateUI();
         if (d->taxRow) {
             for (int page : {newpro::SimplePage, newpro::BusinessPage, newpro::TemplatePage}) {
@@ -44,7 +51,7 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         InterfaceAdaptation::getInstance()->openMaxDialogMode(860, 735);
         setWindowTitle(QStringLiteral("新建工程"));
         setFocus(Qt::OtherFocusReason);
-        setFixedSize(scaled(880), scaled(750));
+        setFixedSize(scaled(designWidth), scaled(designHeight));
     });
 }
 

@@ -70,8 +70,10 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
             d->pageOfAction.insert(action, page);
             d->actionOfTab.insert(tab.text, action);
             // The ribbon owns the action, and the host may take it out again.
-            connect(action, &QObject::destroyed, this,
-                    [this, action, text = tab.text] { d->forgetEntry(action, text); });
+            connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
+                guarded(dialogSource, "NewProCfgDialog::addXjPage",
+                        [&] { d->forgetEntry(action, text); });
+            });
             return action;
         });
 }

@@ -1,10 +1,6 @@
-#include <QPainter>
-
 #include "models/ProModelItemForm.h"
 #include "tests/dialog/DialogFixture.h"
 #include "tests/support/Looks.h"
-#include "workbench/hostlibs/common/Skin.h"
-#include "workbench/hostlibs/zBaseControl/Style.h"
 
 namespace {
 
@@ -12,7 +8,33 @@ using namespace dialog_tests;
 
 using testing_support::Look;
 
-class Appearance : public DialogTest, public testing::WithParamInterface<Look> {
+class PageLooks : public DialogTest, public testing::WithParamInterface<Look> {
+  protected:
+    /// @param prefix of the pictures' names. @param shortened labels that may be cut.
+    void checkEveryPage(const std::string& prefix, const QStringList& shortened) {
+        const auto check = [&](const char* page) {
+            testing_support::expectLooksRight(dialog.get(), (prefix + page).c_str(), GetParam(), 0,
+                                              shortened);
+        };
+        check("general-tax");
+        click(button("simpleTaxButton"));
+        check("simple-tax");
+        click(button("businessTaxButton"));
+        check("business-tax");
+        click(button("templateButton"));
+        check("templates");
+        pick(auditLabel);
+        check("audit");
+        addKindOnMainPage(contractingLabel);
+        pick(contractingLabel);
+        click(button("generalTaxButton"));
+        check("contracting-models");
+        click(button("budgetButton"));
+        check("contracting-file");
+    }
+};
+
+class Appearance : public PageLooks {
   protected:
     void SetUp() override {
         testing_support::wear(GetParam());
@@ -41,27 +63,10 @@ class Appearance : public DialogTest, public testing::WithParamInterface<Look> {
         }
         open();
     }
-    void check(const char* page) {
-        testing_support::expectLooksRight(dialog.get(), page, GetParam());
-    }
 };
 
 TEST_P(Appearance, EveryPageShowsItsTextsWhole) {
-    check("general-tax");
-    click(button("simpleTaxButton"));
-    check("simple-tax");
-    click(button("businessTaxButton"));
-    check("business-tax");
-    click(button("templateButton"));
-    check("templates");
-    pick(auditLabel);
-    check("audit");
-    addKindOnMainPage(contractingLabel);
-    pick(contractingLabel);
-    click(button("generalTaxButton"));
-    check("contracting-models");
-    click(button("budgetButton"));
-    check("contracting-file");
+    checkEveryPage("", testing_support::descriptionLine);
 }
 
 TEST_P(Appearance, EveryInteractiveWidgetHasAnAccessibleNameOrAText) {
@@ -80,17 +85,13 @@ TEST_P(Appearance, EveryInteractiveWidgetHasAnAccessibleNameOrAText) {
 INSTANTIATE_TEST_SUITE_P(Looks, Appearance, testing::ValuesIn(testing_support::allLooks()),
                          testing_support::nameOfLook);
 
-class SampleAppearance : public DialogTest, public testing::WithParamInterface<Look> {
+class SampleAppearance : public PageLooks {
   protected:
     void SetUp() override {
         const QString sample = QFINDTESTDATA("../../workbench/installation");
         ASSERT_EQ(workbench::Host::instance().loadInstallation(sample), QString());
         testing_support::wear(GetParam());
         open();
-    }
-    void check(const char* page) {
-        testing_support::expectLooksRight(dialog.get(), page, GetParam(), 0,
-                                          testing_support::sentenceLines);
     }
     /// Expects that the lines of the cards that are shown have their whole text as tool tip.
     /// @return how many of them are shortened; they have to end in dots.
@@ -139,21 +140,7 @@ class SampleAppearance : public DialogTest, public testing::WithParamInterface<L
 };
 
 TEST_P(SampleAppearance, EveryPageShowsItsTextsWholeButForTheSentencesOfTheCards) {
-    check("sample-general-tax");
-    click(button("simpleTaxButton"));
-    check("sample-simple-tax");
-    click(button("businessTaxButton"));
-    check("sample-business-tax");
-    click(button("templateButton"));
-    check("sample-templates");
-    pick(auditLabel);
-    check("sample-audit");
-    addKindOnMainPage(contractingLabel);
-    pick(contractingLabel);
-    click(button("generalTaxButton"));
-    check("sample-contracting-models");
-    click(button("budgetButton"));
-    check("sample-contracting-file");
+    checkEveryPage("sample-", testing_support::sentenceLines);
 }
 
 TEST_P(SampleAppearance, SentencesOfCardsEndInDotsAndAreToldByTheirToolTips) {
@@ -168,111 +155,5 @@ TEST_P(SampleAppearance, SentencesOfCardsEndInDotsAndAreToldByTheirToolTips) {
 
 INSTANTIATE_TEST_SUITE_P(Looks, SampleAppearance, testing::ValuesIn(testing_support::allLooks()),
                          testing_support::nameOfLook);
-
-/// What is drawn as one rounded box, and how.
-struct Boxed {
-    int type;
-    workbench::Tint border;
-    double radius;
-};
-
-constexpr Boxed card = {workbench::CardType, workbench::Tint::Border, 6};
-constexpr Boxed buttons[] = {{workbench::PlainType, workbench::Tint::Border, 4},
-                             {workbench::DefaultActionType, workbench::Tint::Accent, 4},
-                             {workbench::NewButtonType, workbench::Tint::AccentLine, 4},
-                             {workbench::SplitPartType, workbench::Tint::None, 3},
-                             {workbench::RibbonTabType, workbench::Tint::None, 6}};
-const QColor fills[] = {QColor(255, 255, 255), QColor(20, 90, 200), QColor(200, 30, 60, 120),
-                        QColor(0, 0, 0, 0)};
-
-class Boxes : public testing::Test {
-  protected:
-    static QImage paper(const QSize& size) {
-        QImage image(size, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        return image;
-    }
-    static QImage painted(QWidget& widget) {
-        QImage image = paper(widget.size());
-        widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-        return image;
-    }
-    /// @return the box drawn as one path.
-    static QImage drawn(const Boxed& box, const QSize& size, const QRect& rect,
-                        const QColor& fill) {
-        const QColor border = workbench::colour(box.border);
-        const int line = border.alpha() ? qMax(1, workbench::scaled(1)) : 0;
-        const qreal inset = line / 2.0;
-        const qreal radius = workbench::scaled(box.radius) - inset;
-        QImage image = paper(size);
-        QPainter painter(&image);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(line ? QPen(border, line) : QPen(Qt::NoPen));
-        painter.setBrush(fill);
-        painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), radius,
-                                radius);
-        return image;
-    }
-    /// @return the largest difference of a channel, of 255.
-    static int difference(const QImage& one, const QImage& other) {
-        int largest = 0;
-        for (int y = 0; y < one.height(); ++y) {
-            const uchar* a = one.constScanLine(y);
-            const uchar* b = other.constScanLine(y);
-            for (int i = 0; i < 4 * one.width(); ++i) largest = qMax(largest, qAbs(a[i] - b[i]));
-        }
-        return largest;
-    }
-    /// Calls `look` with sizes from three to sixty pixels, and with every fill.
-    template <typename LookAt>
-    static void forEachSize(LookAt look) {
-        for (int length = 3; length <= 60; ++length) {
-            for (int other : {3, 7, 13, 24, 60}) {
-                for (const QColor& fill : fills) {
-                    look(QSize(length, other), fill);
-                    look(QSize(other, length), fill);
-                }
-            }
-        }
-    }
-    static void expectAsDrawn(QWidget& widget, const Boxed& box, const QRect& rect,
-                              const QColor& fill) {
-        const int found = difference(painted(widget), drawn(box, widget.size(), rect, fill));
-        EXPECT_LE(found, 16) << "type " << box.type << ", " << widget.width() << "x"
-                             << widget.height() << ", " << fill.name(QColor::HexArgb).toStdString();
-    }
-
-    testing_support::TemporaryInstallation host;
-};
-
-TEST_F(Boxes, OfCardsLookAsIfDrawnAsOnePath) {
-    for (const Look& look : testing_support::allLooks()) {
-        SCOPED_TRACE(testing::PrintToString(look));
-        testing_support::wear(look);
-        zBaseWidget widget(nullptr, card.type);
-        const int gap = workbench::scaled(2);
-        forEachSize([&](const QSize& size, const QColor& fill) {
-            widget.resize(size + QSize(0, 2 * gap));
-            widget.setNormalBackColor(fill);
-            expectAsDrawn(widget, card, widget.rect().adjusted(0, gap, 0, -gap), fill);
-        });
-    }
-}
-
-TEST_F(Boxes, OfButtonsLookAsIfDrawnAsOnePath) {
-    for (const Look& look : testing_support::allLooks()) {
-        SCOPED_TRACE(testing::PrintToString(look));
-        testing_support::wear(look);
-        for (const Boxed& box : buttons) {
-            zBaseButton button;
-            button.setControlType(box.type);
-            forEachSize([&](const QSize& size, const QColor& fill) {
-                button.resize(size);
-                button.setNormalBackColor(fill);
-                expectAsDrawn(button, box, button.rect(), fill);
-            });
-        }
-    }
-}
 
 }  // namespace
