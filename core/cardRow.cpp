@@ -8,6 +8,21 @@
 
 namespace newpro {
 
+namespace {
+
+/// A view forgets the editors that it made itself when they are deleted, but not the widgets that
+/// it was given.
+void forgetWhenDeleted(QWidget* card, QListWidget* list) {
+    QObject* const receiver = list;
+    QObject::connect(card, &QObject::destroyed, list, [receiver](QObject* gone) {
+        // While the list itself is being destroyed, it is no view any more.
+        if (qobject_cast<QListWidget*>(receiver))
+            QMetaObject::invokeMethod(receiver, "editorDestroyed", Q_ARG(QObject*, gone));
+    });
+}
+
+}  // namespace
+
 void appendCard(QListWidget* list, std::unique_ptr<QListWidgetItem> item,
                 std::unique_ptr<QWidget> card) {
     // Not setSizeHint: it drops a size whose width is the item's current -1.
@@ -19,6 +34,7 @@ void appendCard(QListWidget* list, std::unique_ptr<QListWidgetItem> item,
     polishNow(card.get());
     // The list lays it out at once.
     QCoreApplication::removePostedEvents(card.get(), QEvent::LayoutRequest);
+    forgetWhenDeleted(card.get(), list);
     list->setItemWidget(row, card.release());
 }
 

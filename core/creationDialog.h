@@ -9,9 +9,9 @@ class AppPluginManager;
 
 namespace newpro {
 
-/// The dialog as a flow sees it. Every function but `widget` may end in the dialog's deletion: its
-/// receivers are the host's. A flow keeps a QPointer to `widget` and touches the dialog no more
-/// once that is null; see `alive`.
+/// The dialog as a flow sees it. Every function but `widget` may end in the dialog's deletion, and
+/// so may whatever the host is asked: this object outlives the flow, and what it can do no more
+/// without its dialog ends the flow; see Gone.
 class CreationDialog {
   public:
     virtual ~CreationDialog() = default;

@@ -16,6 +16,7 @@ void report(const char* text, const char* source, int line, const char* function
 void dispatch(const char* source, int line, const char* function) {
     try {
         throw;
+    } catch (const Gone&) {
     } catch (const char* text) {
         report(text ? text : "", source, line, function);
     } catch (const QString& text) {

@@ -10,6 +10,27 @@ namespace newpro {
 /// the text "未知异常". Call it in a catch block only. Never throws.
 void reportCurrentException(const char* source, int line, const char* function) noexcept;
 
+/// Thrown where an operation needs what is not there any more, or never was: a widget that a fault
+/// kept from being built, or that went with its dialog in the middle of the operation. It ends the
+/// operation at the nearest guard, without a report: nobody is left who would miss the rest.
+struct Gone {};
+
+/// Runs `body`, and `end` on every way out.
+/// Where both throw, the exception of `body` is the one that goes on.
+template <typename Body, typename End>
+void withEnd(Body&& body, End&& end) {
+    try {
+        std::forward<Body>(body)();
+    } catch (...) {
+        try {
+            end();
+        } catch (...) {
+        }
+        throw;
+    }
+    end();
+}
+
 /// Runs `body` and turns every exception into one report.
 /// @param source   source name of the report, such as "NewProCfgDialog".
 /// @param function qualified function name of the report, such as "NewProCfgDialog::CreateUI".

@@ -16,6 +16,10 @@ CardList::CardList(const char* name, const QString& style, QWidget* parent) : QL
     setFocusPolicy(Qt::NoFocus);
 }
 
+int CardList::rowsHeight() const {
+    return count() == 0 ? 0 : count() * item(0)->sizeHint().height();
+}
+
 bool CardList::viewportEvent(QEvent* event) {
     return guardedOr("CardList", "CardList::viewportEvent", false, [&] {
         switch (event->type()) {

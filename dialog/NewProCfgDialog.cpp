@@ -16,8 +16,6 @@
 #include "models/createProject.h"
 #include "models/estimateTemplates.h"
 
-using newpro::guarded;
-using newpro::guardedOr;
 using newpro::scaled;
 
 const char dialogSource[] = "NewProCfgDialog";
@@ -27,26 +25,28 @@ namespace {
 constexpr int designWidth = 880;
 constexpr int designHeight = 750;
 
+using Parts = NewProCfgDialogPrivate;
+
 }  // namespace
 
 NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* parent)
-    : zBaseModal(parent), d(new NewProCfgDialogPrivate(this)) {
-    guarded(dialogSource, "NewProCfgDialog::NewProCfgDialog", [&] {
-        d->hostMode = hostMode;
-        d->showImportTender = showImportTender;
+    : zBaseModal(parent), d(std::make_shared<NewProCfgDialogPrivate>(this)) {
+    operate(d, "NewProCfgDialog::NewProCfgDialog", [&](Parts& parts) {
+        parts.hostMode = hostMode;
+        parts.showImportTender = showImportTender;
         // The import flows go on after the dialog has closed: it must not end the application.
         setAttribute(Qt::WA_QuitOnClose, false);
         // For now, and for good if the host throws before the end: its pages ask for no size.
         resize(designWidth, designHeight);
         CreateUI();
-        if (d->taxRow) {
+        if (parts.taxRow) {
             for (int page : {newpro::SimplePage, newpro::BusinessPage, newpro::TemplatePage}) {
-                d->taxRow->setShown(page, false);
+                parts.taxRow->setShown(page, false);
             }
         }
         InitWidgetDisplay();
         GetModelCfgAndInitData();
-        d->plugins = AppPluginManager::instance();
+        parts.plugins = AppPluginManager::instance();
         initConnect();
         InterfaceAdaptation::getInstance()->openMaxDialogMode(860, 735);
         setWindowTitle(QStringLiteral("新建工程"));
@@ -56,11 +56,9 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
 }
 
 NewProCfgDialog::~NewProCfgDialog() {
-    guarded(dialogSource, "NewProCfgDialog::~NewProCfgDialog",
-            [] { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
-    for (QAction* action : d->pageOfAction.keys()) action->disconnect(this);
-    // Now, not with the members: what the widgets report while they go finds nothing here.
-    d.reset();
+    operate(d, "NewProCfgDialog::~NewProCfgDialog",
+            [](Parts&) { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
+    d->forgetEntries();
 }
 
 void NewProCfgDialogPrivate::emitCreatePro(int programType, const QVariant& map) {
@@ -76,15 +74,15 @@ void NewProCfgDialog::SetIsFirstPageOpen(bool open) {
 }
 
 void NewProCfgDialog::SetLsjl(QStringList files) {
-    guarded(dialogSource, "NewProCfgDialog::SetLsjl", [&] {
-        d->historyFiles = std::move(files);
+    operate(d, "NewProCfgDialog::SetLsjl", [&](Parts& parts) {
+        parts.historyFiles = std::move(files);
         initXjXlData();
     });
 }
 
 void NewProCfgDialog::InitJcTx() {
-    guarded(dialogSource, "NewProCfgDialog::InitJcTx",
-            [this] { d->plugins = AppPluginManager::instance(); });
+    operate(d, "NewProCfgDialog::InitJcTx",
+            [](Parts& parts) { parts.plugins = AppPluginManager::instance(); });
 }
 
 bool NewProCfgDialog::GetProgramType(int& type) {
@@ -94,38 +92,42 @@ bool NewProCfgDialog::GetProgramType(int& type) {
 // Pricing models.
 
 void NewProCfgDialog::GetModelCfgAndInitData() {
-    guarded(dialogSource, "NewProCfgDialog::GetModelCfgAndInitData", [this] {
-        ClearProTaxModelListWidget();
-        const auto cardMade = [this](ProModelItemForm* card) {
-            connect(card, &ProModelItemForm::signalNewPro, this, &NewProCfgDialog::slotNewPro);
-        };
-        const auto modeFilled = [this](int taxMode) {
-            const bool contracting = d->kind.programType == newpro::ContractingProgram;
-            if (contracting && taxMode == newpro::BusinessTax) return;
-            if (d->taxRow) d->taxRow->setShown(taxMode, true);
-        };
-        d->catalogue.load(d->kind.appType, cardMade, modeFilled);
-        LoadTemplateProInfo();
+    // Held here: the second part runs also where the first one lost the dialog.
+    const std::shared_ptr<Parts> held = d;
+    operate(held, "NewProCfgDialog::GetModelCfgAndInitData", [](Parts& parts) {
+        parts.q->ClearProTaxModelListWidget();
+        parts.loadModels();
+        parts.q->LoadTemplateProInfo();
     });
     // Also after an exception: the cards placed so far must be reachable.
-    guarded(dialogSource, "NewProCfgDialog::GetModelCfgAndInitData", [this] {
-        d->catalogue.fitLists();
-        if (d->taxPageArea) d->taxPageArea->fitStack();
-    });
+    operate(held, "NewProCfgDialog::GetModelCfgAndInitData",
+            [](Parts& parts) { parts.taxPageArea->fitStack(); });
+}
+
+void NewProCfgDialogPrivate::loadModels() {
+    const auto cardMade = [this](ProModelItemForm* card) {
+        QObject::connect(card, &ProModelItemForm::signalNewPro, q.need(),
+                         &NewProCfgDialog::slotNewPro);
+    };
+    const auto modeFilled = [this](int taxMode) {
+        const bool contracting = kind.programType == newpro::ContractingProgram;
+        if (contracting && taxMode == newpro::BusinessTax) return;
+        if (taxRow) taxRow->setShown(taxMode, true);
+    };
+    catalogue.load(kind.appType, cardMade, modeFilled);
 }
 
 void NewProCfgDialog::ClearProTaxModelListWidget() {
-    guarded(dialogSource, "NewProCfgDialog::ClearProTaxModelListWidget",
-            [this] { d->catalogue.clear(); });
+    operate(d, "NewProCfgDialog::ClearProTaxModelListWidget",
+            [](Parts& parts) { parts.catalogue.clear(); });
 }
 
 void NewProCfgDialog::flushListWidget() {
-    guarded(dialogSource, "NewProCfgDialog::flushListWidget", [this] { d->showModelList(); });
+    operate(d, "NewProCfgDialog::flushListWidget", [](Parts& parts) { parts.showModelList(); });
 }
 
 void NewProCfgDialogPrivate::showModelList() {
-    if (!taxRow || !taxPageStack) return;
-    for (QListWidget* list : catalogue.lists) {
+    for (const auto& list : catalogue.lists) {
         if (list) list->hide();
     }
     const auto wanted = [this](int mode) { return taxRow->isChecked(mode); };
@@ -143,102 +145,109 @@ void NewProCfgDialogPrivate::showModelList() {
 }
 
 void NewProCfgDialog::slotNewPro(const ProjectSettingSpace::TaxTemplateInfo& newProTaxInfo) {
-    guarded(dialogSource, "NewProCfgDialog::slotNewPro",
-            [&] { newpro::createFromModel(*d, newProTaxInfo); });
+    operate(d, "NewProCfgDialog::slotNewPro",
+            [&](Parts& parts) { newpro::createFromModel(parts, newProTaxInfo); });
 }
 
 void NewProCfgDialog::slotCreatePro(const QMap<QString, QVariant>& mapVar, int gcType) {
-    guarded(dialogSource, "NewProCfgDialog::slotCreatePro",
-            [&] { newpro::createFromPageData(d->plugins, mapVar, gcType); });
+    operate(d, "NewProCfgDialog::slotCreatePro",
+            [&](Parts& parts) { newpro::createFromPageData(parts.plugins, mapVar, gcType); });
 }
 
 // Templates.
 
 void NewProCfgDialog::LoadTemplateProInfo() {
-    guarded(dialogSource, "NewProCfgDialog::LoadTemplateProInfo", [this] {
-        if (!d->lswTemplateEng) return;
-        const auto create = [this](const QString& path) {
-            newpro::createFromTemplateCard(*d, path);
+    operate(d, "NewProCfgDialog::LoadTemplateProInfo", [](Parts& parts) {
+        if (!parts.lswTemplateEng) return;
+        const auto create = [&parts](const QString& path) {
+            const std::shared_ptr<Parts> held = parts.shared_from_this();
+            newpro::createFromTemplateCard(*held, path);
         };
-        newpro::fillTemplateList(d->lswTemplateEng, d->kind.appTypeKey, d->catalogue.items(),
-                                 create);
-        d->showTemplateButton();
+        newpro::fillTemplateList(parts.lswTemplateEng, parts.kind.appTypeKey,
+                                 parts.catalogue.items(), create);
+        parts.showTemplateButton();
     });
 }
 
 void NewProCfgDialog::initGsMbData() {
-    guarded(dialogSource, "NewProCfgDialog::initGsMbData",
-            [this] { newpro::fillEstimateTemplates(d->pages.estimate.modelCombo); });
+    operate(d, "NewProCfgDialog::initGsMbData",
+            [](Parts& parts) { newpro::fillEstimateTemplates(parts.pages.estimate.modelCombo); });
 }
 
 // History.
 
 void NewProCfgDialog::initXjXlData() {
-    guarded(dialogSource, "NewProCfgDialog::initXjXlData", [this] {
-        initGsMbData();
-        initLsjl(true, true, false, false);
+    operate(d, "NewProCfgDialog::initXjXlData", [](Parts& parts) {
+        parts.q->initGsMbData();
+        parts.q->initLsjl(true, true, false, false);
     });
 }
 
 void NewProCfgDialog::initLsjl(bool sh, bool zcb, bool js, bool gs) {
-    guarded(dialogSource, "NewProCfgDialog::initLsjl", [&] {
-        newpro::refillHistory(d->historyFiles, d->pages, {sh, zcb, js, gs});
+    operate(d, "NewProCfgDialog::initLsjl", [&](Parts& parts) {
+        newpro::refillHistory(parts.historyFiles, parts.pages, {sh, zcb, js, gs});
     });
 }
 
 void NewProCfgDialog::initJsLsjlList() {
-    guarded(dialogSource, "NewProCfgDialog::initJsLsjlList", [this] {
-        newpro::refillHistory(d->historyFiles, d->pages, {false, false, true, false});
+    operate(d, "NewProCfgDialog::initJsLsjlList", [](Parts& parts) {
+        newpro::refillHistory(parts.historyFiles, parts.pages, {false, false, true, false});
     });
 }
 
 void NewProCfgDialog::initShLsjlList() {
-    guarded(dialogSource, "NewProCfgDialog::initShLsjlList", [this] {
-        newpro::refillHistory(d->historyFiles, d->pages, {true, false, false, false});
+    operate(d, "NewProCfgDialog::initShLsjlList", [](Parts& parts) {
+        newpro::refillHistory(parts.historyFiles, parts.pages, {true, false, false, false});
     });
 }
 
 void NewProCfgDialog::initZcbLsjlList() {
-    guarded(dialogSource, "NewProCfgDialog::initZcbLsjlList", [this] {
-        newpro::refillHistory(d->historyFiles, d->pages, {false, true, false, false});
+    operate(d, "NewProCfgDialog::initZcbLsjlList", [](Parts& parts) {
+        newpro::refillHistory(parts.historyFiles, parts.pages, {false, true, false, false});
     });
 }
 
 // Existing project files.
 
 void NewProCfgDialog::xjgsButtonSlot() {
-    guarded(dialogSource, "NewProCfgDialog::xjgsButtonSlot",
-            [this] { newpro::newFromFile(*d, d->pages, newpro::FileFlow::Estimate); });
+    operate(d, "NewProCfgDialog::xjgsButtonSlot", [](Parts& parts) {
+        newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Estimate);
+    });
 }
 
 void NewProCfgDialog::xjjsButtonSlot() {
-    guarded(dialogSource, "NewProCfgDialog::xjjsButtonSlot",
-            [this] { newpro::newFromFile(*d, d->pages, newpro::FileFlow::Settlement); });
+    operate(d, "NewProCfgDialog::xjjsButtonSlot", [](Parts& parts) {
+        newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Settlement);
+    });
 }
 
 void NewProCfgDialog::xjshButtonSlot() {
-    guarded(dialogSource, "NewProCfgDialog::xjshButtonSlot",
-            [this] { newpro::newFromFile(*d, d->pages, newpro::FileFlow::Audit); });
+    operate(d, "NewProCfgDialog::xjshButtonSlot",
+            [](Parts& parts) { newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Audit); });
 }
 
 void NewProCfgDialog::xjZcbButtonSlot() {
-    guarded(dialogSource, "NewProCfgDialog::xjZcbButtonSlot",
-            [this] { newpro::newFromFile(*d, d->pages, newpro::FileFlow::Contracting); });
+    operate(d, "NewProCfgDialog::xjZcbButtonSlot", [](Parts& parts) {
+        newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Contracting);
+    });
 }
 
 void NewProCfgDialog::slotScanXjgs() {
-    guarded(dialogSource, "NewProCfgDialog::slotScanXjgs",
-            [this] { newpro::browseForFile(*d, d->pages, newpro::FileFlow::Estimate); });
+    operate(d, "NewProCfgDialog::slotScanXjgs", [](Parts& parts) {
+        newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Estimate);
+    });
 }
 
 void NewProCfgDialog::slotScanXjjs() {
-    guarded(dialogSource, "NewProCfgDialog::slotScanXjjs",
-            [this] { newpro::browseForFile(*d, d->pages, newpro::FileFlow::Settlement); });
+    operate(d, "NewProCfgDialog::slotScanXjjs", [](Parts& parts) {
+        newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Settlement);
+    });
 }
 
 void NewProCfgDialog::slotScanXjsh() {
-    guarded(dialogSource, "NewProCfgDialog::slotScanXjsh",
-            [this] { newpro::browseForFile(*d, d->pages, newpro::FileFlow::Audit); });
+    operate(d, "NewProCfgDialog::slotScanXjsh", [](Parts& parts) {
+        newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Audit);
+    });
 }
 
 void NewProCfgDialog::slotScanXjsh_YN() {
@@ -246,48 +255,47 @@ void NewProCfgDialog::slotScanXjsh_YN() {
 }
 
 void NewProCfgDialog::slotScanXjZcb() {
-    guarded(dialogSource, "NewProCfgDialog::slotScanXjZcb",
-            [this] { newpro::browseForFile(*d, d->pages, newpro::FileFlow::Contracting); });
+    operate(d, "NewProCfgDialog::slotScanXjZcb", [](Parts& parts) {
+        newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Contracting);
+    });
 }
 
 int NewProCfgDialog::getDkType(QString suffix) {
-    return guardedOr(dialogSource, "NewProCfgDialog::getDkType", 0,
-                     [&] { return newpro::projectFileType(std::move(suffix)); });
+    return operateOr(d, "NewProCfgDialog::getDkType", 0,
+                     [&](Parts&) { return newpro::projectFileType(std::move(suffix)); });
 }
 
 bool NewProCfgDialog::loadYunPanPath(QString& localPath, const QString& cloudPath, bool select) {
-    return guardedOr(dialogSource, "NewProCfgDialog::loadYunPanPath", false, [&] {
-        return newpro::resolveCloudPath(localPath, cloudPath, select, d->pages);
+    return operateOr(d, "NewProCfgDialog::loadYunPanPath", false, [&](Parts& parts) {
+        return newpro::resolveCloudPath(localPath, cloudPath, select, parts.pages);
     });
 }
 
 // Imports.
 
 void NewProCfgDialog::slotImportExcelNewPro() {
-    guarded(dialogSource, "NewProCfgDialog::slotImportExcelNewPro",
-            [this] { newpro::importExcel(*d); });
+    operate(d, "NewProCfgDialog::slotImportExcelNewPro",
+            [](Parts& parts) { newpro::importExcel(parts); });
 }
 
 void NewProCfgDialog::slotImportCJZPro() {
-    guarded(dialogSource, "NewProCfgDialog::slotImportCJZPro",
-            [this] { newpro::importTender(*d); });
+    operate(d, "NewProCfgDialog::slotImportCJZPro",
+            [](Parts& parts) { newpro::importTender(parts); });
 }
 
 // Tax modes.
 
 void NewProCfgDialog::slotCalculationTaxClicked(int i) {
-    guarded(dialogSource, "NewProCfgDialog::slotCalculationTaxClicked", [&] {
+    operate(d, "NewProCfgDialog::slotCalculationTaxClicked", [i](Parts& parts) {
         // A page may be missing after an exception; the slide would go round to another.
-        const bool page = d->taxPageStack && i >= 0 && i < d->taxPageStack->count();
-        if (!page) return;
-        d->taxPageStack->slideInIdx(i);
+        if (i < 0 || i >= parts.taxPageStack->count()) return;
+        parts.taxPageStack->slideInIdx(i);
         // At once: the check marks do not wait for the slide.
-        slotCalculationTaxAnimationFinished(i);
+        parts.q->slotCalculationTaxAnimationFinished(i);
     });
 }
 
 void NewProCfgDialog::slotCalculationTaxAnimationFinished(int i) {
-    guarded(dialogSource, "NewProCfgDialog::slotCalculationTaxAnimationFinished", [&] {
-        if (d->taxRow) d->taxRow->check(i);
-    });
+    operate(d, "NewProCfgDialog::slotCalculationTaxAnimationFinished",
+            [i](Parts& parts) { parts.taxRow->check(i); });
 }

@@ -1,9 +1,9 @@
 /// The new-project dialog "新建工程".
 #pragma once
 
-#include <QScopedPointer>
 #include <QStringList>
 #include <QVariant>
+#include <memory>
 
 #include "newProDialog_export.h"
 #include "zControl.h"
@@ -106,5 +106,5 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
     Q_INVOKABLE bool loadYunPanPath(QString& localPath, const QString& cloudPath, bool select);
 
     friend class NewProCfgDialogPrivate;
-    QScopedPointer<NewProCfgDialogPrivate> d;
+    std::shared_ptr<NewProCfgDialogPrivate> d;
 };

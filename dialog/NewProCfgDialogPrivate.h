@@ -9,6 +9,8 @@
 #include <memory>
 
 #include "core/creationDialog.h"
+#include "core/guard.h"
+#include "core/part.h"
 #include "core/projectKind.h"
 #include "dialog/FileChooserPage.h"
 #include "dialog/NewProCfgDialog.h"
@@ -28,8 +30,11 @@ extern const QString excelImportEntry;
 extern const QString tenderImportEntry;
 
 /// What the dialog is made of, and the dialog as its creation flows see it. Every widget may be
-/// null: an exception while the window is built leaves it as far as it was built.
-class NewProCfgDialogPrivate : public newpro::CreationDialog {
+/// missing: an exception while the window is built leaves it as far as it was built, and the host
+/// may delete the dialog, or a page of it, whenever it is asked something. Whatever runs holds on
+/// to this object, which then outlives the dialog.
+class NewProCfgDialogPrivate : public newpro::CreationDialog,
+                               public std::enable_shared_from_this<NewProCfgDialogPrivate> {
   public:
     explicit NewProCfgDialogPrivate(NewProCfgDialog* dialog) : q(dialog) {}
 
@@ -56,6 +61,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
     // Ribbon (ribbon.cpp).
     void dispatch(QAction* action);
     void forgetEntry(QAction* action, const QString& text);
+    void forgetEntries();
     void chooseBudget(const newpro::ProjectKind& budget);
     void chooseContracting(const newpro::ProjectKind& contracting);
     void runImport(QAction* action, void (NewProCfgDialog::*slot)());
@@ -73,32 +79,53 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog {
 
     // Tax-mode pages.
     void leavePage(int page);
+    void loadModels();
     void showModelList();
 
-    NewProCfgDialog* const q;
+    const newpro::Part<NewProCfgDialog> q;
 
-    newpro::TaxModeRow* taxRow = nullptr;  ///< Holds the five buttons of the row.
-    zBaseButton* importTenderButton = nullptr;
-    SlidingStackedWidget* taxPageStack = nullptr;
-    newpro::TaxPageArea* taxPageArea = nullptr;
+    newpro::Part<newpro::TaxModeRow> taxRow;  ///< Holds the five buttons of the row.
+    newpro::Part<zBaseButton> importTenderButton;
+    newpro::Part<SlidingStackedWidget> taxPageStack;
+    newpro::Part<newpro::TaxPageArea> taxPageArea;
     newpro::PricingModelCatalogue catalogue;  ///< Holds the three model lists.
-    QListWidget* lswTemplateEng = nullptr;
+    newpro::Part<QListWidget> lswTemplateEng;
     bool showImportTender = true;
-    QTreeWidget* templateTree = nullptr;
+    newpro::Part<QTreeWidget> templateTree;
     bool templateTreeHasFile = false;
     int hostMode = 0;
     AppPluginManager* plugins = nullptr;
     bool isFirstPageOpen = true;
-    RibbonNavigationBar* ribbon = nullptr;
+    newpro::Part<RibbonNavigationBar> ribbon;
     newpro::CurrentKind kind;
     QMap<QAction*, QPointer<QWidget>> pageOfAction;  ///< The host may delete a page of its own.
-    QStackedWidget* pageStack = nullptr;
+    newpro::Part<QStackedWidget> pageStack;
     QMap<QString, QAction*> actionOfTab;
-    QWidget* mainPage = nullptr;
-    newpro::FileChooserPage* auditPage = nullptr;
-    newpro::FileChooserPage* contractingPage = nullptr;
+    newpro::Part<QWidget> mainPage;
+    newpro::Part<newpro::FileChooserPage> auditPage;
+    newpro::Part<newpro::FileChooserPage> contractingPage;
     newpro::FilePages pages;
     QStringList historyFiles;
     bool built = false;               ///< Whether CreateUI reached its end.
     bool displayInitialised = false;  ///< Whether the tax row is connected.
 };
+
+/// Runs an operation of the dialog inside its guard.
+/// @param function qualified name of the operation, for the report.
+/// @param body     gets the dialog's parts, which outlive the dialog; nothing else of the dialog
+/// may be
+///                 used once the host was asked something.
+template <typename Body>
+void operate(const std::shared_ptr<NewProCfgDialogPrivate>& parts, const char* function,
+             const Body& body, int line = __builtin_LINE()) {
+    newpro::guarded(
+        dialogSource, function, [parts, &body] { body(*parts); }, line);
+}
+
+/// The same for an operation with a result. @return `fallback` where it did not come to its end.
+template <typename Result, typename Body>
+Result operateOr(const std::shared_ptr<NewProCfgDialogPrivate>& parts, const char* function,
+                 Result fallback, const Body& body, int line = __builtin_LINE()) {
+    return newpro::guardedOr(
+        dialogSource, function, fallback, [parts, &body] { return Result(body(*parts)); }, line);
+}

@@ -10,20 +10,20 @@
 SlidingStackedWidget::SlidingStackedWidget(QWidget* parent)
     : QStackedWidget(parent), mainwindow(parent ? parent : this) {}
 
-void SlidingStackedWidget::setSpeed(int speed) {
-    this->speed = speed;
+void SlidingStackedWidget::setSpeed(int milliseconds) {
+    speed = milliseconds;
 }
 
-void SlidingStackedWidget::setAnimation(QEasingCurve::Type animationtype) {
-    this->animationtype = animationtype;
+void SlidingStackedWidget::setAnimation(QEasingCurve::Type easing) {
+    animationtype = easing;
 }
 
-void SlidingStackedWidget::setVerticalMode(bool vertical) {
-    this->vertical = vertical;
+void SlidingStackedWidget::setVerticalMode(bool on) {
+    vertical = on;
 }
 
-void SlidingStackedWidget::setWrap(bool wrap) {
-    this->wrap = wrap;
+void SlidingStackedWidget::setWrap(bool on) {
+    wrap = on;
 }
 
 bool SlidingStackedWidget::slideInNext() {
@@ -103,15 +103,15 @@ void SlidingStackedWidget::startSlide(QWidget* leaving, QWidget* coming, const Q
     // Deliberately not `target - offset`: in a vertical slide the coming page starts on the side to
     // which the leaving page goes.
     const QPoint start(target.x() - offset.x(), target.y() + offset.y());
-    animgroup = new QParallelAnimationGroup(this);
-    animgroup->addAnimation(slide(leaving, pnow, pnow + offset));
-    animgroup->addAnimation(slide(coming, start, target));
-    animgroup->addAnimation(fade(leaving, 1.0, 0.0));
-    animgroup->addAnimation(fade(coming, 0.0, 1.0));
-    connect(animgroup, &QParallelAnimationGroup::finished, this,
+    auto* animations = new QParallelAnimationGroup(this);
+    animations->addAnimation(slide(leaving, pnow, pnow + offset));
+    animations->addAnimation(slide(coming, start, target));
+    animations->addAnimation(fade(leaving, 1.0, 0.0));
+    animations->addAnimation(fade(coming, 0.0, 1.0));
+    connect(animations, &QParallelAnimationGroup::finished, this,
             &SlidingStackedWidget::animationDoneSlot);
     // Last: a group of duration 0 finishes in here.
-    animgroup->start(QAbstractAnimation::DeleteWhenStopped);
+    animations->start(QAbstractAnimation::DeleteWhenStopped);
 }
 
 QAbstractAnimation* SlidingStackedWidget::slide(QWidget* page, const QPoint& from,
@@ -138,7 +138,6 @@ QAbstractAnimation* SlidingStackedWidget::fade(QWidget* page, qreal from, qreal 
 
 void SlidingStackedWidget::animationDoneSlot() {
     newpro::guarded("SlidingStackedWidget", "SlidingStackedWidget::animationDoneSlot", [this] {
-        animgroup = nullptr;
         {
             // Whatever a receiver of currentChanged throws, the stack takes the next request.
             const auto done = qScopeGuard([this] { active = false; });

@@ -6,7 +6,6 @@
 #include <QStackedWidget>
 
 class QAbstractAnimation;
-class QParallelAnimationGroup;
 
 /// Requests made while a slide runs are dropped. With speed 0 a slide ends inside the call.
 class SlidingStackedWidget : public QStackedWidget {
@@ -18,12 +17,12 @@ class SlidingStackedWidget : public QStackedWidget {
     explicit SlidingStackedWidget(QWidget* parent = nullptr);
 
   public Q_SLOTS:
-    /// @param speed duration of a slide, milliseconds.
-    void setSpeed(int speed);
-    void setAnimation(QEasingCurve::Type animationtype);
-    void setVerticalMode(bool vertical);
-    /// @param wrap whether slideInNext and slideInPrev go on past the ends.
-    void setWrap(bool wrap);
+    /// @param milliseconds duration of a slide.
+    void setSpeed(int milliseconds);
+    void setAnimation(QEasingCurve::Type easing);
+    void setVerticalMode(bool on);
+    /// @param on whether slideInNext and slideInPrev go on past the ends.
+    void setWrap(bool on);
     /// @return false where there is no further page and no wrap.
     bool slideInNext();
     bool slideInPrev();
@@ -54,5 +53,4 @@ class SlidingStackedWidget : public QStackedWidget {
     bool wrap = false;
     QPoint pnow;
     bool active = false;
-    QParallelAnimationGroup* animgroup = nullptr;
 };

@@ -5,12 +5,20 @@
 
 #include "core/guard.h"
 #include "core/scale.h"
+#include "dialog/CardList.h"
 
 namespace newpro {
 
 namespace {
 
 constexpr double gapBesideBar = 4.0;  // design pixels between the cards and the scroll bar
+
+/// A list's minimum height is no measure: it follows the last entry of the configuration and stays
+/// when the list is emptied.
+int heightNeeded(const QWidget* page) {
+    if (const auto* list = qobject_cast<const CardList*>(page)) return list->rowsHeight();
+    return page ? page->minimumHeight() : 0;
+}
 
 }  // namespace
 
@@ -32,8 +40,7 @@ TaxPageArea::TaxPageArea(QStackedWidget* stack, QWidget* parent)
 }
 
 void TaxPageArea::fitStack() {
-    const QWidget* page = stack->currentWidget();
-    const int needed = page ? page->minimumHeight() : 0;
+    const int needed = heightNeeded(stack->currentWidget());
     const bool scrolls = needed > viewport()->height();
     // Decided here and not left to the area: it would change the width while the height changes,
     // and the pages would keep the old one.

@@ -7,13 +7,13 @@ class QStackedWidget;
 
 namespace newpro {
 
-/// Makes the stack as high as its current page needs, at least as high as the area. The model lists
-/// are as high as all their cards and never scroll themselves, so that this area does.
+/// Makes the stack as high as its current page needs, at least as high as the area: a model list as
+/// high as all its cards, which never scrolls itself, so that this area does.
 class TaxPageArea : public QScrollArea {
     Q_OBJECT
   public:
     TaxPageArea(QStackedWidget* stack, QWidget* parent);
-    /// Call when the minimum height of a page has changed.
+    /// Call when the rows or the minimum height of a page have changed.
     void fitStack();
 
   protected:

@@ -11,9 +11,8 @@
 #include "dialog/NewProCfgDialogPrivate.h"
 #include "zCpf.h"
 
-using newpro::guarded;
-using newpro::guardedOr;
 using newpro::scaled;
+using Parts = NewProCfgDialogPrivate;
 
 namespace {
 
@@ -33,19 +32,19 @@ void styleHiddenPagesLater(const QStackedWidget& stack) {
 }  // namespace
 
 void NewProCfgDialog::CreateUI() {
-    guarded(dialogSource, "NewProCfgDialog::CreateUI", [this] {
+    operate(d, "NewProCfgDialog::CreateUI", [this](Parts& parts) {
         if (layout()) return;
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
         column->setSpacing(0);
-        d->buildHeader(column);
-        d->buildPageStack(column);
-        d->buildMainPage();
-        d->buildRibbonEntries();
-        d->pageStack->setCurrentWidget(d->mainPage);
-        styleHiddenPagesLater(*d->pageStack);
-        styleHiddenPagesLater(*d->taxPageStack);
-        d->built = true;
+        parts.buildHeader(column);
+        parts.buildPageStack(column);
+        parts.buildMainPage();
+        parts.buildRibbonEntries();
+        parts.pageStack->setCurrentWidget(parts.mainPage);
+        styleHiddenPagesLater(*parts.pageStack);
+        styleHiddenPagesLater(*parts.taxPageStack);
+        parts.built = true;
     });
 }
 
@@ -127,56 +126,55 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     lswTemplateEng->hide();
     catalogue.templates = lswTemplateEng;
 
-    for (QListWidget* list : catalogue.lists) taxPageStack->addWidget(list);
+    for (const auto& list : catalogue.lists) taxPageStack->addWidget(list);
     q->addMoBanWidget();  // puts the tree into the stack
     if (QWidget* page = q->addZcbXjWid()) taxPageStack->addWidget(page);
 }
 
 QWidget* NewProCfgDialog::addShXjWid() {
-    return guardedOr<QWidget*>(
-        dialogSource, "NewProCfgDialog::addShXjWid", nullptr, [this]() -> QWidget* {
-            if (d->auditPage || !d->pageStack) return d->auditPage;
-            d->auditPage = new newpro::FileChooserPage(newpro::auditPageConfig, d->pageStack);
-            d->pages.audit.fileCombo = d->auditPage->fileCombo();
-            return d->auditPage;
-        });
+    return operateOr<QWidget*>(d, "NewProCfgDialog::addShXjWid", nullptr, [](Parts& parts) {
+        if (parts.auditPage) return parts.auditPage;
+        parts.auditPage =
+            new newpro::FileChooserPage(newpro::auditPageConfig, parts.pageStack.need());
+        parts.pages.audit.fileCombo = parts.auditPage->fileCombo();
+        return parts.auditPage;
+    });
 }
 
 QWidget* NewProCfgDialog::addZcbXjWid() {
-    return guardedOr<QWidget*>(
-        dialogSource, "NewProCfgDialog::addZcbXjWid", nullptr, [this]() -> QWidget* {
-            if (d->contractingPage || !d->taxPageStack) return d->contractingPage;
-            d->contractingPage =
-                new newpro::FileChooserPage(newpro::contractingPageConfig, d->taxPageStack);
-            d->pages.contracting.fileCombo = d->contractingPage->fileCombo();
-            return d->contractingPage;
-        });
+    return operateOr<QWidget*>(d, "NewProCfgDialog::addZcbXjWid", nullptr, [](Parts& parts) {
+        if (parts.contractingPage) return parts.contractingPage;
+        parts.contractingPage =
+            new newpro::FileChooserPage(newpro::contractingPageConfig, parts.taxPageStack.need());
+        parts.pages.contracting.fileCombo = parts.contractingPage->fileCombo();
+        return parts.contractingPage;
+    });
 }
 
 void NewProCfgDialog::InitWidgetDisplay() {
-    guarded(dialogSource, "NewProCfgDialog::InitWidgetDisplay", [this] {
-        if (!d->taxRow || !d->taxPageStack || d->displayInitialised) return;
-        d->displayInitialised = true;
-        d->taxPageStack->setAnimation(QEasingCurve::OutQuint);
-        d->taxPageStack->setSpeed(0);
-        d->taxPageStack->setCurrentIndex(newpro::GeneralPage);
-        d->taxRow->check(newpro::GeneralPage);
+    operate(d, "NewProCfgDialog::InitWidgetDisplay", [this](Parts& parts) {
+        if (!parts.taxRow || !parts.taxPageStack || parts.displayInitialised) return;
+        parts.displayInitialised = true;
+        parts.taxPageStack->setAnimation(QEasingCurve::OutQuint);
+        parts.taxPageStack->setSpeed(0);
+        parts.taxPageStack->setCurrentIndex(newpro::GeneralPage);
+        parts.taxRow->check(newpro::GeneralPage);
         for (int page = 0; page < newpro::taxPageCount; ++page) {
-            connect(d->taxRow->button(page), &QAbstractButton::clicked, this,
+            connect(parts.taxRow->button(page), &QAbstractButton::clicked, this,
                     [this, page] { slotCalculationTaxClicked(page); });
         }
     });
 }
 
 void NewProCfgDialog::initConnect() {
-    guarded(dialogSource, "NewProCfgDialog::initConnect", [this] {
-        if (newpro::FileChooserPage* page = d->auditPage) {
+    operate(d, "NewProCfgDialog::initConnect", [this](Parts& parts) {
+        if (newpro::FileChooserPage* page = parts.auditPage) {
             connect(page->newButton(), &QAbstractButton::clicked, this,
                     &NewProCfgDialog::xjshButtonSlot, Qt::UniqueConnection);
             connect(page->browseButton(), &QAbstractButton::clicked, this,
                     &NewProCfgDialog::slotScanXjsh, Qt::UniqueConnection);
         }
-        if (newpro::FileChooserPage* page = d->contractingPage) {
+        if (newpro::FileChooserPage* page = parts.contractingPage) {
             connect(page->newButton(), &QAbstractButton::clicked, this,
                     &NewProCfgDialog::xjZcbButtonSlot, Qt::UniqueConnection);
             connect(page->browseButton(), &QAbstractButton::clicked, this,

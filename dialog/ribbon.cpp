@@ -10,8 +10,7 @@
 #include "dialog/NewProCfgDialogPrivate.h"
 #include "zCpf.h"
 
-using newpro::guarded;
-using newpro::guardedOr;
+using Parts = NewProCfgDialogPrivate;
 
 const QString excelImportEntry = QStringLiteral("导入Excel新建");
 const QString tenderImportEntry = QStringLiteral("导入YFJZ新建");
@@ -42,40 +41,48 @@ void NewProCfgDialogPrivate::forEntries(const QString& name, Apply&& apply) {
 }
 
 void NewProCfgDialog::setGcButtonEnable(QString name, bool enabled) {
-    guarded(dialogSource, "NewProCfgDialog::setGcButtonEnable",
-            [&] { d->forEntries(name, [&](QWidget* tab) { tab->setEnabled(enabled); }); });
+    operate(d, "NewProCfgDialog::setGcButtonEnable", [&](Parts& parts) {
+        parts.forEntries(name, [&](QWidget* tab) { tab->setEnabled(enabled); });
+    });
 }
 
 void NewProCfgDialog::setGcButtonVisible(QString name, bool visible) {
-    guarded(dialogSource, "NewProCfgDialog::setGcButtonVisible",
-            [&] { d->forEntries(name, [&](QWidget* tab) { tab->setVisible(visible); }); });
+    operate(d, "NewProCfgDialog::setGcButtonVisible", [&](Parts& parts) {
+        parts.forEntries(name, [&](QWidget* tab) { tab->setVisible(visible); });
+    });
 }
 
 void NewProCfgDialog::setKJMRWZ(QString name, bool checked) {
-    guarded(dialogSource, "NewProCfgDialog::setKJMRWZ", [&] {
-        d->forEntries(name, [&](QWidget* tab) {
+    operate(d, "NewProCfgDialog::setKJMRWZ", [&](Parts& parts) {
+        parts.forEntries(name, [&](QWidget* tab) {
             if (auto* entry = qobject_cast<RibbonTab*>(tab)) entry->setChecked(checked);
         });
     });
 }
 
 QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page) {
-    return guardedOr<QAction*>(
-        dialogSource, "NewProCfgDialog::addXjPage", nullptr, [&]() -> QAction* {
-            if (!d->ribbon || !d->pageStack) return nullptr;
-            QAction* action = d->ribbon->addTab(tab);
-            if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
-            connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
-            if (page && d->pageStack->indexOf(page) < 0) d->pageStack->addWidget(page);
-            d->pageOfAction.insert(action, page);
-            d->actionOfTab.insert(tab.text, action);
-            // The ribbon owns the action, and the host may take it out again.
-            connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
-                guarded(dialogSource, "NewProCfgDialog::addXjPage",
-                        [&] { d->forgetEntry(action, text); });
-            });
-            return action;
+    return operateOr<QAction*>(d, "NewProCfgDialog::addXjPage", nullptr, [&](Parts& parts) {
+        QStackedWidget* pages = parts.pageStack.need();
+        QAction* action = parts.ribbon->addTab(tab);
+        if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
+        connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
+        if (page && pages->indexOf(page) < 0) pages->addWidget(page);
+        parts.pageOfAction.insert(action, page);
+        parts.actionOfTab.insert(tab.text, action);
+        // The ribbon owns the action, and the host may take it out again.
+        connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
+            operate(d, "NewProCfgDialog::addXjPage",
+                    [&](Parts& entries) { entries.forgetEntry(action, text); });
         });
+        return action;
+    });
+}
+
+/// While the dialog goes: what its widgets report then finds nothing here.
+void NewProCfgDialogPrivate::forgetEntries() {
+    for (QAction* action : pageOfAction.keys()) action->disconnect(q);
+    pageOfAction.clear();
+    actionOfTab.clear();
 }
 
 void NewProCfgDialogPrivate::forgetEntry(QAction* action, const QString& text) {
@@ -89,9 +96,10 @@ void NewProCfgDialogPrivate::forgetEntry(QAction* action, const QString& text) {
 }
 
 void NewProCfgDialog::slotRibbonTriggered() {
-    guarded(dialogSource, "NewProCfgDialog::slotRibbonTriggered", [this] {
-        if (auto* action = qobject_cast<QAction*>(sender())) d->dispatch(action);
-    });
+    auto* action = qobject_cast<QAction*>(sender());
+    if (!action) return;
+    operate(d, "NewProCfgDialog::slotRibbonTriggered",
+            [action](Parts& parts) { parts.dispatch(action); });
 }
 
 void NewProCfgDialogPrivate::dispatch(QAction* action) {
@@ -166,15 +174,14 @@ void NewProCfgDialogPrivate::askTenderImport() {
 }
 
 void NewProCfgDialogPrivate::runImport(QAction* action, void (NewProCfgDialog::*slot)()) {
-    const QPointer<NewProCfgDialog> alive = q;
     const QString kindName = newpro::kindName(kind.programType);
     QAction* kindAction = actionOfTab.value(kindName);
     if (kindAction) {
         q->setKJMRWZ(kindName, true);
         q->setKJMRWZ(action->property(nameProperty).toString(), false);
     }
-    (q->*slot)();
-    if (!alive || !kindAction) return;
+    (q.need()->*slot)();
+    if (!kindAction) return;
     if (QWidget* page = pageOfAction.value(kindAction)) pageStack->setCurrentWidget(page);
     emphasise(kindAction);
 }
@@ -191,11 +198,12 @@ void NewProCfgDialogPrivate::emphasise(QAction* current) {
 }
 
 bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
-    return guardedOr(dialogSource, "NewProCfgDialog::eventFilter", false, [&] {
-        if (d->templateTree && watched == d->templateTree && event->type() == QEvent::Resize) {
+    return operateOr(d, "NewProCfgDialog::eventFilter", false, [&](Parts& parts) {
+        const bool resized = event->type() == QEvent::Resize;
+        if (resized && parts.templateTree && watched == parts.templateTree) {
             const int second = newpro::scaled(70);
-            d->templateTree->setColumnWidth(0, d->templateTree->width() - second);
-            d->templateTree->setColumnWidth(1, second);
+            parts.templateTree->setColumnWidth(0, parts.templateTree->width() - second);
+            parts.templateTree->setColumnWidth(1, second);
         }
         // Ribbon entries never react to the keyboard.
         if (watched->objectName() == QLatin1String("curText")) {

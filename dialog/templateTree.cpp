@@ -11,12 +11,14 @@
 #include "import/templateProjects.h"
 
 using newpro::guarded;
-using newpro::guardedOr;
 using newpro::scaled;
+using Parts = NewProCfgDialogPrivate;
 
 namespace {
 
 constexpr int pathRole = Qt::UserRole + 1;
+
+constexpr double rowWidth = 780.0;  // design pixels
 
 constexpr int darkBelow = 128;         // lightness, of 255, below which a background is dark
 constexpr int darkRowLightness = 160;  // percent of the background's lightness
@@ -66,26 +68,29 @@ QString darkRowStyle() {
 }  // namespace
 
 QString NewProCfgDialog::setTreeStyleSheet() {
-    return guardedOr(dialogSource, "NewProCfgDialog::setTreeStyleSheet", QString(),
-                     [] { return treeStyle(scaled(14), scaled(28), rowBackground().name()); });
+    return operateOr(d, "NewProCfgDialog::setTreeStyleSheet", QString(), [](Parts&) {
+        return treeStyle(scaled(14), scaled(28), rowBackground().name());
+    });
 }
 
 QWidget* NewProCfgDialog::addMoBanWidget() {
-    guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [this] {
-        if (!d->taxPageStack)
-            return;  // the window was not built so far: nothing would own the tree
-        if (!d->templateTree) d->createTemplateTree();
-        d->fillTemplateTree();
+    const std::shared_ptr<Parts> held = d;
+    operate(held, "NewProCfgDialog::addMoBanWidget", [](Parts& parts) {
+        if (!parts.templateTree) parts.createTemplateTree();
+        parts.fillTemplateTree();
     });
     // Also after an exception: the pages behind the tree keep their numbers.
-    return d->templateTree;
+    return held->templateTree;
 }
 
 void NewProCfgDialogPrivate::createTemplateTree() {
-    templateTree = new QTreeWidget;
+    // The stack owns it; without one the window was not built so far.
+    templateTree = new QTreeWidget(taxPageStack.need());
     templateTree->setObjectName(QStringLiteral("templateTree"));
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
+    // Until the first resize has told the width.
+    templateTree->setColumnWidth(0, scaled(rowWidth));
     // Before it has its sheet, which then waits until the page is shown.
     taxPageStack->addWidget(templateTree);
     const auto dress = [this] {
@@ -93,17 +98,18 @@ void NewProCfgDialogPrivate::createTemplateTree() {
                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
     };
     dress();
-    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree, dress);
+    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree.need(),
+                     dress);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
     templateTree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     templateTree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     templateTree->installEventFilter(q);
     QObject::connect(
-        templateTree, &QTreeWidget::itemDoubleClicked, q,
+        templateTree.need(), &QTreeWidget::itemDoubleClicked, q.need(),
         [this](QTreeWidgetItem* item, int column) {
-            guarded(dialogSource, "NewProCfgDialog::addMoBanWidget", [&] {
+            operate(shared_from_this(), "NewProCfgDialog::addMoBanWidget", [&](Parts& parts) {
                 if (column != 0) return;
-                newpro::createFromTemplateTree(*this, item->data(0, pathRole).toString());
+                newpro::createFromTemplateTree(parts, item->data(0, pathRole).toString());
             });
         },
         Qt::DirectConnection);
@@ -130,30 +136,29 @@ void NewProCfgDialogPrivate::showTemplateButton() {
 }
 
 void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* parent) {
-    guarded(dialogSource, "NewProCfgDialog::getDirAndFiles", [&] {
-        newpro::scanTemplateFolder(
-            folder, parent,
-            [this](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& data) {
-                return addOneRowItem(text, under, isFile, data);
-            });
+    operate(d, "NewProCfgDialog::getDirAndFiles", [&](Parts& parts) {
+        newpro::scanTemplateFolder(folder, parent,
+                                   [&parts](const QString& text, QTreeWidgetItem* under,
+                                            bool isFile, const QString& data) {
+                                       return parts.q->addOneRowItem(text, under, isFile, data);
+                                   });
     });
 }
 
 QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
                                                 QString data) {
-    return guardedOr<QTreeWidgetItem*>(
-        dialogSource, "NewProCfgDialog::addOneRowItem", nullptr, [&]() -> QTreeWidgetItem* {
-            if (!d->templateTree) return nullptr;
-            std::unique_ptr<QWidget> row = d->templateRow(text, isFile, data);
-            auto* item =
-                parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(d->templateTree);
-            if (isFile) {
-                item->setData(0, pathRole, data);
-                d->templateTreeHasFile = true;
-            }
-            d->templateTree->setItemWidget(item, 0, row.release());
-            return item;
-        });
+    const auto addRow = [&](Parts& parts) {
+        QTreeWidget* tree = parts.templateTree.need();
+        std::unique_ptr<QWidget> row = parts.templateRow(text, isFile, data);
+        auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
+        if (isFile) {
+            item->setData(0, pathRole, data);
+            parts.templateTreeHasFile = true;
+        }
+        tree->setItemWidget(item, 0, row.release());
+        return item;
+    };
+    return operateOr<QTreeWidgetItem*>(d, "NewProCfgDialog::addOneRowItem", nullptr, addRow);
 }
 
 std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
@@ -171,9 +176,9 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     create->setFixedWidth(scaled(70));
     create->setAccessibleName(QStringLiteral("新建：") + text);
     layout->addWidget(create);
-    QObject::connect(create, &QAbstractButton::clicked, q, [this, path] {
-        guarded(dialogSource, "NewProCfgDialog::addOneRowItem",
-                [&] { newpro::createFromTemplateTree(*this, path); });
+    QObject::connect(create, &QAbstractButton::clicked, q.need(), [this, path] {
+        operate(shared_from_this(), "NewProCfgDialog::addOneRowItem",
+                [&](Parts& parts) { newpro::createFromTemplateTree(parts, path); });
     });
     return row;
 }

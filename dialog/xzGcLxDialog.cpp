@@ -57,28 +57,33 @@ void xzGcLxDialog::CreateUI() {
 void xzGcLxDialog::InitUI() {
     guarded(source, "xzGcLxDialog::InitUI", [this] {
         if (layout()) return;
-        auto* divider = new zBaseLabel(this);
-        divider->setControlType(newpro::DividerLine);
-        caption->setFixedHeight(scaled(21));
+        // Each layout stands in the one around it before the host is asked anything more.
+        auto* outer = new QVBoxLayout(this);
         auto* heading = new QVBoxLayout;
-        heading->setSpacing(scaled(5));
-        heading->addWidget(caption);
-        heading->addWidget(divider);
-
+        outer->addLayout(heading);
         auto* buttons = new QVBoxLayout;
+        outer->addLayout(buttons);
+        outer->addStretch();
+        outer->setSpacing(scaled(10));
+
+        // What CreateUI did not come to is missing here.
+        if (caption) {
+            caption->setFixedHeight(scaled(21));
+            heading->addWidget(caption);
+        }
+        auto* divider = new zBaseLabel(this);
+        heading->addWidget(divider);
+        divider->setControlType(newpro::DividerLine);
+        heading->setSpacing(scaled(5));
+
         buttons->setSpacing(scaled(10));
         for (zBaseButton* choice : {BtnYs, BtnZcb, BtnGs, BtnQx}) {
+            if (!choice) continue;
             // The hidden one keeps its own width.
             if (choice != BtnGs) choice->setMinimumWidth(scaled(200));
             choice->setMinimumHeight(scaled(32));
             buttons->addWidget(choice, 0, Qt::AlignHCenter);
         }
-
-        auto* outer = new QVBoxLayout(this);
-        outer->setSpacing(scaled(10));
-        outer->addLayout(heading);
-        outer->addLayout(buttons);
-        outer->addStretch();
     });
 }
 

@@ -4,6 +4,7 @@
 
 #include "SharedInterface.h"
 #include "core/boxes.h"
+#include "core/part.h"
 #include "fileDialog.h"
 #include "files/fileFlow.h"
 
@@ -33,7 +34,7 @@ QString chosenPath(const QFileInfo& file) {
 void browseForFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow) {
     const FilePage page = pages.of(flow);
     const FlowTraits& traits = traitsOf(flow);
-    const QPointer<QWidget> alive(dialog.widget());
+    const Part<QWidget> window(dialog.widget());
 
     QString folder = projectFolder();
     QStringList suffixes;
@@ -41,12 +42,12 @@ void browseForFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow
     const QString lastFolder = zFileDialog::getCurrentPath();
     if (!lastFolder.isEmpty()) folder = lastFolder;
     const QString path =
-        zFileDialog::getOpenFileName(alive->window(), folder, &suffixes, traits.browseMode,
+        zFileDialog::getOpenFileName(window->window(), folder, &suffixes, traits.browseMode,
                                      QString(), true, QString(), true, OpenFile);
     zFileDialog::TbServerMsg(QString());
 
     const QFileInfo file(path);
-    if (path.isEmpty() || !alive || !file.exists()) return;
+    if (path.isEmpty() || !window || !file.exists()) return;
     if (traits.notBrowsed.contains(file.suffix().toUpper())) {
         refuse(QStringLiteral("请选择预算工程文件"));
         return;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "SharedInterface.h"
+#include "core/guard.h"
 #include "files/historyEntry.h"
 
 namespace newpro {
@@ -32,10 +33,9 @@ const QVector<Filter>& filters() {
 
 /// A box to refill, and what it will hold.
 struct Box {
-    zBaseCombox* combo;
+    QPointer<zBaseCombox> combo;
     const QStringList& accepted;
     QStringList paths;
-    QString text;  ///< What stood in it.
 
     bool accepts(const QString& suffix) const {
         return accepted.isEmpty() || accepted.contains(suffix);
@@ -47,7 +47,7 @@ std::vector<Box> boxesOf(const FilePages& pages, HistoryFlags flags) {
     for (const Filter& filter : filters()) {
         zBaseCombox* combo = (pages.*filter.page).fileCombo;
         if (!(flags.*filter.flag) || !combo) continue;
-        boxes.push_back({combo, filter.accepted, {}, {}});
+        boxes.push_back({combo, filter.accepted, {}});
     }
     return boxes;
 }
@@ -62,9 +62,20 @@ bool addLocal(HistoryEntry& entry, QSet<QString>& seen) {
     return seen.size() > known;
 }
 
+/// Through the host's own operation, which does more for an entry than Qt's.
+void refill(zBaseCombox* combo, const QStringList& paths) {
+    const QString text = combo->currentText();
+    combo->clear();
+    withEnd(
+        [&] {
+            for (const QString& path : paths) combo->addItem(path, QVariant());
+        },
+        [&] { combo->setCurrentText(text); });
+}
+
 }  // namespace
 
-void refillHistory(const QStringList& history, const FilePages& pages, HistoryFlags flags) {
+void refillHistory(QStringList history, const FilePages& pages, HistoryFlags flags) {
     std::vector<Box> boxes = boxesOf(pages, flags);
     QSet<QString> seen;
     for (const QString& text : history) {
@@ -74,14 +85,8 @@ void refillHistory(const QStringList& history, const FilePages& pages, HistoryFl
             if (box.accepts(entry->suffix)) box.paths.append(entry->path);
         }
     }
-    for (Box& box : boxes) {
-        box.text = box.combo->currentText();
-        box.combo->clear();
-    }
     for (const Box& box : boxes) {
-        // In one go: item by item, a long history would take many times as long.
-        box.combo->addItems(box.paths);
-        box.combo->setCurrentText(box.text);
+        if (box.combo) refill(box.combo, box.paths);
     }
 }
 

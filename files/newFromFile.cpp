@@ -3,7 +3,9 @@
 #include "SharedInterface.h"
 #include "core/boxes.h"
 #include "core/firstPage.h"
+#include "core/guard.h"
 #include "core/hostMessages.h"
+#include "core/part.h"
 #include "files/fileChoice.h"
 #include "files/fileFlow.h"
 #include "osgi.h"
@@ -18,17 +20,7 @@ template <typename Body>
 void logged(int function, const Body& body) {
     if (function == 0) return body();
     SharedInterface::UseFunc(function, QString());
-    try {
-        body();
-    } catch (...) {
-        // The first exception is the one to report, whatever becomes of the log.
-        try {
-            SharedInterface::EndUseFun(function, QString());
-        } catch (...) {
-        }
-        throw;
-    }
-    SharedInterface::EndUseFun(function, QString());
+    withEnd(body, [function] { SharedInterface::EndUseFun(function, QString()); });
 }
 
 QString textOf(const zBaseCombox* combo) {
@@ -79,10 +71,10 @@ void rememberModel(const QString& model) {
 }
 
 void run(CreationDialog& dialog, const FilePage& page, FileFlow flow) {
+    const Part<QWidget> alive(dialog.widget());
     FirstPagePlugin* firstPage = firstPageService();
-    if (!firstPage) return;
+    if (!firstPage || !alive) return;
     const FlowTraits& traits = traitsOf(flow);
-    const QPointer<QWidget> alive(dialog.widget());
     const bool fromTemplate = traits.optional && !(page.fromFile && page.fromFile->isChecked());
     QString file;
     if (!fromTemplate) {

@@ -9,6 +9,8 @@ namespace newpro {
 
 namespace {
 
+constexpr int mostLinksFollowed = 1000;
+
 bool isTemplateFile(const QString& name) {
     // The suffix counts in upper case only.
     return name.endsWith(QLatin1String(".MODX"), Qt::CaseSensitive);
@@ -54,27 +56,37 @@ class Scan {
             return;
         }
         const QString target = entry.canonicalFilePath();
-        if (leadsBack(target)) return;
-        // Folders that link to one another have far more paths than folders: below a link, each
-        // linked folder is entered once a scan.
-        if (linksWalked > 0 && enteredBelowLinks.contains(target)) return;
-        if (linksWalked > 0) enteredBelowLinks.insert(target);
+        if (leadsBack(target) || !mayFollow(target)) return;
         ++linksWalked;
         enter(path, target, row);
         --linksWalked;
     }
 
-    bool leadsBack(const QString& target) const {
-        for (const QString& folder : walked) {
-            if (liesIn(folder, target)) return true;
+    /// @return whether a link to the folder would go round; then notes what lies on that way.
+    bool leadsBack(const QString& target) {
+        for (int i = 0; i < walked.size(); ++i) {
+            if (!liesIn(walked.at(i), target)) continue;
+            for (const QString& folder : walked.mid(i)) onLoops.insert(folder);
+            return true;
         }
         return false;
     }
 
+    /// Folders that link to one another have far more paths than folders: below a link, one on a
+    /// loop is entered once a scan, and no more than so many links are followed in all.
+    bool mayFollow(const QString& target) {
+        if (linksWalked == 0) return true;
+        if (onLoops.contains(target) && enteredBelowLinks.contains(target)) return false;
+        enteredBelowLinks.insert(target);
+        return ++linksFollowed <= mostLinksFollowed;
+    }
+
     const AddTemplateRow& addRow;
-    QStringList walked;   ///< The folders from the first one down to the current one.
-    int linksWalked = 0;  ///< How many of them are links.
+    QStringList walked;     ///< The folders from the first one down to the current one.
+    int linksWalked = 0;    ///< How many of them are links.
+    int linksFollowed = 0;  ///< Below links, in the whole scan.
     QSet<QString> enteredBelowLinks;
+    QSet<QString> onLoops;  ///< Folders from which a way leads back to themselves.
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "SharedInterface.h"
 #include "core/guard.h"
+#include "core/part.h"
 #include "core/scale.h"
 #include "fileDialog.h"
 
@@ -15,6 +16,7 @@ namespace {
 
 using newpro::guarded;
 using newpro::guardedOr;
+using newpro::Part;
 using newpro::scaled;
 
 const char source[] = "importExcelSelFile";
@@ -118,31 +120,36 @@ void importExcelSelFile::updateModeSelection(const QString& appType) {
         const QString selected = QStringLiteral(":/Image/Home/select.svg");
         showBackground(m_pYsTile, m_bYsSelected ? selected : QString(), true);
         showBackground(m_pZcbTile, m_bYsSelected ? QString() : selected, true);
-        loadJjms(appType);
     });
+    // Also after an exception: a tile that could not be painted must not cost the application type,
+    // by which the importing plug-in is found.
+    loadJjms(appType);
 }
 
 void importExcelSelFile::loadJjms(const QString& appType) {
     guarded(source, "importExcelSelFile::loadJjms", [&] {
+        const QPointer<zBaseCombox> combo(m_pJjmsCombo);
         ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
-        if (!m_pJjmsCombo || !settings) return;
+        // The dialog goes with its combo box.
+        if (!combo || !settings) return;
         m_strAppGc = appType;
-        m_pJjmsCombo->clear();
+        combo->clear();
 
         // The empty tax mode is deliberate: this list asks for the models of all of them.
         const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
             settings->GetProTaxTemplateInfoList(appType, QStringLiteral(""));
+        if (!combo) return;
         for (int mode = 0; mode < int(taxModeIcons.size()); ++mode) {
             if (mode == businessTax && appType == contractingType) continue;
             for (const auto& entry : entries) {
                 if (entry.taxMode != mode) continue;
                 for (const TaxTemplateInfo& model : entry.models) {
-                    m_pJjmsCombo->addItemState(taxModeIcons[size_t(mode)], model.flag != 0,
-                                               model.name, QVariant::fromValue(model));
+                    combo->addItemState(taxModeIcons[size_t(mode)], model.flag != 0, model.name,
+                                        QVariant::fromValue(model));
                 }
             }
         }
-        if (m_pJjmsCombo->count() > 0) m_pJjmsCombo->setCurrentIndex(0);
+        if (combo->count() > 0) combo->setCurrentIndex(0);
     });
 }
 
@@ -199,34 +206,35 @@ void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*co
 
 void importExcelSelFile::slotClickedSelExcelFile() {
     guarded(source, "importExcelSelFile::slotClickedSelExcelFile", [this] {
-        const QPointer<QWidget> self(this);
+        const Part<importExcelSelFile> self(this);
         QString folder = zFileDialog::getCurrentPath();
         if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
         QStringList filter{QStringLiteral("Excel文件"), QStringLiteral("xls"),
                            QStringLiteral("xlsx")};
-        const QString path = zFileDialog::getOpenFileName(this, folder, &filter, localFoldersOnly,
-                                                          QStringLiteral("选择Excel文件"), true,
-                                                          QString(), true, OpenFile);
+        const QString path = zFileDialog::getOpenFileName(
+            self.need(), folder, &filter, localFoldersOnly, QStringLiteral("选择Excel文件"), true,
+            QString(), true, OpenFile);
         if (!self || path.isEmpty()) return;
         if (LibXLExcel::Open(path)) {
-            acceptSource(oneWorkbook, path);
+            self->acceptSource(oneWorkbook, path);
             return;
         }
         showInforByOneBtn(QStringLiteral("文件打开失败！\r\n①请检查excel文件是否被占用\r\n"
                                          "②请检查是否为正确的excel文件\r\n完成上述操作后重新打开。"
                                          "如果仍然提示该错误，请联系开发商协助解决问题"),
-                          this, informationIcon);
+                          self.need(), informationIcon);
     });
 }
 
 void importExcelSelFile::slotClickedSelExcelDir() {
     guarded(source, "importExcelSelFile::slotClickedSelExcelDir", [this] {
-        const QPointer<QWidget> self(this);
+        const Part<importExcelSelFile> self(this);
         QStringList noFilter;
+        const QString folder = zFileDialog::getCurrentPath();
         const QString path = zFileDialog::getOpenFileName(
-            this, zFileDialog::getCurrentPath(), &noFilter, localFoldersOnly,
-            QStringLiteral("打开文件夹"), true, QString(), true, OpenFolder);
-        if (self && !path.isEmpty()) acceptSource(folderOfWorkbooks, path);
+            self.need(), folder, &noFilter, localFoldersOnly, QStringLiteral("打开文件夹"), true,
+            QString(), true, OpenFolder);
+        if (!path.isEmpty()) self->acceptSource(folderOfWorkbooks, path);
     });
 }
 

@@ -8,7 +8,8 @@
 #include "newProDialog_export.h"
 #include "zControl.h"
 
-class QLayout;
+class QHBoxLayout;
+class QVBoxLayout;
 
 /// Modal dialog: the user picks project type and pricing model, then one workbook or a folder of
 /// workbooks. It imports nothing; after acceptance the getters tell the choice.
@@ -45,8 +46,9 @@ class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
     Q_SLOT void slotClickedSelExcelDir();
     Q_SLOT void slotGcmbTreeItemClicked(QTreeWidgetItem* item, int column);
 
-    QLayout* createTypeSection(const QFont& font);
-    QLayout* createSourceSection(const QFont& font);
+    void createTypeSection(QVBoxLayout* sections, const QFont& font, QWidget* parent);
+    void addTiles(QHBoxLayout* row);
+    void createSourceSection(QVBoxLayout* sections, const QFont& font, QWidget* parent);
     bool handleTileEvent(zBaseWidget* tile, const QEvent* event);
     void acceptSource(int importType, const QString& path);
 
@@ -55,7 +57,7 @@ class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
     QString m_strPath;
     QString m_strJjms;
     QString m_strGcmb;
-    zBaseCombox* m_pJjmsCombo = nullptr;
+    QPointer<zBaseCombox> m_pJjmsCombo;
     QPointer<zBaseComboxPopup> m_pGcmbPopup;  ///< The layout's, as is the tree.
     QPointer<QTreeWidget> m_pGcmbTree;
     zBaseButton* m_pBtnSelFile = nullptr;

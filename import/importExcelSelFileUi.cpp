@@ -1,6 +1,7 @@
 /// The layout of the dialog, top to bottom as on the screen.
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "core/guard.h"
 #include "core/scale.h"
@@ -20,16 +21,10 @@ struct SourceRow {
     QString button;
 };
 
-zBaseLabel* picture(const QString& iconPath, int side) {
-    auto* label = new zBaseLabel;
+zBaseLabel* picture(const QString& iconPath, int side, QWidget* parent) {
+    auto* label = new zBaseLabel(parent);
     label->setPixmap(iconPath, QSize(scaled(side), scaled(side)));
     label->setFixedSize(scaled(side), scaled(side));
-    return label;
-}
-
-zBaseLabel* heading(const QString& text, const QFont& font) {
-    auto* label = new zBaseLabel(text);
-    label->setFont(font);
     return label;
 }
 
@@ -40,15 +35,20 @@ QFont headingFont() {
     return font;
 }
 
-QVBoxLayout* sectionUnder(zBaseLabel* title) {
+/// @return a new section at the end of `sections`, under its heading.
+QVBoxLayout* addSection(QVBoxLayout* sections, const QString& title, const QFont& font,
+                        QWidget* parent) {
     auto* section = new QVBoxLayout;
+    sections->addLayout(section);
     section->setSpacing(scaled(5));
-    section->addWidget(title);
+    auto* heading = new zBaseLabel(title, parent);
+    heading->setFont(font);
+    section->addWidget(heading);
     return section;
 }
 
-zBaseButton* sourceButton(const SourceRow& source, const char* name) {
-    auto* button = new zBaseButton(source.button);
+zBaseButton* sourceButton(const SourceRow& source, const char* name, QWidget* parent) {
+    auto* button = new zBaseButton(source.button, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(source.button);
     button->setAccessibleDescription(source.text);
@@ -58,22 +58,24 @@ zBaseButton* sourceButton(const SourceRow& source, const char* name) {
     return button;
 }
 
-QLayout* sourceRow(const SourceRow& source, zBaseButton* button) {
+void addSourceRow(QVBoxLayout* section, const SourceRow& source, zBaseButton* button) {
+    QWidget* parent = button->parentWidget();
+    auto* row = new QHBoxLayout;
+    section->addLayout(row);
+    row->setContentsMargins(scaled(25), scaled(5), scaled(35), scaled(5));
+    row->setSpacing(scaled(10));
+    row->addWidget(picture(source.icon, 32, parent));
+
     auto* texts = new QVBoxLayout;
+    row->addLayout(texts, 1);
     texts->setSpacing(scaled(5));
-    texts->addWidget(new zBaseLabel(source.title));
-    auto* text = new zBaseLabel(source.text);
+    texts->addWidget(new zBaseLabel(source.title, parent));
+    auto* text = new zBaseLabel(source.text, parent);
     text->setControlType(newpro::SecondaryText);
     text->setWordWrap(true);
     texts->addWidget(text);
 
-    auto* row = new QHBoxLayout;
-    row->setContentsMargins(scaled(25), scaled(5), scaled(35), scaled(5));
-    row->setSpacing(scaled(10));
-    row->addWidget(picture(source.icon, 32));
-    row->addLayout(texts, 1);
     row->addWidget(button);
-    return row;
 }
 
 }  // namespace
@@ -87,52 +89,62 @@ void importExcelSelFile::createUI(QWidget* parent) {
         // would widen the dialog for it.
         sections->setSizeConstraint(QLayout::SetNoConstraint);
         const QFont font = headingFont();
-        sections->addLayout(createTypeSection(font));
-        sections->addLayout(createSourceSection(font));
+        createTypeSection(sections, font, parent);
+        createSourceSection(sections, font, parent);
         sections->addStretch();
     });
 }
 
-QLayout* importExcelSelFile::createTypeSection(const QFont& font) {
-    m_pYsTile =
-        createImageTextLabel(QStringLiteral(":/Image/Home/ys.svg"), QStringLiteral("预算工程"));
-    m_pYsTile->setObjectName(QStringLiteral("ysTile"));
-    m_pYsTile->setBackgroundIcon(QStringLiteral(":/Image/Home/select.svg"));
-    m_pYsTile->setAutoFillBackground(true);
-    m_pYsTile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    m_pZcbTile =
-        createImageTextLabel(QStringLiteral(":/Image/Home/zcb.svg"), QStringLiteral("总承包工程"));
-    m_pZcbTile->setObjectName(QStringLiteral("zcbTile"));
-    // Deliberately out of reach: this dialog imports budget projects only.
-    m_pZcbTile->hide();
-    m_pYsTile->installEventFilter(this);
-    m_pZcbTile->installEventFilter(this);
+void importExcelSelFile::createTypeSection(QVBoxLayout* sections, const QFont& font,
+                                           QWidget* parent) {
+    QVBoxLayout* section =
+        addSection(sections, QStringLiteral("选择工程类型及计价模式"), font, parent);
     auto* tiles = new QHBoxLayout;
+    section->addLayout(tiles);
     tiles->setSpacing(scaled(10));
-    tiles->addWidget(m_pYsTile);
-    tiles->addWidget(m_pZcbTile);
+    addTiles(tiles);
     tiles->addStretch();
 
-    auto* comboRow = new zBaseWidget;
+    auto* comboRow = new zBaseWidget(parent);
+    section->addWidget(comboRow);
     comboRow->setFixedSize(scaled(540), scaled(62));
-    m_pJjmsCombo = new zBaseCombox;
+    auto* row = new QHBoxLayout(comboRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    m_pJjmsCombo = new zBaseCombox(comboRow);
+    row->addWidget(m_pJjmsCombo);
+    row->addStretch();
     m_pJjmsCombo->setObjectName(QStringLiteral("m_pJjmsCombo"));
     m_pJjmsCombo->setAccessibleName(QStringLiteral("计价模式"));
     m_pJjmsCombo->SetComboxShowIcon(true);
     m_pJjmsCombo->setFixedHeight(scaled(32));
     m_pJjmsCombo->setFixedWidth(scaled(490));
-    auto* row = new QHBoxLayout(comboRow);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_pJjmsCombo);
-    row->addStretch();
-
-    QVBoxLayout* section = sectionUnder(heading(QStringLiteral("选择工程类型及计价模式"), font));
-    section->addLayout(tiles);
-    section->addWidget(comboRow);
-    return section;
 }
 
-QLayout* importExcelSelFile::createSourceSection(const QFont& font) {
+/// A tile that the host kept from being made is missing in the row.
+void importExcelSelFile::addTiles(QHBoxLayout* row) {
+    m_pYsTile =
+        createImageTextLabel(QStringLiteral(":/Image/Home/ys.svg"), QStringLiteral("预算工程"));
+    if (m_pYsTile) {
+        row->addWidget(m_pYsTile);
+        m_pYsTile->setObjectName(QStringLiteral("ysTile"));
+        m_pYsTile->installEventFilter(this);
+        m_pYsTile->setBackgroundIcon(QStringLiteral(":/Image/Home/select.svg"));
+        m_pYsTile->setAutoFillBackground(true);
+        m_pYsTile->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    m_pZcbTile =
+        createImageTextLabel(QStringLiteral(":/Image/Home/zcb.svg"), QStringLiteral("总承包工程"));
+    if (m_pZcbTile) {
+        row->addWidget(m_pZcbTile);
+        m_pZcbTile->setObjectName(QStringLiteral("zcbTile"));
+        m_pZcbTile->installEventFilter(this);
+        // Deliberately out of reach: this dialog imports budget projects only.
+        m_pZcbTile->hide();
+    }
+}
+
+void importExcelSelFile::createSourceSection(QVBoxLayout* sections, const QFont& font,
+                                             QWidget* parent) {
     const SourceRow file{QStringLiteral(":/Image/Home/ExcelFile.svg"), QStringLiteral("文件格式"),
                          QStringLiteral("以单个Excel文件形式存放的数据源，支持xls、xlsx格式"),
                          QStringLiteral("选择文件")};
@@ -140,32 +152,31 @@ QLayout* importExcelSelFile::createSourceSection(const QFont& font) {
         QStringLiteral(":/Image/Home/ExcelDir.svg"), QStringLiteral("文件夹格式"),
         QStringLiteral("按工程树结构建立多层文件夹分别存放相应报表的多Excel文件数据源"),
         QStringLiteral("选择文件夹")};
-    m_pBtnSelFile = sourceButton(file, "btnSelFile");
-    m_pBtnSelDir = sourceButton(folder, "btnSelDir");
+    QVBoxLayout* section = addSection(sections, QStringLiteral("选择Excel数据源"), font, parent);
+    m_pBtnSelFile = sourceButton(file, "btnSelFile", parent);
     connect(m_pBtnSelFile, &QPushButton::clicked, this,
             &importExcelSelFile::slotClickedSelExcelFile);
+    addSourceRow(section, file, m_pBtnSelFile);
+    m_pBtnSelDir = sourceButton(folder, "btnSelDir", parent);
     connect(m_pBtnSelDir, &QPushButton::clicked, this, &importExcelSelFile::slotClickedSelExcelDir);
-
-    QVBoxLayout* section = sectionUnder(heading(QStringLiteral("选择Excel数据源"), font));
-    section->addLayout(sourceRow(file, m_pBtnSelFile));
-    section->addLayout(sourceRow(folder, m_pBtnSelDir));
-    return section;
+    addSourceRow(section, folder, m_pBtnSelDir);
 }
 
 zBaseWidget* importExcelSelFile::createImageTextLabel(const QString& iconPath,
                                                       const QString& text) {
-    return newpro::guardedOr("importExcelSelFile", "importExcelSelFile::createImageTextLabel",
-                             static_cast<zBaseWidget*>(nullptr), [&] {
-                                 auto* tile = new zBaseWidget;
-                                 tile->setFixedSize(scaled(140), scaled(36));
-                                 tile->setAccessibleName(text);
-                                 tile->setCursor(Qt::PointingHandCursor);
-                                 auto* row = new QHBoxLayout(tile);
-                                 row->setContentsMargins(scaled(25), 0, 0, 0);
-                                 row->setSpacing(scaled(4));
-                                 row->setAlignment(Qt::AlignCenter);
-                                 row->addWidget(picture(iconPath, 16));
-                                 row->addWidget(new zBaseLabel(text));
-                                 return tile;
-                             });
+    zBaseWidget* made = nullptr;
+    guarded("importExcelSelFile", "importExcelSelFile::createImageTextLabel", [&] {
+        auto tile = std::make_unique<zBaseWidget>();
+        tile->setFixedSize(scaled(140), scaled(36));
+        tile->setAccessibleName(text);
+        tile->setCursor(Qt::PointingHandCursor);
+        auto* row = new QHBoxLayout(tile.get());
+        row->setContentsMargins(scaled(25), 0, 0, 0);
+        row->setSpacing(scaled(4));
+        row->setAlignment(Qt::AlignCenter);
+        row->addWidget(picture(iconPath, 16, tile.get()));
+        row->addWidget(new zBaseLabel(text, tile.get()));
+        made = tile.release();
+    });
+    return made;
 }

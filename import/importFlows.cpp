@@ -7,6 +7,7 @@
 #include "SharedInterface.h"
 #include "core/creationDialog.h"
 #include "core/firstPage.h"
+#include "core/guard.h"
 #include "core/hostMessages.h"
 #include "fileDialog.h"
 #include "import/importExcelSelFile.h"
@@ -32,8 +33,9 @@ std::optional<ExcelChoice> chooseExcelSource() {
                        selection->GetJjms(), selection->GetGcmb()};
 }
 
-/// Lets the user choose a tendering-data file. @return its path; empty when cancelled.
-QString chooseTenderFile(QWidget* window) {
+/// Lets the user choose a tendering-data file. @param window may go while the host is asked.
+/// @return its path; empty when cancelled.
+QString chooseTenderFile(const QPointer<QWidget>& window) {
     QStringList filter{QStringLiteral("云南省电子招投标数据标准"), QStringLiteral("YFJZ"),
                        QStringLiteral("YFJT")};
     QString folder = zFileDialog::getCurrentPath();
@@ -76,8 +78,8 @@ void importTender(CreationDialog& dialog) {
     const QPointer<QWidget> window(dialog.widget()->window());
     dialog.acceptDialog();
     if (!hostIsReady()) return;
-    const QString file = chooseTenderFile(window);
-    resetCloudState(file);
+    QString file;
+    withEnd([&] { file = chooseTenderFile(window); }, [&] { resetCloudState(file); });
     if (file.isEmpty()) return;
     SharedInterface::ReplaceFunLog(GNSJ_XJGC, importLogColumn, QStringLiteral("d"));
     if (plugins) plugins->notify(QString(), BudgetProgram);

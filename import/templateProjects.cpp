@@ -20,10 +20,9 @@ namespace newpro {
 namespace {
 
 QFileInfoList templateFiles(const QString& folder) {
-    return QDir(folder).entryInfoList(
-        {QLatin1Char('*') + TemplateProProfix},
-        QDir::Files | QDir::NoSymLinks | QDir::Hidden | QDir::CaseSensitive,
-        QDir::Time | QDir::Reversed);
+    return QDir(folder).entryInfoList({QLatin1Char('*') + TemplateProProfix},
+                                      QDir::Files | QDir::NoSymLinks | QDir::Hidden,
+                                      QDir::Time | QDir::Reversed);
 }
 
 void emitCreate(CreationDialog& dialog, const QPointer<QWidget>& alive, const QString& path) {
@@ -38,18 +37,18 @@ QString templateFolder(const QString& appTypeKey) {
     return SharedInterface::GetAppPath() + QStringLiteral("/MBSC/") + appTypeKey;
 }
 
-int fillTemplateList(QListWidget* list, const QString& appTypeKey, ListItemPool& items,
+int fillTemplateList(const Part<QListWidget>& list, const QString& appTypeKey, ListItemPool& items,
                      const std::function<void(const QString& path)>& onCreate) {
     const QFileInfoList files = templateFiles(templateFolder(appTypeKey));
     for (const QFileInfo& file : files) {
         auto card = std::make_unique<TemplateProListItem>(file.absoluteFilePath());
-        QObject::connect(card.get(), &TemplateProListItem::signalCreateProByTemaplte, list,
+        QObject::connect(card.get(), &TemplateProListItem::signalCreateProByTemaplte, list.need(),
                          [onCreate](const QString& path) {
                              guarded("NewProCfgDialog", "NewProCfgDialog::LoadTemplateProInfo",
                                      // A copy: the list, and with it this connection, may go.
                                      [create = onCreate, path] { create(path); });
                          });
-        appendCard(list, items.take(), std::move(card));
+        appendCard(list.need(), items.take(), std::move(card));
     }
     return files.size();
 }

@@ -4,6 +4,8 @@
 #include <QString>
 #include <functional>
 
+#include "core/part.h"
+
 class QListWidget;
 
 namespace newpro {
@@ -20,7 +22,7 @@ QString templateFolder(const QString& appTypeKey);
 /// @param onCreate called with a template's path when its card asks for a project. It may delete
 ///        card and list.
 /// @return the number of cards added.
-int fillTemplateList(QListWidget* list, const QString& appTypeKey, ListItemPool& items,
+int fillTemplateList(const Part<QListWidget>& list, const QString& appTypeKey, ListItemPool& items,
                      const std::function<void(const QString& path)>& onCreate);
 
 /// Creates a project as a template card asks for it: the dialog closes whatever the host answers.

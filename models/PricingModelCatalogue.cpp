@@ -38,31 +38,25 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
         helper->GetProTaxTemplateInfoList(appType, appType);
     for (const ProjectSettingSpace::ProTaxTemplateInfo& entry : entries) {
         if (entry.taxMode < 0 || entry.taxMode >= taxModeCount) continue;
-        QListWidget* list = lists[size_t(entry.taxMode)];
+        const Part<QListWidget> list = lists[size_t(entry.taxMode)];
         if (!list) continue;
         for (int i = 0; i < entry.models.size(); ++i) {
             place(entry.models.at(i), list, cardMade);
             if (i == 0) modeFilled(entry.taxMode);
         }
+        // Follows the last entry of a mode, deliberately, and not the rows: the stack counts those.
         list->setMinimumHeight(scaled(cardRowHeight) * entry.models.size());
     }
 }
 
-void PricingModelCatalogue::fitLists() {
-    for (QListWidget* list : lists) {
-        if (!list || list->count() == 0) continue;
-        const int needed = list->count() * list->item(0)->sizeHint().height();
-        if (list->minimumHeight() < needed) list->setMinimumHeight(needed);
-    }
-}
-
 void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
-                                  QListWidget* list, const CardMade& cardMade) {
+                                  const Part<QListWidget>& list, const CardMade& cardMade) {
     auto card = std::make_unique<ProModelItemForm>(model, nullptr);
     ProModelItemForm* shown = card.get();
     std::unique_ptr<QListWidgetItem> item = pool.take();
     item->setData(Qt::UserRole, QVariant::fromValue(model));
-    appendCard(list, std::move(item), std::move(card));
+    // The host was asked for the card's configuration, and may have taken the list away.
+    appendCard(list.need(), std::move(item), std::move(card));
     cardMade(shown);
 }
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <QListWidget>
-#include <QPointer>
 #include <array>
 #include <functional>
 
 #include "SharedInterface.h"
 #include "core/listItemPool.h"
+#include "core/part.h"
 
 class ProModelItemForm;
 
@@ -22,8 +22,8 @@ class PricingModelCatalogue {
     using CardMade = std::function<void(ProModelItemForm* card)>;
     using ModeFilled = std::function<void(int taxMode)>;
 
-    std::array<QPointer<QListWidget>, taxModeCount> lists;  ///< By tax mode.
-    QPointer<QListWidget> templates;                        ///< The template cards.
+    std::array<Part<QListWidget>, taxModeCount> lists;  ///< By tax mode.
+    Part<QListWidget> templates;                        ///< The template cards.
 
     /// Empties the template list and the lists of tax mode 2, 1 and 0, in this order.
     void clear();
@@ -34,14 +34,11 @@ class PricingModelCatalogue {
     ///        of the configuration, after its first card.
     void load(const QString& appType, const CardMade& cardMade, const ModeFilled& modeFilled);
 
-    /// Makes each list at least as high as its rows, however far a load came.
-    void fitLists();
-
     /// Items for the lists' rows; those taken out wait here until they are used again.
     ListItemPool& items() { return pool; }
 
   private:
-    void place(const ProjectSettingSpace::TaxTemplateInfo& model, QListWidget* list,
+    void place(const ProjectSettingSpace::TaxTemplateInfo& model, const Part<QListWidget>& list,
                const CardMade& cardMade);
 
     ListItemPool pool;

@@ -2,7 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QMouseEvent>
-#include <QPointer>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 
 #include "core/ElidedLabel.h"
@@ -107,7 +107,12 @@ ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent
     });
 }
 
-ProModelItemForm::~ProModelItemForm() = default;
+ProModelItemForm::~ProModelItemForm() {
+    if (!activeMenu) return;
+    // A receiver has deleted the card: Qt still works in the menu whose entry was triggered.
+    activeMenu->setParent(nullptr, activeMenu->windowFlags());
+    activeMenu->deleteLater();
+}
 
 void ProModelItemForm::UpdateDataDisplay() {
     guarded(source, "ProModelItemForm::UpdateDataDisplay", [this] {
@@ -202,8 +207,8 @@ zBaseMenu* ProModelItemForm::feeModeMenu(const QStringList& feeModes, zBaseButto
         // creates with whatever the field holds by then.
         if (mode == newpro::perUnitFee) model.feeMode = mode;
         QAction* action = menu->addAction(feeModeText(mode));
-        connect(action, &QAction::triggered, this, [this, create] {
-            guarded(source, "ProModelItemForm::initXjButton", [&] { emitWithout(create); });
+        connect(action, &QAction::triggered, this, [this, menu, create] {
+            guarded(source, "ProModelItemForm::initXjButton", [&] { emitFromMenu(menu, create); });
         });
     }
     return menu;
@@ -221,6 +226,15 @@ void ProModelItemForm::emitWithout(zBaseButton* create) {
         }
     } enable{alive};
     Q_EMIT signalNewPro(model);
+}
+
+void ProModelItemForm::emitFromMenu(zBaseMenu* menu, zBaseButton* create) {
+    const QPointer<ProModelItemForm> alive = this;
+    activeMenu = menu;
+    const auto done = qScopeGuard([&alive] {
+        if (alive) alive->activeMenu = nullptr;
+    });
+    emitWithout(create);
 }
 
 void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {

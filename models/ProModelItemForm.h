@@ -1,6 +1,7 @@
 /// The card of one pricing model.
 #pragma once
 
+#include <QPointer>
 #include <memory>
 
 #include "SharedInterface.h"
@@ -35,10 +36,12 @@ class ProModelItemForm : public zBaseWidget {
     void splitButton(zBaseButton* button, const QStringList& feeModes);
     zBaseMenu* feeModeMenu(const QStringList& feeModes, zBaseButton* create, QWidget* parent);
     void emitWithout(zBaseButton* create);
+    void emitFromMenu(zBaseMenu* menu, zBaseButton* create);
 
     TaxTemplateInfo model;
     QString descriptionText;
     int describedWidth = -1;  ///< The card's width that the shown description was elided for,
     QFont describedFont;      ///< and the font.
+    QPointer<zBaseMenu> activeMenu;  ///< Whose entry is being triggered.
     std::unique_ptr<Form> ui;
 };

@@ -118,7 +118,8 @@ void Player::end(const QString& why) {
 
 void Player::clearUp() {
     QWidget* top = topWindow();
-    if (!top && busy.isEmpty()) return loop.quit();
+    const bool left = options.leaveDialog && top && top == stage.dialog;
+    if ((!top || left) && busy.isEmpty()) return loop.quit();
     if (auto* dialog = qobject_cast<QDialog*>(top))
         dialog->reject();
     else if (top)

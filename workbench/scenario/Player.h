@@ -16,12 +16,13 @@ namespace workbench {
 class Watchdog;
 
 struct PlayOptions {
-    QString installation;   ///< For scenarios that name none.
-    QString pictureFolder;  ///< Empty: pictures are not kept.
-    QJsonObject host;       ///< Settings under those of the scenario.
-    bool watch = false;     ///< At a person's pace, with a main window.
-    int stepLimit = 10000;  ///< Milliseconds that a step may take.
-    int hangLimit = 20000;  ///< Milliseconds beyond it after which the process is ended.
+    QString installation;      ///< For scenarios that name none.
+    QString pictureFolder;     ///< Empty: pictures are not kept.
+    QJsonObject host;          ///< Settings under those of the scenario.
+    bool watch = false;        ///< At a person's pace, with a main window.
+    int stepLimit = 10000;     ///< Milliseconds that a step may take.
+    int hangLimit = 20000;     ///< Milliseconds beyond it after which the process is ended.
+    bool leaveDialog = false;  ///< A dialog that is open at the end stays open.
 };
 
 struct PlayResult {

@@ -1,0 +1,76 @@
+/// One cell of the matrix: a flow, a host call in it, and what happens there.
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+namespace faults {
+
+/// A host call of a flow. Two calls of one operation from one line are told apart by their number.
+struct Place {
+    int operation = 0;
+    quintptr site = 0;  ///< Offset in the module to which the call returns.
+    int nth = 1;        ///< From 1.
+
+    bool sameCall(const Place& other) const {
+        return operation == other.operation && site == other.site;
+    }
+};
+
+/// What happens at the place.
+enum class Deed {
+    None,
+    // The operation throws.
+    ThrowLiteral,
+    ThrowString,
+    ThrowStdException,
+    ThrowOther,
+    // From this call on the host answers otherwise.
+    AnswerMissing,
+    AnswerRefusing,
+    AnswerEmpty,
+    AnswerBroken,
+    // The host does something else before it answers.
+    RunEventLoop,
+    OpenSecondDialog,
+    DeleteDialog,
+    DeleteParent,
+    DeleteCards,
+    DeletePages,
+};
+
+inline bool throws(Deed deed) {
+    return deed >= Deed::ThrowLiteral && deed <= Deed::ThrowOther;
+}
+
+/// @return whether the deed takes the dialog or a part of it away, which no user would go on with.
+inline bool deletes(Deed deed) {
+    return deed >= Deed::DeleteDialog;
+}
+
+struct Case {
+    Place place;
+    Deed deed = Deed::None;
+};
+
+/// @return a name for people and for the command line.
+QString nameOf(Deed deed);
+QString describe(const Case& one);
+
+/// @return whether an operation is a service, which may answer otherwise or re-enter; the others
+///         make and dress widgets.
+bool isService(int operation);
+
+/// @return the name of an operation as the journal has it.
+QString nameOf(int operation);
+/// @return whether an operation is given a window to open another over.
+bool takesWindow(int operation);
+
+/// @return whether an operation answers events of Qt's.
+bool isEvent(int operation);
+
+/// @return the cases for the places of a flow.
+/// @param quick the first and the last of each call only, with the deeds taken in turn.
+QVector<Case> casesFor(const QVector<Place>& places, bool quick);
+
+}  // namespace faults

@@ -1,0 +1,97 @@
+#include "tests/faults/Places.h"
+
+#include <dlfcn.h>
+
+#include <QHash>
+#include <QScopedValueRollback>
+#include <cstring>
+#include <stdexcept>
+
+#include "tests/faults/Symbols.h"
+#include "tests/faults/interposer/places.h"
+
+namespace faults {
+
+const char thrownText[] = "boom";
+
+namespace {
+
+PlaceWatch* watch = nullptr;
+
+bool isEventLoop(const void* address) {
+    static QHash<const void*, bool> known;
+    const auto found = known.constFind(address);
+    if (found != known.constEnd()) return *found;
+    Dl_info info{};
+    const bool is = dladdr(address, &info) && info.dli_sname &&
+                    std::strncmp(info.dli_sname, "_ZN10QEventLoop", 15) == 0;
+    known.insert(address, is);
+    return is;
+}
+
+/// A virtual operation is called by Qt. It is the module's call where the module called Qt, but for
+/// handlers of events: Qt lets no exception out of those, whoever sent the event.
+bool calledByModule(int operation, const void* site) {
+    if (inModule(site)) return true;
+    if (isEvent(operation)) return false;
+    const QVector<const void*> stack = callers();
+    // Outwards from the call: the module comes before an event loop, or the call is not its own.
+    for (int i = stack.indexOf(site); i >= 0 && i < stack.size(); ++i) {
+        if (inModule(stack[i])) return true;
+        if (isEventLoop(stack[i])) return false;
+    }
+    return false;
+}
+
+}  // namespace
+
+PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act)
+    : wanted(wanted), act(std::move(act)) {
+    watch = this;
+    setPlaceListener(&PlaceWatch::reached);
+}
+
+PlaceWatch::~PlaceWatch() {
+    setPlaceListener(nullptr);
+    watch = nullptr;
+}
+
+void PlaceWatch::reached(int operation, const void* site) {
+    if (watch->counting && calledByModule(operation, site)) watch->note(operation, site);
+}
+
+void PlaceWatch::note(int operation, const void* site) {
+    // Where Qt stands in between, the operation alone tells the place.
+    Place place{operation, inModule(site) ? offsetOf(site) : 0, 1};
+    place.nth = ++times[{place.operation, place.site}];
+    seen.append(place);
+    if (hasFired || wanted.deed == Deed::None) return;
+    if (!place.sameCall(wanted.place) || place.nth != wanted.place.nth) return;
+    fire();
+}
+
+void PlaceWatch::fire() {
+    hasFired = true;
+    for (const void* address : callers()) {
+        if (inModule(address)) frames.append(functionAt(offsetOf(address)));
+    }
+    {
+        // What the deed does itself is no call of this run.
+        const QScopedValueRollback<bool> quiet(counting, false);
+        act();
+    }
+    switch (wanted.deed) {
+        case Deed::ThrowLiteral:
+            throw static_cast<const char*>(thrownText);
+        case Deed::ThrowString:
+            throw QString::fromLatin1(thrownText);
+        case Deed::ThrowStdException:
+            throw std::runtime_error(thrownText);
+        case Deed::ThrowOther:
+            throw 1;
+        default:
+            break;
+    }
+}
+
+}  // namespace faults

@@ -1,0 +1,47 @@
+/// Counts the host calls of a run, and does a deed at one of them.
+#pragma once
+
+#include <QHash>
+#include <QStringList>
+#include <functional>
+
+#include "tests/faults/Case.h"
+
+namespace faults {
+
+/// While it lives, it listens to the places. One at a time.
+class PlaceWatch {
+  public:
+    /// @param wanted what to do at which place; Deed::None only records.
+    /// @param act    called there, before an exception is thrown; does the deed that is none.
+    PlaceWatch(const Case& wanted, std::function<void()> act);
+    ~PlaceWatch();
+    PlaceWatch(const PlaceWatch&) = delete;
+    PlaceWatch& operator=(const PlaceWatch&) = delete;
+
+    /// Calls count from now on, or no more.
+    void count(bool on) { counting = on; }
+
+    const QVector<Place>& places() const { return seen; }
+    bool fired() const { return hasFired; }
+    /// @return the module's functions on the stack when the deed was done, the innermost first.
+    const QStringList& stack() const { return frames; }
+
+  private:
+    static void reached(int operation, const void* site);
+    void note(int operation, const void* site);
+    void fire();
+
+    const Case wanted;
+    const std::function<void()> act;
+    QVector<Place> seen;
+    QHash<QPair<int, quintptr>, int> times;  ///< Of each call, so far.
+    QStringList frames;
+    bool counting = false;
+    bool hasFired = false;
+};
+
+/// The text that the thrown exceptions carry.
+extern const char thrownText[];
+
+}  // namespace faults

@@ -1,0 +1,232 @@
+#include "tests/faults/Play.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QJsonArray>
+
+#include "tests/faults/Deed.h"
+#include "tests/faults/Places.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/journal/Journal.h"
+#include "workbench/projects/ProjectStore.h"
+#include "workbench/scenario/Player.h"
+#include "workbench/scenario/TemporaryCopy.h"
+#include "workbench/scenario/hostSettings.h"
+
+namespace faults {
+
+namespace {
+
+using workbench::Host;
+using workbench::Journal;
+using workbench::Player;
+using workbench::PlayOptions;
+using workbench::Scenario;
+using workbench::Stage;
+
+/// A step that finds no target after a fault need not be waited for.
+constexpr int patienceAfterFault = 30;  // milliseconds
+constexpr int patience = 10000;
+
+QStringList* warnings = nullptr;
+
+void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    // Said of the platform without a display, not of what is shown there.
+    if (text.startsWith(QLatin1String("This plugin does not support "))) return;
+    // Said by the workbench of an installation that is not there.
+    if (text.startsWith(QLatin1String("/nonexistent/"))) return;
+    if (type != QtDebugMsg && type != QtInfoMsg && warnings) warnings->append(text);
+}
+
+bool isOpening(const Scenario& flow) {
+    return flow.steps.size() == 2 && flow.steps[0].args.isEmpty() &&
+           flow.steps[1].verb == QLatin1String("close");
+}
+
+bool beginsWithDialog(const Scenario& flow) {
+    return flow.steps[0].verb == QLatin1String("open") && flow.steps[0].args.isEmpty();
+}
+
+QString messageOf(QJsonObject entry, const QString& folder) {
+    for (const char* key : {"seq", "ms", "answer"}) entry.remove(QLatin1String(key));
+    return QString::fromUtf8(Journal::line(entry)).replace(folder, QLatin1String("{installation}"));
+}
+
+Record recordOf(const QString& ended, const QString& folder) {
+    Record record;
+    record.ended = ended;
+    for (const QJsonObject& entry : Journal::instance().entries()) {
+        const QString kind = entry.value(QLatin1String("kind")).toString();
+        const QString name = entry.value(QLatin1String("name")).toString();
+        const QJsonArray args = entry.value(QLatin1String("args")).toArray();
+        if (kind == QLatin1String("signal") ||
+            name.startsWith(QLatin1String("Communication::SendMsg"))) {
+            record.messages.append(messageOf(entry, folder));
+        } else if (kind == QLatin1String("box")) {
+            record.boxes.append(messageOf(entry, folder));
+        } else if (kind == QLatin1String("exception")) {
+            record.reports.append(args[0].toString() + QLatin1Char('|') + args[2].toString() +
+                                  QLatin1Char('|') + args[3].toString());
+        }
+    }
+    return record;
+}
+
+/// The host and the stage of one case.
+class Run {
+  public:
+    Run(const Scenario& flow, const Case& wanted)
+        : flow(flow), wanted(wanted), copy(flow.installation), watch(wanted, [this] {
+              options.stepLimit = patienceAfterFault;
+              actOrWait();
+          }) {
+        options.leaveDialog = true;
+        warnings = &outcome.warnings;
+        qInstallMessageHandler(keepWarning);
+        prepareHost();
+        makeStage();
+    }
+
+    ~Run() {
+        QObject::disconnect(atItsEnd);
+        qInstallMessageHandler(nullptr);
+        warnings = nullptr;
+    }
+
+    Outcome play() {
+        const QWidgetList before = QApplication::allWidgets();
+        const bool fromTheStart = isOpening(flow) || !beginsWithDialog(flow);
+        watch.count(fromTheStart);
+        stage.opened = nullptr;
+        outcome.faulty = playOnce(flow, [this] { watch.count(true); });
+        outcome.dialogLeft = stage.dialog && stage.dialog->isVisible();
+        if (outcome.dialogLeft) stage.dialog->grab();
+        watch.count(false);
+        restoreHost();
+        outcome.again = playOnce(secondTry(), [] {});
+        // The end of the dialog belongs to the flow as well.
+        watch.count(fromTheStart);
+        delete stage.dialog;
+        watch.count(false);
+        clearUp();
+        outcome.places = watch.places();
+        outcome.fired = watch.fired();
+        outcome.stack = watch.stack();
+        for (const QWidget* widget : QApplication::allWidgets()) {
+            const bool known = before.contains(const_cast<QWidget*>(widget));
+            // Qt makes them once, when a menu or a list first asks for the screen.
+            if (known || widget->inherits("QDesktopWidget") ||
+                widget->inherits("QDesktopScreenWidget"))
+                continue;
+            outcome.strays.append(QLatin1String(widget->metaObject()->className()));
+        }
+        return outcome;
+    }
+
+  private:
+    /// A window that an operation was given must not go before the operation has used it.
+    void actOrWait() {
+        if (!deletes(wanted.deed) || !takesWindow(wanted.place.operation)) {
+            act(wanted.deed, stage);
+            return;
+        }
+        const QString name = nameOf(wanted.place.operation);
+        atItsEnd = QObject::connect(&Journal::instance(), &Journal::recorded,
+                                    [this, name](const QJsonObject& entry) {
+                                        if (entry.value(QLatin1String("name")) != name) return;
+                                        QObject::disconnect(atItsEnd);
+                                        act(wanted.deed, stage);
+                                    });
+    }
+
+    void prepareHost() {
+        Host& host = Host::instance();
+        host.reset();
+        const QString error = host.loadInstallation(copy.folder());
+        if (!error.isEmpty()) qFatal("%s", qPrintable(error));
+        host.switches().boxesAnswerThemselves = true;
+        host.switches().fileDialogPrepared = true;
+        workbench::applyHostSettings(workbench::filledIn(flow.host, copy.folder()).toObject(),
+                                     copy.folder());
+        switches = host.switches();
+        installation = host.installation();
+    }
+
+    void makeStage() {
+        stage.folder = copy.folder();
+        stage.setup = flow.dialog;
+        stage.store = &store;
+        makeMainWindow();
+    }
+
+    void makeMainWindow() {
+        if (!window) window = new QWidget;
+        stage.mainWindow = window;
+        Host::instance().setMainWindow(window);
+    }
+
+    void restoreHost() {
+        Host::instance().switches() = switches;
+        Host::instance().installation() = installation;
+        makeMainWindow();
+        stage.setup = flow.dialog;
+    }
+
+    /// In the dialog itself where it is still open.
+    Scenario secondTry() {
+        Scenario again = flow;
+        if (outcome.dialogLeft && beginsWithDialog(flow) && !deletes(wanted.deed)) {
+            again.steps.removeFirst();
+        } else {
+            delete stage.dialog;
+        }
+        return again;
+    }
+
+    Record playOnce(const Scenario& scenario, const std::function<void()>& opened) {
+        Journal::instance().clear();
+        options.stepLimit = patience;
+        Player player(scenario, options, stage);
+        const auto watchDialog = stage.opened;
+        stage.opened = [&](NewProCfgDialog* dialog) {
+            watchDialog(dialog);
+            opened();
+        };
+        const QString ended = player.run();
+        const Record record = recordOf(ended, copy.folder());
+        stage.opened = nullptr;
+        return record;
+    }
+
+    void clearUp() {
+        delete window;
+        for (int i = 0; i < 3; ++i) {
+            QApplication::processEvents();
+            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+        Host::instance().reset();
+        Journal::instance().clear();
+    }
+
+    const Scenario& flow;
+    const Case wanted;
+    const workbench::TemporaryCopy copy;
+    Outcome outcome;
+    Stage stage;
+    PlayOptions options;
+    workbench::ProjectStore store;
+    QPointer<QWidget> window;
+    workbench::Switches switches;
+    workbench::Installation installation;
+    QMetaObject::Connection atItsEnd;
+    PlaceWatch watch;
+};
+
+}  // namespace
+
+Outcome playWith(const Scenario& flow, const Case& wanted) {
+    Run run(flow, wanted);
+    return run.play();
+}
+
+}  // namespace faults

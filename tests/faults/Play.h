@@ -1,0 +1,36 @@
+/// Plays a flow with a fault in it, and then once more without.
+#pragma once
+
+#include <QStringList>
+
+#include "tests/faults/Case.h"
+#include "workbench/scenario/Scenario.h"
+
+namespace faults {
+
+/// What one play of a flow came to.
+struct Record {
+    QString ended;         ///< Why it ended before its last step; empty if it did not.
+    QStringList messages;  ///< Signals and messages, in order, the installation's folder left out.
+    QStringList boxes;
+    QStringList reports;  ///< "source|function|text" of each exception reported.
+};
+
+/// What a case came to.
+struct Outcome {
+    QVector<Place> places;
+    bool fired = false;
+    QStringList stack;  ///< Of the deed, by function.
+    Record faulty;
+    bool dialogLeft = false;  ///< The dialog was open after the faulty play, and was used on.
+    Record again;             ///< The second try, without a fault.
+    QStringList warnings;     ///< Of Qt, from both.
+    QStringList strays;       ///< Widgets that are left when all is over, by class.
+};
+
+/// @param flow  a scenario without expectations. One that only opens the dialog counts the calls of
+///        its making; the others count from where the dialog stands.
+/// @param wanted what to do at which call; Deed::None for a play without a fault.
+Outcome playWith(const workbench::Scenario& flow, const Case& wanted);
+
+}  // namespace faults

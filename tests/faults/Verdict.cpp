@@ -1,0 +1,145 @@
+#include "tests/faults/Verdict.h"
+
+#include <QHash>
+#include <algorithm>
+
+#include "tests/faults/Places.h"
+#include "tests/faults/Symbols.h"
+
+namespace faults {
+
+namespace {
+
+/// Who reports what goes wrong in a function that is no reporting operation itself.
+QString reporterOf(const QString& function) {
+    static const QHash<QString, QString> others = {
+        {QStringLiteral("NewProCfgDialogPrivate::templateRow"),
+         QStringLiteral("NewProCfgDialog::addOneRowItem")},
+        {QStringLiteral("NewProCfgDialogPrivate::createTemplateTree"),
+         QStringLiteral("NewProCfgDialog::addMoBanWidget")},
+        {QStringLiteral("newpro::fillTemplateList"),
+         QStringLiteral("NewProCfgDialog::LoadTemplateProInfo")},
+        {QStringLiteral("ProModelItemForm::splitButton"),
+         QStringLiteral("ProModelItemForm::initXjButton")},
+        {QStringLiteral("ProModelItemForm::feeModeMenu"),
+         QStringLiteral("ProModelItemForm::initXjButton")},
+    };
+    return others.value(function, function);
+}
+
+bool isGuard(const QString& function) {
+    return function.contains(QLatin1String("newpro::guarded")) ||
+           function.contains(QLatin1String(" operate"));
+}
+
+/// @return the function that has to report: the one whose guard is the innermost. Empty where no
+///         guard stands on the stack: then the exception is the host's own and goes back to it.
+QString reporterOn(const QStringList& stack) {
+    for (int i = 0; i + 1 < stack.size(); ++i) {
+        if (!isGuard(stack[i])) continue;
+        int outside = i + 1;
+        while (outside < stack.size() && isGuard(stack[outside])) ++outside;
+        const QString function = outside < stack.size() ? enclosing(stack[outside]) : QString();
+        // Every answer of the chooser goes through one function.
+        if (function == QLatin1String("xzGcLxDialog::answer") && outside + 1 < stack.size())
+            return enclosing(stack[outside + 1]);
+        return reporterOf(function);
+    }
+    return {};
+}
+
+QString textOf(Deed deed) {
+    return deed == Deed::ThrowOther ? QStringLiteral("未知异常") : QLatin1String(thrownText);
+}
+
+bool escaped(const Record& record) {
+    return record.ended.contains(QLatin1String("an exception escaped"));
+}
+
+void judgeThrow(Deed deed, const Outcome& outcome, QStringList& faults) {
+    const QStringList& reports = outcome.faulty.reports;
+    const QString reporter = reporterOn(outcome.stack);
+    const bool hostsOwn = reporter.isEmpty() && reports.isEmpty();
+    if (hostsOwn) {
+        if (!escaped(outcome.faulty)) faults += QStringLiteral("no report and no exception");
+        return;
+    }
+    if (escaped(outcome.faulty)) faults += QStringLiteral("escaped: ") + outcome.faulty.ended;
+    if (reports.size() != 1) {
+        faults += QStringLiteral("%1 reports: %2")
+                      .arg(reports.size())
+                      .arg(reports.join(QLatin1Char(' ')));
+        return;
+    }
+    const QStringList parts = reports[0].split(QLatin1Char('|'));
+    if (!parts[1].startsWith(parts[0] + QLatin1String("::")))
+        faults += QStringLiteral("source and function differ: ") + reports[0];
+    if (parts[2] != textOf(deed)) faults += QStringLiteral("text: ") + reports[0];
+#ifdef GUARDS_ON_STACK
+    if (parts[1] != reporter)
+        faults += QStringLiteral("reported by %1, not by %2").arg(parts[1], reporter);
+#endif
+}
+
+/// Whatever happens, nothing is sent or said that would not have been without a fault, nor twice.
+void judgeMessages(const QStringList& found, QStringList allowed, const char* what,
+                   QStringList& faults) {
+    for (const QString& message : found) {
+        if (!allowed.removeOne(message)) faults += QLatin1String(what) + message;
+    }
+}
+
+bool changesAnswers(Deed deed) {
+    return deed >= Deed::AnswerMissing && deed <= Deed::AnswerBroken;
+}
+
+bool whileChoosing(const QStringList& stack) {
+    return std::any_of(stack.begin(), stack.end(), [](const QString& function) {
+        return function.contains(QLatin1String("importExcelSelFile::loadJjms"));
+    });
+}
+
+}  // namespace
+
+QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& sound) {
+    QStringList faults;
+    if (!outcome.fired) {
+        if (isEvent(wanted.place.operation)) return {};  // how many come is a matter of time
+        return {QStringLiteral("the place was not reached again")};
+    }
+    if (throws(wanted.deed)) {
+        judgeThrow(wanted.deed, outcome, faults);
+    } else {
+        if (!outcome.faulty.reports.isEmpty())
+            faults += QStringLiteral("reports: ") + outcome.faulty.reports.join(QLatin1Char(' '));
+        if (escaped(outcome.faulty)) faults += outcome.faulty.ended;
+    }
+    if (changesAnswers(wanted.deed)) {
+        // Other answers may well make another message or box of it; never more of them.
+        if (outcome.faulty.messages.size() > qMax(1, sound.faulty.messages.size()))
+            faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
+    } else if (whileChoosing(outcome.stack)) {
+        // What the import dialog could not load is missing in its message.
+        if (outcome.faulty.messages.size() > sound.faulty.messages.size())
+            faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
+    } else {
+        judgeMessages(outcome.faulty.messages, sound.faulty.messages, "sent: ", faults);
+        judgeMessages(outcome.faulty.boxes, sound.faulty.boxes, "said: ", faults);
+    }
+    if (!outcome.again.ended.isEmpty() && outcome.again.ended != sound.again.ended)
+        faults += QStringLiteral("second try: ") + outcome.again.ended;
+    if (!outcome.again.reports.isEmpty())
+        faults +=
+            QStringLiteral("second try reports: ") + outcome.again.reports.join(QLatin1Char(' '));
+    if (outcome.again.messages != sound.again.messages)
+        faults += QStringLiteral("second try sends %1, not %2")
+                      .arg(outcome.again.messages.join(QLatin1Char(' ')),
+                           sound.again.messages.join(QLatin1Char(' ')));
+    if (!outcome.warnings.isEmpty())
+        faults += QStringLiteral("warnings: ") + outcome.warnings.join(QLatin1String("; "));
+    if (!outcome.strays.isEmpty())
+        faults += QStringLiteral("left behind: ") + outcome.strays.join(QLatin1Char(' '));
+    return faults;
+}
+
+}  // namespace faults

@@ -1,0 +1,12 @@
+/// What must hold whatever a host does in the middle of a flow.
+#pragma once
+
+#include "tests/faults/Play.h"
+
+namespace faults {
+
+/// @param sound the same flow without a fault.
+/// @return what does not hold, a line each; empty if all does.
+QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& sound);
+
+}  // namespace faults

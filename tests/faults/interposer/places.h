@@ -1,0 +1,19 @@
+/// The places where the module calls its host, as one module built for tests reports them.
+#pragma once
+
+#include <QtGlobal>
+
+namespace faults {
+
+/// Called at each host call of the module, before the operation runs. May throw.
+/// @param operation index of the operation. @param site the address that the call returns to.
+using PlaceListener = void (*)(int operation, const void* site);
+
+/// @param listener null for none.
+Q_DECL_EXPORT void setPlaceListener(PlaceListener listener);
+/// @return how many operations of the host the module calls.
+Q_DECL_EXPORT int operationCount();
+/// @return the mangled name of an operation.
+Q_DECL_EXPORT const char* operationName(int operation);
+
+}  // namespace faults
