@@ -103,13 +103,22 @@ TEST_F(CloudDisk, TheSeparatorIsTheHosts) {
 
 TEST_F(CloudDisk, AComponentThatIsNotFoundEndsItWithoutABox) {
     for (const char* path :
-         {"企业云盘/甲/丙/工程.GCFX", "企业云盘/甲/乙/别的.GCFX", "企业云盘/甲/乙", "个人云盘/我的",
+         {"企业云盘/甲/丙/工程.GCFX", "企业云盘/甲/乙/别的.GCFX", "企业云盘/甲/丁",
           "个人云盘/x/工程.GCFX", "个人云盘/我的/工程.GCFX/x", "个人云盘"}) {
         EXPECT_FALSE(resolve(QString::fromUtf8(path))) << path;
         EXPECT_EQ(boxes(), Lines{}) << path;
         EXPECT_EQ(countOf("zFileDialog::downLoadYunpanFile"), 0) << path;
     }
     EXPECT_EQ(local, QStringLiteral("as before"));
+}
+
+TEST_F(CloudDisk, TheLastComponentIsFoundByItsNameAlone) {
+    // A folder is no file, which only the download can tell.
+    for (const char* path : {"企业云盘/甲/乙", "个人云盘/我的"}) {
+        EXPECT_FALSE(resolve(QString::fromUtf8(path))) << path;
+        EXPECT_EQ(countOf("zFileDialog::downLoadYunpanFile"), 1) << path;
+        EXPECT_EQ(boxes(), Lines{boxLine(connectionLost)}) << path;
+    }
 }
 
 TEST_F(CloudDisk, AnEnterprisePathOfOneComponentIsToldAndNotAskedFor) {
@@ -120,11 +129,28 @@ TEST_F(CloudDisk, AnEnterprisePathOfOneComponentIsToldAndNotAskedFor) {
     }
 }
 
-TEST_F(CloudDisk, ARefusedListingShowsTheMessageOfTheService) {
+TEST_F(CloudDisk, ARefusedFolderShowsTheMessageOfTheService) {
+    // The service starts to refuse behind the disk's top level.
+    const auto connection =
+        QObject::connect(&workbench::Journal::instance(), &workbench::Journal::recorded,
+                         [&](const QJsonObject& entry) {
+                             const QString name = entry.value(QLatin1String("name")).toString();
+                             if (name == QLatin1String("zFileDialog::LoadQyypData"))
+                                 host.switches().cloud.refused = true;
+                         });
+    const bool found = resolve(company);
+    QObject::disconnect(connection);
+    EXPECT_FALSE(found);
+    EXPECT_EQ(boxes(), Lines{boxLine(QStringLiteral("云盘服务拒绝了请求，请稍后再试"))});
+    EXPECT_EQ(countOf("zFileDialog::downLoadYunpanFile"), 0);
+    EXPECT_EQ(local, QStringLiteral("as before"));
+}
+
+TEST_F(CloudDisk, TheTopLevelIsNotJudgedByItsCode) {
     host.switches().cloud.refused = true;
     for (const QString& path : {company, personal}) {
         EXPECT_FALSE(resolve(path));
-        EXPECT_EQ(boxes(), Lines{boxLine(QStringLiteral("云盘服务拒绝了请求，请稍后再试"))});
+        EXPECT_EQ(boxes(), Lines{}) << "what is refused has no nodes, and that is all";
         EXPECT_EQ(countOf("zFileDialog::downLoadYunpanFile"), 0);
     }
     EXPECT_EQ(local, QStringLiteral("as before"));

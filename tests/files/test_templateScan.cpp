@@ -186,6 +186,33 @@ TEST_F(TemplateScan, ManyFoldersThatLinkToAllOthersMakeFewRows) {
     }
 }
 
+TEST_F(TemplateScan, EveryLinkToAFolderOnNoLoopShowsItsContent) {
+    make("real/d.MODX");
+    make("shelf/e.MODX");
+    link(folder.filePath(QStringLiteral("real")), "shelf/first");
+    link(folder.filePath(QStringLiteral("real")), "shelf/second");
+    makeFolder("top");
+    link(folder.filePath(QStringLiteral("shelf")), "top/shelf");
+    EXPECT_EQ(
+        scan(folder.filePath(QStringLiteral("top"))),
+        (Lines{"0 shelf", "1 e.MODX = /shelf/e.MODX", "1 first", "2 d.MODX = /shelf/first/d.MODX",
+               "1 second", "2 d.MODX = /shelf/second/d.MODX"}));
+}
+
+TEST_F(TemplateScan, FoldersThatLinkTwiceToTheNextStayBounded) {
+    constexpr int depth = 40;  // 2^40 ways lead to the last
+    const auto name = [](int number) { return "f" + std::to_string(number); };
+    for (int i = 0; i <= depth; ++i) make((name(i) + "/d.MODX").c_str());
+    for (int i = 0; i < depth; ++i) {
+        const QString next = folder.filePath(QString::fromStdString(name(i + 1)));
+        link(next, (name(i) + "/a").c_str());
+        link(next, (name(i) + "/b").c_str());
+    }
+    const Lines rows = scan(folder.filePath(QStringLiteral("f0")));
+    EXPECT_GT(rows.size(), size_t(2 * depth)) << "one way goes all the way down";
+    EXPECT_LT(rows.size(), 5000u);
+}
+
 TEST_F(TemplateScan, AScanThroughALinkStillKnowsItsAncestors) {
     makeFolder("real/x");
     link(folder.filePath(QStringLiteral("real")), "alias");

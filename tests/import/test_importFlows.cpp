@@ -309,6 +309,34 @@ TEST_F(TenderImport, clears_the_shared_strings_between_the_path_and_the_folder_o
     }
 }
 
+TEST_F(TenderImport, resets_the_cloud_state_also_when_the_file_dialog_throws) {
+    for (const char* alsoThrows : {"", "zFileDialog::SetFilePid", "zFileDialog::TbServerMsg"}) {
+        SCOPED_TRACE(alsoThrows);
+        answerFromCloud(file);
+        zFileDialog::userId = QStringLiteral("u1");
+        throwAt("zFileDialog::getOpenFileName", workbench::ThrowRule::As::StdException, 1,
+                QStringLiteral("the first"));
+        throwAt(alsoThrows, workbench::ThrowRule::As::StdException, 1, QStringLiteral("another"));
+        clearJournal();
+        try {
+            newpro::importTender(dialog);
+            ADD_FAILURE() << "nothing was thrown";
+        } catch (const std::exception& exception) {
+            EXPECT_STREQ(exception.what(), "the first");
+        }
+        throwNoMore();
+        EXPECT_EQ(zFileDialog::userId, QString());
+        const Lines lines = flowLines();
+        const Lines wanted = upToReset("");
+        EXPECT_EQ(Lines(lines.begin(), lines.begin() + 7),
+                  Lines(wanted.begin(), wanted.begin() + 7));
+        if (*alsoThrows == '\0') {
+            EXPECT_EQ(lines, wanted);
+        }
+        EXPECT_EQ(countOf("Communication::SendMsgToPlugin"), 0);
+    }
+}
+
 TEST_F(TenderImport, starts_in_the_folder_that_was_used_last) {
     answerWith(file);
     run();
