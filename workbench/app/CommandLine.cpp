@@ -70,6 +70,23 @@ bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& erro
     return error.isEmpty();
 }
 
+/// Reads the options that name a file or a folder.
+bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& error) {
+    const std::pair<const char*, QString*> options[] = {{"installation", &into.installation},
+                                                        {"journal", &into.journal},
+                                                        {"pictures", &into.pictures}};
+    for (const auto& [name, path] : options) {
+        const QString option = QLatin1String(name);
+        if (!parser.isSet(option)) continue;
+        const QString value = parser.value(option);
+        *path = QDir::current().absoluteFilePath(value);
+        if (value.isEmpty()) error = QStringLiteral("--%1: must not be empty").arg(option);
+        if (value.contains(QChar(0)))
+            error = QStringLiteral("--%1: must not hold a NUL character").arg(option);
+    }
+    return error.isEmpty();
+}
+
 }  // namespace
 
 QJsonObject CommandLine::hostSettings() const {
@@ -88,7 +105,7 @@ QString workingInstallation(QString& error) {
     const QString folder = QDir(QCoreApplication::applicationDirPath())
                                .absoluteFilePath(QStringLiteral("../workspace"));
     const QString clean = QDir::cleanPath(folder);
-    if (!QFileInfo(clean).isDir()) error = copyFolder(sampleInstallation(), clean);
+    if (!QFileInfo(clean).isDir()) error = copyFolderWhole(sampleInstallation(), clean);
     return clean;
 }
 
@@ -109,13 +126,7 @@ bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& e
     }
     if (!readCommand(parser.positionalArguments(), into, error)) return false;
     if (!readLook(parser, into, error)) return false;
-    const auto absolute = [&](const char* option) {
-        const QString path = parser.value(QLatin1String(option));
-        return path.isEmpty() ? path : QDir::current().absoluteFilePath(path);
-    };
-    into.installation = absolute("installation");
-    into.journal = absolute("journal");
-    into.pictures = absolute("pictures");
+    if (!readPaths(parser, into, error)) return false;
     into.watch = parser.isSet(QStringLiteral("watch"));
     return true;
 }

@@ -7,6 +7,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/journal/Journal.h"
+#include "workbench/scenario/TemporaryCopy.h"
 #include "workbench/scenario/hostSettings.h"
 
 namespace {
@@ -15,7 +16,7 @@ using workbench::Command;
 using workbench::CommandLine;
 
 int wrong(const QString& error) {
-    std::fprintf(stderr, "%s\n", error.toUtf8().constData());
+    workbench::complain(error);
     return 2;
 }
 
@@ -96,7 +97,8 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
     QApplication::setQuitOnLastWindowClosed(line.command == Command::Window);
     if (!line.journal.isEmpty() && !workbench::Journal::instance().setFile(line.journal))
-        return wrong(line.journal + QStringLiteral(": cannot be written"));
+        return wrong(workbench::Journal::instance().fileError());
+    workbench::removeAbandonedCopies();
     workbench::applySkin();
     const int result = run(line);
     const QString unwritten = workbench::Journal::instance().fileError();

@@ -13,14 +13,14 @@ namespace {
 
 const int widestLine = 180;
 
-void print(const QString& line) {
-    std::fputs(line.toUtf8().constData(), stdout);
-    std::fputc('\n', stdout);
-    std::fflush(stdout);
+void printTo(std::FILE* stream, const QString& line) {
+    const QByteArray text = line.toUtf8() + '\n';
+    std::fwrite(text.constData(), 1, size_t(text.size()), stream);
+    std::fflush(stream);
 }
 
-void complain(const QString& line) {
-    std::fprintf(stderr, "%s\n", line.toUtf8().constData());
+void print(const QString& line) {
+    printTo(stdout, line);
 }
 
 QString shortened(const QString& line) {
@@ -79,6 +79,10 @@ void printJournal(const PlayResult& result) {
 }
 
 }  // namespace
+
+void complain(const QString& line) {
+    printTo(stderr, line);
+}
 
 int playFiles(const CommandLine& line) {
     QVector<Scenario> scenarios;

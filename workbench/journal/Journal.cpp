@@ -6,6 +6,7 @@
 #include <string>
 
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/wholeFile.h"
 
 namespace workbench {
 
@@ -50,9 +51,12 @@ Journal& Journal::instance() {
 bool Journal::setFile(const QString& path) {
     file.close();
     problem.clear();
+    wholeLines = 0;
     file.setFileName(path);
     if (path.isEmpty()) return true;
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) return true;
+    fail();
+    return false;
 }
 
 const QVector<QJsonObject>& Journal::entries() const {
@@ -94,9 +98,18 @@ void Journal::record(const QString& kind, const QString& name, const QJsonObject
 
 void Journal::write(const QJsonObject& entry) {
     const QByteArray text = line(entry) + '\n';
-    if (file.write(text) == text.size() && file.flush()) return;
-    problem = file.fileName() + QStringLiteral(": ") + file.errorString();
+    if (writeAll(file, text)) {
+        wholeLines += text.size();
+        return;
+    }
+    fail();
+    // What a full disk has still taken of the line is taken back.
+    file.resize(wholeLines);
     file.close();
+}
+
+void Journal::fail() {
+    problem = file.fileName() + QStringLiteral(": ") + file.errorString();
 }
 
 void Journal::signal(const QString& name, const QJsonArray& args) {

@@ -15,17 +15,17 @@ namespace workbench {
 
 /// One process-wide journal. Each entry is one JSON object with seq, ms, kind and name, and with
 /// args, answer, event and result where its kind has them. Entries are kept in memory and, once a
-/// file is set, written line by line and flushed.
+/// file is set, written line by line, each in one piece.
 class WORKBENCH_API Journal : public QObject {
     Q_OBJECT
   public:
     static Journal& instance();
 
     /// Writes every later entry to a file, which is emptied first. An empty path ends the writing.
-    /// @return false if the file cannot be opened for writing.
+    /// @return false if the file cannot be opened for writing; `fileError` is the reason.
     bool setFile(const QString& path);
-    /// @return why the file could not be written to its end, after which nothing more was; empty if
-    ///         all is written.
+    /// @return file and reason why it could not be written to its end; empty if all is written.
+    ///         Nothing more is then written to it, and its last line is a whole one.
     QString fileError() const { return problem; }
     const QVector<QJsonObject>& entries() const;
     /// Forgets the entries. Numbers start from 1 again, but for a file: it is kept and goes on.
@@ -71,12 +71,14 @@ class WORKBENCH_API Journal : public QObject {
   private:
     Journal();
     void write(const QJsonObject& entry);
+    void fail();
     void recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer);
 
     QVector<QJsonObject> list;
     QElapsedTimer clock;
     QFile file;
     QString problem;
+    qint64 wholeLines = 0;  ///< Bytes of the file so far.
     int lastSeq = 0;
 };
 

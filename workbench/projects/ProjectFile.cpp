@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include "workbench/hostlibs/common/wholeFile.h"
 #include "workbench/projects/creationRequest.h"
 #include "workbench/projects/fileKind.h"
 
@@ -83,13 +84,9 @@ bool ProjectFile::writeNew(const QString& path, QString& error) const {
                         {createdKey, created.toString(Qt::ISODate)},
                         {requestKey, request}};
     if (!source.isEmpty()) content.insert(sourceKey, source);
-    const QByteArray text = QJsonDocument(content).toJson();
-
-    QFile file(path);
-    const bool opened = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    if (opened && file.write(text) == text.size() && file.flush()) return true;
-    error = QDir::toNativeSeparators(path) + QStringLiteral("：") + file.errorString();
-    if (opened) file.remove();
+    const QString reason = makeFile(path, QJsonDocument(content).toJson());
+    if (reason.isEmpty()) return true;
+    error = QDir::toNativeSeparators(path) + QStringLiteral("：") + reason;
     return false;
 }
 

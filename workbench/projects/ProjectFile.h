@@ -25,7 +25,8 @@ struct WORKBENCH_API ProjectFile {
     ///        damaged.
     static std::optional<ProjectFile> read(const QString& path, QString* error = nullptr);
 
-    /// Writes a new file. @return false with `error` set when there is a file of that name already,
+    /// Writes a new file, which is whole as soon as its name is there. @return false with `error`
+    /// set when there is a file of that name already,
     ///         or it cannot be written.
     bool writeNew(const QString& path, QString& error) const;
 

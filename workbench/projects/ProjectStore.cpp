@@ -29,16 +29,26 @@ QJsonObject sourceOf(const QString& path, QString& error) {
     return source;
 }
 
-/// @return a path in the project folder that no file has yet.
-QString freePath(const QString& folder, const CreationPlan& plan, const QDate& day) {
+/// @return the path of the plan's nth file of that day.
+QString pathOf(const QString& folder, const CreationPlan& plan, const QDate& day, int number) {
     QString base = safeFileName(plan.title);
     if (base.isEmpty()) base = QStringLiteral("新建工程");
+    return QStringLiteral("%1/%2-%3-%4.%5")
+        .arg(folder, base, day.toString(QStringLiteral("yyyyMMdd")),
+             QString::number(number).rightJustified(3, QLatin1Char('0')), plan.suffix);
+}
+
+/// Writes a project under the first name that is free, and calls it by that name.
+/// @return path of the file; empty when it could not be written, and why is in `error`.
+QString writeUnderFreeName(ProjectFile& project, const QString& folder, const CreationPlan& plan,
+                           QString& error) {
     for (int number = 1;; ++number) {
-        const QString path =
-            QStringLiteral("%1/%2-%3-%4.%5")
-                .arg(folder, base, day.toString(QStringLiteral("yyyyMMdd")),
-                     QString::number(number).rightJustified(3, QLatin1Char('0')), plan.suffix);
-        if (!QFileInfo::exists(path)) return path;
+        const QString path = pathOf(folder, plan, project.created.date(), number);
+        if (QFileInfo::exists(path)) continue;
+        project.name = QFileInfo(path).completeBaseName();
+        if (project.writeNew(path, error)) return path;
+        // Somebody else was faster: the next number may still be free.
+        if (!QFileInfo::exists(path)) return {};
     }
 }
 
@@ -111,9 +121,7 @@ QString ProjectStore::writeProject(const CreationRequest& request, const Creatio
     project.programType = plan.programType;
     project.created = QDateTime::currentDateTime();
     project.request = toJson(request);
-    const QString path = freePath(folder, plan, project.created.date());
-    project.name = QFileInfo(path).completeBaseName();
-    return project.writeNew(path, error) ? path : QString();
+    return writeUnderFreeName(project, folder, plan, error);
 }
 
 }  // namespace workbench

@@ -78,8 +78,8 @@ const Fields& hostFields() {
          Shape::Objects,
          false,
          {},
-         {field("path", Shape::Text), sound(field("place", Shape::Whole), placeFault),
-          field("cloudPath", Shape::Text), field("cancel", Shape::Truth)},
+         {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
+          field("cloudPath", Shape::Path), field("cancel", Shape::Truth)},
          answerFault},
         {text("cloud"), Shape::Words, false, words("slow refused broken")},
         sound(field("scale", Shape::Number), scaleFault),
@@ -110,7 +110,7 @@ const Fields& scenarioFields() {
                                 {text("list"), Shape::Objects, true, {}, entryFields()}};
     static const Fields fields = {
         field("title", Shape::Text, true),
-        field("installation", Shape::Text),
+        field("installation", Shape::Path),
         {text("host"), Shape::Object, false, {}, hostFields()},
         {text("dialog"),
          Shape::Object,

@@ -40,6 +40,9 @@ void requireShape(const JsonPlace& place, const Field& field) {
         case Shape::Text:
             place.text();
             break;
+        case Shape::Path:
+            place.filePath();
+            break;
         case Shape::Whole:
             place.integer();
             break;

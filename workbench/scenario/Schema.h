@@ -10,6 +10,7 @@ namespace workbench {
 
 enum class Shape {
     Text,
+    Path,   ///< A text without NUL.
     Whole,  ///< A number without fraction.
     Number,
     Truth,

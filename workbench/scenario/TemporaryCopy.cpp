@@ -1,7 +1,15 @@
 #include "workbench/scenario/TemporaryCopy.h"
 
 #include <QDir>
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <filesystem>
+
+#include "workbench/hostlibs/common/wholeFile.h"
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 namespace workbench {
 
@@ -30,6 +38,27 @@ fs::path pathOf(const QString& path) {
     return fs::u8path(path.toStdString());
 }
 
+const QLatin1String lockSuffix(".lock");
+const QFile::Permissions onlyMine = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
+
+/// @return a name that nobody has. @see removeAbandonedCopies
+QString freshPlace() {
+    const QString number = QString::number(QRandomGenerator::system()->generate64(), 16);
+    return QDir(QDir::tempPath())
+        .absoluteFilePath(QStringLiteral("newpro-workbench-") +
+                          number.rightJustified(16, QLatin1Char('0')));
+}
+
+/// @return whether this user made it, as far as the system tells.
+bool isOwn(const QFileInfo& file) {
+#ifdef Q_OS_UNIX
+    return file.ownerId() == geteuid();
+#else
+    Q_UNUSED(file)
+    return true;
+#endif
+}
+
 }  // namespace
 
 QString copyFolder(const QString& source, const QString& target) {
@@ -42,16 +71,53 @@ QString copyFolder(const QString& source, const QString& target) {
     return QString();
 }
 
-TemporaryCopy::TemporaryCopy(const QString& source) {
-    if (!directory.isValid()) {
-        problem = directory.errorString();
+QString copyFolderWhole(const QString& source, const QString& target) {
+    FileLock lock(target + lockSuffix);
+    if (!lock.lock(writerPatience)) return QStringLiteral("%1: %2").arg(target, lock.error());
+    if (QFileInfo(target).isDir()) return {};
+    const QString part = target + QLatin1String(".part");
+    QDir(part).removeRecursively();
+    const QString problem = copyFolder(source, part);
+    if (!problem.isEmpty()) return problem;
+    std::error_code failure;
+    fs::rename(pathOf(part), pathOf(target), failure);
+    if (!failure) return {};
+    return QStringLiteral("%1: %2").arg(target, QString::fromLocal8Bit(failure.message().c_str()));
+}
+
+// The lock comes first: its file is what tells a folder of ours from any other.
+TemporaryCopy::TemporaryCopy(const QString& source)
+    : place(freshPlace()), lock(place + lockSuffix) {
+    if (!lock.lock(0)) {
+        problem = QStringLiteral("%1: %2").arg(place, lock.error());
         return;
     }
-    problem = copyFolder(source, folder());
+    made = QDir().mkdir(place) && QFile::setPermissions(place, onlyMine);
+    if (made)
+        problem = copyFolder(source, folder());
+    else
+        problem = QStringLiteral("%1: the folder cannot be made").arg(place);
+}
+
+TemporaryCopy::~TemporaryCopy() {
+    if (made) QDir(place).removeRecursively();
 }
 
 QString TemporaryCopy::folder() const {
-    return QDir(directory.path()).canonicalPath();
+    return QDir(place).canonicalPath();
+}
+
+void removeAbandonedCopies() {
+    static const QRegularExpression ours(QStringLiteral("^newpro-workbench-[0-9a-f]{16}\\.lock$"));
+    const QDir temporary(QDir::tempPath());
+    const QStringList candidates{QStringLiteral("newpro-workbench-*.lock")};
+    for (const QFileInfo& file : temporary.entryInfoList(candidates, QDir::Files)) {
+        const QFileInfo folder(temporary.filePath(file.completeBaseName()));
+        if (!ours.match(file.fileName()).hasMatch() || file.isSymLink() || !isOwn(file)) continue;
+        if (folder.exists() && (folder.isSymLink() || !isOwn(folder))) continue;
+        FileLock lock(file.filePath());
+        if (lock.lock(0)) QDir(folder.filePath()).removeRecursively();
+    }
 }
 
 }  // namespace workbench

@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QString>
-#include <QTemporaryDir>
+
+#include "workbench/hostlibs/common/FileLock.h"
 
 namespace workbench {
 
@@ -10,9 +11,19 @@ namespace workbench {
 /// @return empty, or why the copy could not be made.
 QString copyFolder(const QString& source, const QString& target);
 
+/// Copies a folder so that the target stands whole or not at all, whenever the copying is killed.
+/// Of several that copy to one target the first does it.
+/// @return empty, or why the copy could not be made.
+QString copyFolderWhole(const QString& source, const QString& target);
+
+/// A copy below the system's temporary folder, from here to the end of the scope. Beside it lies a
+/// file that is locked for as long: a killed process leaves the two behind, and no lock.
 class TemporaryCopy {
   public:
     explicit TemporaryCopy(const QString& source);
+    ~TemporaryCopy();
+    TemporaryCopy(const TemporaryCopy&) = delete;
+    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
 
     /// @return empty, or why the copy could not be made.
     QString error() const { return problem; }
@@ -20,8 +31,14 @@ class TemporaryCopy {
     QString folder() const;
 
   private:
-    QTemporaryDir directory;
+    const QString place;
+    FileLock lock;
     QString problem;
+    bool made = false;
 };
+
+/// Removes the temporary copies of processes that have been killed. A folder without such a file
+/// beside it is not one of ours, and one whose file is locked is in use.
+void removeAbandonedCopies();
 
 }  // namespace workbench

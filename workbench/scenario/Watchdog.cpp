@@ -33,7 +33,8 @@ void Watchdog::watch() {
     while (!over) {
         fed = false;
         if (sign.wait_for(lock, patience, [this] { return fed || over; })) continue;
-        std::fprintf(stderr, "%s\n", lastWords.c_str());
+        lastWords += '\n';
+        std::fwrite(lastWords.data(), 1, lastWords.size(), stderr);
         std::error_code ignored;
         if (!folder.empty()) std::filesystem::remove_all(folder, ignored);
         std::fflush(nullptr);

@@ -161,7 +161,7 @@ const QVector<Verb>& windowVerbs() {
         {QStringLiteral("check"),
          {optional("on"), needed("property"), needed("is", Shape::Anything)},
          check},
-        {QStringLiteral("picture"), {needed("file")}, picture},
+        {QStringLiteral("picture"), {needed("file", Shape::Path)}, picture},
         {QStringLiteral("close"), {}, close}};
     return verbs;
 }

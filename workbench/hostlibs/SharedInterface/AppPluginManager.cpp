@@ -7,8 +7,6 @@ using workbench::Journal;
 
 namespace {
 
-int lastAsked = -1;
-
 QString textOf(int client) {
     static const QMap<int, QString> texts = {{4, QStringLiteral("预算")},
                                              {6, QStringLiteral("概算")},
@@ -28,8 +26,9 @@ AppPluginManager* AppPluginManager::instance() {
 
 bool AppPluginManager::isLoaded(int client) {
     return workbench::journalled("AppPluginManager::isLoaded", {client}, [client] {
-        lastAsked = client;
-        return Host::instance().switches().plugins.value(client, false);
+        workbench::Switches& switches = Host::instance().switches();
+        switches.lastAskedPlugin = client;
+        return switches.plugins.value(client, false);
     });
 }
 
@@ -40,7 +39,8 @@ void AppPluginManager::load(int client) {
 
 void AppPluginManager::load() {
     Journal::instance().call("AppPluginManager::load");
-    Host::instance().switches().plugins.insert(lastAsked, true);
+    workbench::Switches& switches = Host::instance().switches();
+    if (switches.lastAskedPlugin) switches.plugins.insert(*switches.lastAskedPlugin, true);
 }
 
 QString AppPluginManager::pluginText(int client) {

@@ -1,12 +1,14 @@
 #include "workbench/hostlibs/common/Installation.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
+#include "workbench/hostlibs/common/FileLock.h"
 #include "workbench/hostlibs/common/JsonReader.h"
+#include "workbench/hostlibs/common/wholeFile.h"
 
 namespace workbench {
 
@@ -123,7 +125,7 @@ void readGroupedTemplates(const JsonPlace& groups, Installation& into) {
         auto& templates = into.groupedTemplates[name];
         for (const JsonPlace& object : groups.member(name).items()) {
             object.allowOnly(keys({"name", "file"}));
-            templates.append({object.member("name").text(), object.member("file").text()});
+            templates.append({object.member("name").text(), object.member("file").filePath()});
         }
     }
 }
@@ -146,7 +148,7 @@ void readSettings(const QString& path, Installation& into) {
     const JsonPlace basic = root.member("basicSettings");
     basic.allowOnly(keys({"projectFolder", "others"}));
     into.basicSettings.projectFolder =
-        basic.member("projectFolder").text().replace(placeholder, into.folder);
+        basic.member("projectFolder").filePath().replace(placeholder, into.folder);
     into.basicSettings.others = basic.member("others").textMap();
     readSystemSettings(root.member("systemSettings"), into);
     into.transactions = root.member("transactions").textMap();
@@ -154,20 +156,41 @@ void readSettings(const QString& path, Installation& into) {
     readGroupedTemplates(root.member("groupedTemplates"), into);
 }
 
-void readHistory(const QString& path, Installation& into) {
+QStringList readHistory(const QString& path, const QString& folder) {
     const JsonFile file(path);
     const JsonPlace root(file);
     root.allowOnly(keys({"entries"}));
-    into.history = root.member("entries").texts();
-    into.history.replaceInStrings(QString(placeholder), into.folder);
+    QStringList history = root.member("entries").texts();
+    return history.replaceInStrings(QString(placeholder), folder);
 }
 
-QString writeFile(const QString& path, const QByteArray& content) {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit()) {
-        return {};
+QByteArray historyText(QStringList history, const QString& folder) {
+    history.replaceInStrings(folder + QLatin1Char('/'), placeholder + QLatin1Char('/'));
+    const QJsonObject file{{QStringLiteral("entries"), QJsonArray::fromStringList(history)}};
+    return QJsonDocument(file).toJson();
+}
+
+/// Reads a file and gives it the content that follows from what it holds, with nobody else writing
+/// between the two. @param change throws JsonError for a file that it cannot read.
+/// @return empty, or the error; the file then is as it was.
+template <typename Change>
+QString changed(const QString& path, Change&& change) {
+    const auto failure = [&](const QString& reason) {
+        return QDir::toNativeSeparators(path) + QLatin1String(": ") + reason;
+    };
+    FileLock lock(lockOfFolder(path));
+    if (!lock.lock(writerPatience)) return failure(lock.error());
+    try {
+        const QString reason = replaceFile(path, change(path));
+        return reason.isEmpty() ? reason : failure(reason);
+    } catch (const JsonError& wrong) {
+        return wrong.text;
     }
-    return QDir::toNativeSeparators(path) + QLatin1String(": ") + file.errorString();
+}
+
+QStringList withAtHead(const QStringList& head, QStringList history) {
+    for (const QString& entry : head) history.removeAll(entry);
+    return head + history;
 }
 
 QJsonObject objectOf(const QMap<QString, QString>& map) {
@@ -184,7 +207,7 @@ bool Installation::load(const QString& folder, Installation& into, QString& erro
     try {
         readModels(read.folder + QLatin1String("/models.json"), read);
         readSettings(read.folder + QLatin1String("/settings.json"), read);
-        readHistory(read.folder + QLatin1String("/history.json"), read);
+        read.history = readHistory(read.folder + QLatin1String("/history.json"), read.folder);
     } catch (const JsonError& wrong) {
         error = wrong.text;
         return false;
@@ -199,12 +222,17 @@ QString Installation::projectFolder() const {
 }
 
 QString Installation::addToHistory(const QString& entry) {
-    history.removeAll(entry);
-    history.prepend(entry);
-    QStringList portable = history;
-    portable.replaceInStrings(folder + QLatin1Char('/'), placeholder + QLatin1Char('/'));
-    const QJsonObject file{{QStringLiteral("entries"), QJsonArray::fromStringList(portable)}};
-    return writeFile(folder + QLatin1String("/history.json"), QJsonDocument(file).toJson());
+    unwritten.removeAll(entry);
+    unwritten.prepend(entry);
+    history = withAtHead(unwritten, history);
+    const auto merge = [this](const QString& path) {
+        // What others have added since is kept, and what somebody has taken out stays out.
+        if (QFileInfo::exists(path)) history = withAtHead(unwritten, readHistory(path, folder));
+        return historyText(history, folder);
+    };
+    const QString error = changed(folder + QLatin1String("/history.json"), merge);
+    if (error.isEmpty()) unwritten.clear();
+    return error;
 }
 
 QString Installation::saveSystemSettings() {
@@ -214,16 +242,14 @@ QString Installation::saveSystemSettings() {
         {QStringLiteral("estimateTemplate"), systemSettings.estimateTemplate},
         {QStringLiteral("settlementTemplate"), systemSettings.settlementTemplate},
         {QStringLiteral("others"), objectOf(systemSettings.others)}};
-    try {
+    return changed(path, [&settings](const QString& path) {
         const JsonFile file(path);
         // Only this object's text is replaced: the rest stays as its writer laid it out.
         const JsonFile::Span span = JsonPlace(file).member("systemSettings").span();
         const QByteArray object =
             QJsonDocument(settings).toJson().trimmed().replace("\n", "\n    ");
-        return writeFile(path, file.text().left(span.begin) + object + file.text().mid(span.end));
-    } catch (const JsonError& wrong) {
-        return wrong.text;
-    }
+        return file.text().left(span.begin) + object + file.text().mid(span.end);
+    });
 }
 
 }  // namespace workbench

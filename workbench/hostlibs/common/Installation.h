@@ -31,6 +31,7 @@ struct WORKBENCH_API Installation {
     QMap<QString, QString> transactions;
     QMap<int, QStringList> suffixes;  ///< By kind of project file.
     QStringList history;              ///< Most recent first.
+    QStringList unwritten;            ///< Its entries that could not be written to disk yet.
     bool prodAreaYN = false;
     int firstOpenClose = 0;
 
@@ -41,8 +42,9 @@ struct WORKBENCH_API Installation {
     static bool load(const QString& folder, Installation& into, QString& error);
 
     QString projectFolder() const;
-    /// Puts an entry at the head of the history list and writes the list to disk.
-    /// @return empty, or the error.
+    /// Puts an entry at the head of the history list, here and on disk. The list on disk is read
+    /// anew: other programs may have added to it since. One that cannot be read stays as it is.
+    /// @return empty, or the error; the entry is then written with the next one.
     QString addToHistory(const QString& entry);
     /// Writes the system settings back to settings.json. @return empty, or the error.
     QString saveSystemSettings();

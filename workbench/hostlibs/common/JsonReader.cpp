@@ -194,6 +194,12 @@ QString JsonPlace::text() const {
     return value.toString();
 }
 
+QString JsonPlace::filePath() const {
+    const QString name = text();
+    if (name.contains(QChar(0))) fail(QStringLiteral("must not hold a NUL character"));
+    return name;
+}
+
 int JsonPlace::integer() const {
     const double number = value.toDouble(qQNaN());
     if (number != std::floor(number)) fail(QStringLiteral("must be a whole number"));

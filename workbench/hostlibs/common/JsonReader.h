@@ -66,6 +66,8 @@ class WORKBENCH_API JsonPlace {
     QVector<JsonPlace> items() const;
 
     QString text() const;
+    /// @return a text that can be a path: a NUL would end it for the system, and nothing else.
+    QString filePath() const;
     int integer() const;
     bool boolean() const;
     QStringList texts() const;

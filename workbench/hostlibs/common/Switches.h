@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QString>
 #include <QVector>
+#include <optional>
 
 namespace workbench {
 
@@ -54,9 +55,10 @@ struct Switches {
     QMap<QString, QString> areaConfig;    ///< Over the installation's area configuration.
     QMap<QString, QString> transactions;  ///< Over the installation's transactions.
     Account account;
-    QMap<int, bool> plugins;          ///< Program type → loaded. Not named: not loaded.
-    bool fileDialogPrepared = false;  ///< True: `fileAnswers` instead of a real dialog.
-    QVector<FileAnswer> fileAnswers;  ///< Used in turn; after the last: cancel.
+    QMap<int, bool> plugins;             ///< Program type → loaded. Not named: not loaded.
+    std::optional<int> lastAskedPlugin;  ///< Program type that a load without one means.
+    bool fileDialogPrepared = false;     ///< True: `fileAnswers` instead of a real dialog.
+    QVector<FileAnswer> fileAnswers;     ///< Used in turn; after the last: cancel.
     CloudMode cloud;
     bool boxesAnswerThemselves = false;  ///< Boxes answer with their first button at once.
     QVector<ThrowRule> throws;
