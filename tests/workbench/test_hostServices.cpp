@@ -99,6 +99,16 @@ TEST(HostServices, ThePluginManagerLoadsThePluginItWasAskedAboutLast) {
     EXPECT_FALSE(AppPluginManager::instance());
 }
 
+TEST(HostServices, AFreshHostHasForgottenWhichPlugInWasAskedFor) {
+    {
+        TemporaryInstallation installation;
+        EXPECT_FALSE(AppPluginManager::instance()->isLoaded(16));
+    }
+    TemporaryInstallation installation;
+    AppPluginManager::instance()->load();
+    EXPECT_TRUE(installation.switches().plugins.isEmpty());
+}
+
 TEST(HostServices, MessagesReachTheReceiverAfterTheyWereJournalled) {
     TemporaryInstallation installation;
     Lines seen;

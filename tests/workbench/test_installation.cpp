@@ -61,6 +61,8 @@ const Damage damages[] = {
      "must be one of"},
     {"a broken encoding", "models.json", "国标2013", "\xB9\xFA\xB1\xEA", "encoding", "UTF-8"},
     {"bad JSON", "history.json", "[", "[,", "syntax", "illegal value"},
+    {"a project folder that is no path", "settings.json", R"("projectFolder": ")",
+     R"("projectFolder": "\u0000)", "basicSettings.projectFolder", "NUL"},
     {"a key twice", "settings.json", R"("firstOpenClose")", R"("area": {}, "firstOpenClose")",
      "area", "twice"},
     {"a suffix list under no number", "settings.json", R"("16":)", R"("sixteen":)",

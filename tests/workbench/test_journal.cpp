@@ -1,6 +1,11 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <stdexcept>
+#ifdef Q_OS_UNIX
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
 
 #include "tests/support/TestSupport.h"
 #include "workbench/journal/Journal.h"
@@ -96,8 +101,63 @@ TEST(Journal, AFileHoldsEveryEntryAsSoonAsItIsRecorded) {
 
 TEST(Journal, AFileThatCannotBeWrittenIsReported) {
     TemporaryInstallation installation;
-    EXPECT_FALSE(Journal::instance().setFile(installation.path(QStringLiteral("no/such/folder"))));
+    const QString path = installation.path(QStringLiteral("no/such/folder"));
+    EXPECT_FALSE(Journal::instance().setFile(path));
+    EXPECT_EQ(Journal::instance().fileError(),
+              path + QStringLiteral(": No such file or directory"));
+    Journal::instance().setFile(QString());
 }
+
+#ifdef Q_OS_UNIX
+
+namespace {
+
+/// No file can grow beyond a size until the end of the scope, as on a disk that is full then.
+class FullDisk {
+  public:
+    explicit FullDisk(rlim_t bytes) : handler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &before);
+        const rlimit full{bytes, before.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &full), 0);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &before);
+        std::signal(SIGXFSZ, handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+  private:
+    void (*handler)(int);
+    rlimit before{};
+};
+
+}  // namespace
+
+TEST(Journal, AFullDiskIsToldByItsReasonAndLeavesWholeLines) {
+    TemporaryInstallation installation;
+    Journal& journal = Journal::instance();
+    const QString path = installation.path(QStringLiteral("journal.jsonl"));
+    ASSERT_TRUE(journal.setFile(path));
+    journal.call("A::a");
+    journal.call("A::b");
+    QFile file(path);
+    const qint64 whole = file.size();
+    {
+        const FullDisk disk(rlim_t(whole + 10));
+        journal.call("A::c");
+        EXPECT_EQ(journal.fileError(), path + QStringLiteral(": File too large"));
+    }
+    journal.call("A::d");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    EXPECT_EQ(content.size(), whole);
+    EXPECT_TRUE(content.endsWith("}\n")) << content.toStdString();
+    EXPECT_EQ(journal.entries().size(), 4) << "all are kept in memory";
+    journal.setFile(QString());
+}
+
+#endif
 
 TEST(Journal, ThrowsWhatTheSwitchesAskForAtTheNthCallOnly) {
     const struct {

@@ -3,6 +3,7 @@
 #include <QTreeWidget>
 
 #include "tests/workbench/ScenarioFixture.h"
+#include "tests/workbench/TemporaryFolders.h"
 #include "workbench/scenario/Watchdog.h"
 #include "workbench/scenario/hostDialog.h"
 #include "workbench/scenario/slotCall.h"
@@ -12,22 +13,11 @@
 namespace {
 
 using testing_support::Lines;
+using testing_support::TemporaryFolders;
 using workbench::PlayResult;
 using workbench_test::ScenarioTest;
 
 const char* const modelName = "清单计价【国标2013规范，四川2020定额】（税率9%）";
-
-/// Temporary folders, also those of child processes, are made below a folder until the scope ends.
-class TemporaryFolders {
-  public:
-    explicit TemporaryFolders(const QString& folder) : before(qgetenv("TMPDIR")) {
-        qputenv("TMPDIR", folder.toUtf8());
-    }
-    ~TemporaryFolders() { before.isEmpty() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", before); }
-
-  private:
-    const QByteArray before;
-};
 
 struct EarlyEnd {
     const char* steps;

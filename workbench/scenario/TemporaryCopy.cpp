@@ -88,6 +88,10 @@ QString copyFolderWhole(const QString& source, const QString& target) {
 // The lock comes first: its file is what tells a folder of ours from any other.
 TemporaryCopy::TemporaryCopy(const QString& source)
     : place(freshPlace()), lock(place + lockSuffix) {
+    if (QDir::tempPath().isEmpty()) {
+        problem = QStringLiteral("the system's temporary folder does not exist");
+        return;
+    }
     if (!lock.lock(0)) {
         problem = QStringLiteral("%1: %2").arg(place, lock.error());
         return;
@@ -109,6 +113,7 @@ QString TemporaryCopy::folder() const {
 
 void removeAbandonedCopies() {
     static const QRegularExpression ours(QStringLiteral("^newpro-workbench-[0-9a-f]{16}\\.lock$"));
+    if (QDir::tempPath().isEmpty()) return;
     const QDir temporary(QDir::tempPath());
     const QStringList candidates{QStringLiteral("newpro-workbench-*.lock")};
     for (const QFileInfo& file : temporary.entryInfoList(candidates, QDir::Files)) {
