@@ -1,5 +1,7 @@
+#include "tests/support/UnprivilegedUser.h"
 #include "tests/workbench/Writer.h"
 #include "workbench/hostlibs/common/FileLock.h"
+#include "workbench/hostlibs/common/wholeFile.h"
 
 namespace testing_support {
 
@@ -150,7 +152,17 @@ TEST_F(Durability, WhatSomebodyElseTookOutOfTheHistoryStaysOut) {
     EXPECT_EQ(onDisk().history, (QStringList{QStringLiteral("newer"), QStringLiteral("new")}));
 }
 
-TEST_F(Durability, AFileKeepsItsPermissionsAndAProtectedOneItsContent) {
+TEST_F(Durability, AProtectedFileKeepsItsContentAlthoughItsFolderIsOpen) {
+    const QString path = installation.write(QStringLiteral("open/file"), "mine");
+    const auto anybody = QFile::Permissions(0x7777);
+    ASSERT_TRUE(QFile::setPermissions(installation.path(QStringLiteral("open")), anybody));
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadOther));
+    const UnprivilegedUser user(installation.folder());
+    EXPECT_EQ(workbench::replaceFile(path, "yours"), QStringLiteral("Permission denied"));
+    EXPECT_EQ(contentOf(path), QByteArray("mine"));
+}
+
+TEST_F(Durability, AFileKeepsItsPermissions) {
     const auto shared = QFile::permissions(historyFile()) | QFile::WriteGroup;
     ASSERT_TRUE(QFile::setPermissions(historyFile(), shared));
     EXPECT_EQ(installation.values().addToHistory(QStringLiteral("a")), QString());

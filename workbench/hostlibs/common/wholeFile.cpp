@@ -110,15 +110,16 @@ QString makeFile(const QString& path, const QByteArray& content) {
 }
 
 QString replaceFile(const QString& path, const QByteArray& content) {
-    const QFileInfo old(realPath(path));
+    QFile old(realPath(path));
     // Only the folder's permission is needed, but who takes the file's away means something by it.
-    if (old.exists() && !old.isWritable()) return QStringLiteral("The file is not writable");
+    if (old.exists() && !old.open(QIODevice::ReadWrite)) return old.errorString();
+    old.close();
     const QString part = unfinishedFile(path);
     const QString reason = prepare(part, content);
     if (!reason.isEmpty()) return reason;
     if (old.exists()) QFile::setPermissions(part, old.permissions());
     std::error_code failure;
-    fs::rename(pathOf(part), pathOf(old.filePath()), failure);
+    fs::rename(pathOf(part), pathOf(old.fileName()), failure);
     if (failure) QFile::remove(part);
     return textOf(failure);
 }
