@@ -4,6 +4,7 @@ build_packages="g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libf
 test_packages="libgtest-dev librapidcheck-dev binutils"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
+tools_packages="gcovr python3"
 
 # Qt takes file names in the locale's encoding, and the installation's names are Chinese.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
