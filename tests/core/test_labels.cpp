@@ -68,6 +68,19 @@ TEST(ElidedLabelPaints, WhatAPlainLabelPaintsWhereItHasRoom) {
     }
 }
 
+TEST(ElidedLabelPaints, MarkupAsTheTextThatItIs) {
+    const QString markup = QStringLiteral("<b>x</b>");
+    ElidedLabel label(markup, Qt::ElideRight, nullptr);
+    QLabel plain(markup);
+    plain.setTextFormat(Qt::PlainText);
+    prepare(label, 16, {200, 40});
+    prepare(plain, 16, {200, 40});
+    EXPECT_EQ(inkOf(painted(label)), inkOf(painted(plain)));
+    EXPECT_NE(painted(label), painted(QStringLiteral("x"), Qt::ElideRight, {200, 40}));
+    label.setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
+    EXPECT_EQ(label.sizeHint(), plain.sizeHint()) << "as wide as what it paints";
+}
+
 TEST(ElidedLabelPaints, InTheDisabledColourWhileItIsDisabled) {
     ElidedLabel label(tallText, Qt::ElideRight, nullptr);
     prepare(label, 20, {200, 40});

@@ -59,9 +59,13 @@ TEST_F(TaxModes, TheSlotsAreReachedThroughTheMetaObject) {
 
 TEST_F(TaxModes, NumbersThatAreNoPageLeaveThePage) {
     open();
-    for (int i : {5, -1, 99, -99}) {
+    ASSERT_EQ(taxStack()->count(), 5);
+    // Not the first page: going round the stack's end would lead there.
+    click(button("simpleTaxButton"));
+    for (int i : {5, 6, -1, 99, -99}) {
         ASSERT_TRUE(callTax("slotCalculationTaxClicked", i));
-        EXPECT_EQ(taxStack()->currentIndex(), 0) << i;
+        EXPECT_EQ(taxStack()->currentIndex(), 1) << i;
+        EXPECT_EQ(checkedTaxButtons(), Lines{"simpleTaxButton"}) << i;
     }
     EXPECT_EQ(countOf("exception"), 0);
 }
