@@ -92,6 +92,11 @@ TEST(PageMessage, ValuesOfOtherTypesAreSentAsTexts) {
     EXPECT_EQ(body.value(QStringLiteral("GcLx")), QJsonValue(QStringLiteral("12")));
 }
 
+TEST(FeeModes, BearTheNamesOfTheHostsConfiguration) {
+    EXPECT_EQ(newpro::wholeProjectFee, QStringLiteral("整体计费"));
+    EXPECT_EQ(newpro::perUnitFee, QStringLiteral("单独计费"));
+}
+
 TEST(ProjectMap, HoldsThirteenKeysWithTheirTypes) {
     const QVariantMap map = newpro::newProjectMap(testing_support::model(QStringLiteral("某模式")));
     const struct {
