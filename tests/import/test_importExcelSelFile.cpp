@@ -32,6 +32,17 @@ TEST_F(ExcelSelection, opens_on_the_budget_type_with_nothing_chosen) {
     EXPECT_TRUE(contracting(dialog)->autoFillBackground());
 }
 
+TEST_F(ExcelSelection, chooses_no_source_by_the_return_key) {
+    importExcelSelFile dialog(nullptr);
+    dialog.show();
+    combo(dialog)->setFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        QTest::keyClick(combo(dialog), key);
+        EXPECT_EQ(countOf("zFileDialog::getOpenFileName"), 0);
+        expectNothingChosen(dialog);
+    }
+}
+
 TEST_F(ExcelSelection, asks_the_host_for_the_models_of_every_tax_mode_and_keeps_the_large_mode) {
     { const importExcelSelFile dialog(nullptr); }
     EXPECT_EQ(flowLines(),

@@ -66,6 +66,15 @@ TEST_F(ExcelSelection, shows_all_of_its_texts_at_every_scale) {
     }
 }
 
+TEST_F(ExcelSelection, has_the_contracting_tile_at_the_right_of_the_budget_tile) {
+    importExcelSelFile dialog(nullptr);
+    dialog.show();
+    contracting(dialog)->show();
+    settle();
+    const QRect left = budget(dialog)->geometry();
+    EXPECT_EQ(contracting(dialog)->geometry().topLeft(), left.topRight() + QPoint(1 + 10, 0));
+}
+
 TEST_F(ExcelSelection, writes_both_headings_in_one_font) {
     const importExcelSelFile dialog(nullptr);
     for (const char* text : {"选择工程类型及计价模式", "选择Excel数据源"}) {
