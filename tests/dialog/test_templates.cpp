@@ -28,6 +28,11 @@ class Templates : public DialogTest {
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
         QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
     }
+    /// @return what is painted before a row, where its folder is opened and closed.
+    QImage branch(QTreeWidgetItem* item) {
+        const QRect area = tree()->visualItemRect(item);
+        return tree()->viewport()->grab({0, area.top(), area.left(), area.height()}).toImage();
+    }
     std::string created(const QString& file) const {
         return "signal SignalCreateMB(4, 44, \"" + file.toStdString() + "\")";
     }
@@ -60,6 +65,25 @@ TEST_F(Templates, OnlyFileRowsHaveANewButton) {
     EXPECT_FALSE(newButton(folderItem()));
     const QWidget* label = row(fileItem())->findChild<QLabel*>();
     EXPECT_LT(label->geometry().right(), newButton(fileItem())->geometry().left());
+}
+
+TEST_F(Templates, FoldersShowWhetherTheyAreOpen) {
+    host.addTemplate(QStringLiteral("kvys"), QStringLiteral("末/深.MODX"));
+    showTree();
+    ASSERT_EQ(tree()->topLevelItemCount(), 3);
+    for (int row : {1, 2}) {
+        SCOPED_TRACE(row);
+        QTreeWidgetItem* folder = tree()->topLevelItem(row);
+        const QImage open = branch(folder);
+        folder->setExpanded(false);
+        settle();
+        const QImage closed = branch(folder);
+        QImage blank = open.copy();
+        blank.fill(open.pixel(0, 0));
+        EXPECT_NE(open, blank);
+        EXPECT_NE(closed, blank);
+        EXPECT_NE(open, closed);
+    }
 }
 
 TEST_F(Templates, ADoubleClickOnAFileRowAsksThenAcceptsThenSignals) {
