@@ -7,6 +7,7 @@
 #include <cstdio>
 
 #include "tests/support/TestSupport.h"
+#include "tests/support/platformMessages.h"
 #include "workbench/hostlibs/common/Skin.h"
 
 namespace testing_support {
@@ -22,12 +23,6 @@ QMutex mutex;
 QVector<Expected>& expected() {
     static QVector<Expected> list;
     return list;
-}
-
-/// What the display-less platform says of itself, not of the program.
-bool isOfPlatform(const QString& text) {
-    return text.startsWith(QLatin1String("This plugin does not support")) ||
-           text.contains(QLatin1String("XDG_RUNTIME_DIR"));
 }
 
 void judgeMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {

@@ -74,7 +74,7 @@ void Player::tick() {
         return;
     }
     if (takeNextStep()) return attempt(planning());
-    const QWidget* top = topWindow();
+    const QWidget* top = skips() ? nullptr : topWindow();
     end(top && top != stage.dialog ? QStringLiteral("a window is left open: %1").arg(described(top))
                                    : QString());
     QTimer::singleShot(0, this, &Player::tick);
@@ -82,14 +82,20 @@ void Player::tick() {
 
 void Player::attempt(const Plan& plan) {
     if (plan.deed) return perform(plan);
-    const bool late = stepClock.elapsed() > options.stepLimit;
-    if (plan.hopeless || late) {
-        const QWidget* top = topWindow();
-        const bool stranger = late && top && top != stage.dialog;
-        end(stranger ? QStringLiteral("%1; open is %2").arg(plan.lacking, described(top))
-                     : plan.lacking);
+    const bool late = stepClock.elapsed() > (skips() ? options.skipAfter : options.stepLimit);
+    if (plan.hopeless || late) giveUp(plan.lacking, late);
+    QTimer::singleShot(planning ? glanceMs : 0, this, &Player::tick);
+}
+
+void Player::giveUp(const QString& lacking, bool late) {
+    if (skips()) {
+        planning = {};
+        ++skipped;
+        return;
     }
-    QTimer::singleShot(glanceMs, this, &Player::tick);
+    const QWidget* top = topWindow();
+    const bool stranger = late && top && top != stage.dialog;
+    end(stranger ? QStringLiteral("%1; open is %2").arg(lacking, described(top)) : lacking);
 }
 
 void Player::perform(const Plan& plan) {
@@ -99,7 +105,7 @@ void Player::perform(const Plan& plan) {
     try {
         plan.deed();
     } catch (const StepFailure& failure) {
-        end(failure.reason);
+        giveUp(failure.reason, false);
     } catch (const std::exception& escaped) {
         end(QStringLiteral("an exception escaped: ") + QString::fromLocal8Bit(escaped.what()));
     } catch (...) {

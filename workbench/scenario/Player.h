@@ -16,17 +16,20 @@ namespace workbench {
 class Watchdog;
 
 struct PlayOptions {
-    QString installation;      ///< For scenarios that name none.
-    QString pictureFolder;     ///< Empty: pictures are not kept.
-    QJsonObject host;          ///< Settings under those of the scenario.
-    bool watch = false;        ///< At a person's pace, with a main window.
-    int stepLimit = 10000;     ///< Milliseconds that a step may take.
-    int hangLimit = 20000;     ///< Milliseconds beyond it after which the process is ended.
+    QString installation;   ///< For scenarios that name none.
+    QString pictureFolder;  ///< Empty: pictures are not kept.
+    QJsonObject host;       ///< Settings under those of the scenario.
+    bool watch = false;     ///< At a person's pace, with a main window.
+    int stepLimit = 10000;  ///< Milliseconds that a step may take.
+    int skipAfter = -1;     ///< Milliseconds after which a step that cannot be done is skipped, and
+                            ///< a window may be left open; negative: either ends the scenario.
+    int hangLimit = 20000;  ///< Milliseconds beyond it after which the process is ended.
     bool leaveDialog = false;  ///< A dialog that is open at the end stays open.
 };
 
 struct PlayResult {
     QString unplayable;       ///< Why the scenario could not be set up; empty if it could.
+    int skipped = 0;          ///< Steps that could not be done, where they are skipped.
     QString ended;            ///< Why it ended before its last step; empty if it did not.
     QStringList differences;  ///< From expectations and checks.
     QStringList pictures;     ///< Files written.
@@ -55,6 +58,7 @@ class Player : public QObject {
 
     /// @return empty when every step was done; else the reason why not.
     QString run();
+    int skippedSteps() const { return skipped; }
 
   Q_SIGNALS:
     /// The last step is done, or the reason to end is known; windows are not closed yet.
@@ -66,6 +70,8 @@ class Player : public QObject {
     bool mustWait() const;
     bool takeNextStep();
     void attempt(const Plan& plan);
+    void giveUp(const QString& lacking, bool late);
+    bool skips() const { return options.skipAfter >= 0; }
     void perform(const Plan& plan);
     void end(const QString& reason);
     void clearUp();
@@ -84,6 +90,7 @@ class Player : public QObject {
     std::function<Plan()> planning;   ///< What is left of the current step; empty: it is done.
     QVector<QPointer<QWidget>> busy;  ///< Per running deed: the window on top when it began.
     QString reason;
+    int skipped = 0;
     bool over = false;
 };
 

@@ -12,85 +12,8 @@ namespace workbench {
 
 namespace {
 
-/// The last place of the host's file dialog, the enterprise cloud disk.
-const int lastPlace = 4;
-
 QString text(const char* utf8) {
     return QString::fromUtf8(utf8);
-}
-
-QStringList words(const char* blankSeparated) {
-    return text(blankSeparated).split(QLatin1Char(' '));
-}
-
-Field field(const char* key, Shape shape, bool required = false) {
-    return {text(key), shape, required};
-}
-
-Field word(const char* key, const char* among, bool required = false) {
-    return {text(key), Shape::Word, required, words(among)};
-}
-
-Field sound(Field field, QString (*fault)(const QJsonValue&)) {
-    field.fault = fault;
-    return field;
-}
-
-QString scaleFault(const QJsonValue& scale) {
-    if (scaleFactor(scale.toDouble()) > 0) return {};
-    return text("must be a factor from 1 to 3 or a percentage from 100 to 300");
-}
-
-QString placeFault(const QJsonValue& place) {
-    if (place.toInt() >= 0 && place.toInt() <= lastPlace) return {};
-    return text("must be from 0 to %1").arg(lastPlace);
-}
-
-QString countFault(const QJsonValue& count) {
-    return count.toInt() >= 1 ? QString() : text("must be 1 or more");
-}
-
-/// An answer either cancels or chooses.
-QString answerFault(const QJsonValue& answer) {
-    const bool cancels = answer[text("cancel")].toBool();
-    const bool chooses = !answer[text("path")].toString().isEmpty();
-    if (cancels && answer.toObject().size() == 1) return {};
-    if (chooses && !answer.toObject().contains(text("cancel"))) return {};
-    return text("must be {\"cancel\": true} or have a \"path\" and no \"cancel\"");
-}
-
-const Fields& hostFields() {
-    static const Fields fields = {
-        word("firstPage", "ready busy absent"),
-        word("configuration", "present absent"),
-        field("prodAreaYN", Shape::Truth),
-        field("openVersion", Shape::Number),
-        field("areaConfig", Shape::TextMap),
-        field("transactions", Shape::TextMap),
-        {text("account"),
-         Shape::Object,
-         false,
-         {},
-         {field("loggedIn", Shape::Truth), field("userId", Shape::Text),
-          word("login", "accepted cancelled ask")}},
-        field("plugins", Shape::TruthMap),
-        {text("fileDialog"),
-         Shape::Objects,
-         false,
-         {},
-         {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
-          field("cloudPath", Shape::Path), field("cancel", Shape::Truth)},
-         answerFault},
-        {text("cloud"), Shape::Words, false, words("slow refused broken")},
-        sound(field("scale", Shape::Number), scaleFault),
-        word("skin", "light dark"),
-        {text("throw"),
-         Shape::Objects,
-         false,
-         {},
-         {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
-          word("as", "literal QString std::exception other", true), field("text", Shape::Text)}}};
-    return fields;
 }
 
 const Fields& entryFields() {

@@ -84,6 +84,20 @@ void requireShape(const JsonPlace& place, const Field& field) {
 
 }  // namespace
 
+Field field(const char* key, Shape shape, bool required) {
+    return {QLatin1String(key), shape, required};
+}
+
+Field word(const char* key, const char* words, bool required) {
+    return {QLatin1String(key), Shape::Word, required,
+            QString::fromLatin1(words).split(QLatin1Char(' '))};
+}
+
+Field sound(Field field, QString (*fault)(const QJsonValue&)) {
+    field.fault = fault;
+    return field;
+}
+
 void requireFields(const JsonPlace& object, const Fields& fields) {
     requireType(object, QJsonValue::Object, "an object");
     QStringList keys;

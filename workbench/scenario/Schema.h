@@ -39,6 +39,12 @@ struct Field {
     QString (*fault)(const QJsonValue& value) = nullptr;
 };
 
+/// Makers of fields, for tables. @param words separated by blanks.
+Field field(const char* key, Shape shape, bool required = false);
+Field word(const char* key, const char* words, bool required = false);
+/// @return the field with a judge of its values. @see Field::fault
+Field sound(Field field, QString (*fault)(const QJsonValue&));
+
 /// Throws JsonError for the first member that is unknown, missing or of another shape, or if the
 /// place holds no object.
 void requireFields(const JsonPlace& object, const Fields& fields);

@@ -193,32 +193,21 @@ Plan onDialog(Stage& stage, const QJsonObject& args) {
 }
 
 Field name(const char* key) {
-    return {QLatin1String(key), Shape::Text, true};
-}
-
-Field word(const char* key, const QStringList& words) {
-    return {QLatin1String(key), Shape::Word, false, words};
+    return field(key, Shape::Text, true);
 }
 
 }  // namespace
 
 const QVector<Verb>& dialogVerbs() {
-    static const QString fresh = QStringLiteral("new");
-    static const QString twice = QStringLiteral("double-click");
     static const QVector<Verb> verbs = {
-        {QStringLiteral("open"),
-         {word("dialog", {QStringLiteral("NewProCfgDialog"), QStringLiteral("xzGcLxDialog")})},
-         open},
+        {QStringLiteral("open"), {word("dialog", "NewProCfgDialog xzGcLxDialog")}, open},
         {QStringLiteral("ribbon"), {name("entry")}, onDialog<ribbon>},
         {QStringLiteral("taxMode"), {name("entry")}, onDialog<taxMode>},
         {QStringLiteral("model"),
-         {name("name"),
-          word("use", {fresh, twice, QStringLiteral("menu")}),
-          {QStringLiteral("mode"), Shape::Text}},
+         {name("name"), word("use", "new double-click menu"), field("mode", Shape::Text)},
          onDialog<model>},
         {QStringLiteral("template"),
-         {name("name"), word("from", {QStringLiteral("cards"), QStringLiteral("tree")}),
-          word("use", {fresh, twice})},
+         {name("name"), word("from", "cards tree"), word("use", "new double-click")},
          onDialog<useTemplate>},
         {QStringLiteral("file"), {name("text")}, onDialog<file>},
         {QStringLiteral("pick"), {name("text")}, onDialog<pick>},

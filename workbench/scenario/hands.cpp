@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeySequence>
+#include <QPointer>
 #include <QScrollArea>
 #include <QWindow>
 
@@ -69,6 +70,20 @@ void press(QWidget* widget) {
 void pressTwice(QWidget* widget, QPoint at) {
     QWindow* window = widget->window()->windowHandle();
     QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, inWindow(widget, at));
+}
+
+void pressHastily(const QVector<QWidget*>& widgets) {
+    for (QWidget* widget : widgets) {
+        const QPointer<QWindow> window = widget->window()->windowHandle();
+        const QPoint at = inWindow(widget, widget->rect().center());
+        QMetaObject::invokeMethod(
+            qApp,
+            [window, at] {
+                if (window) QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, at);
+            },
+            Qt::QueuedConnection);
+    }
+    QApplication::processEvents();
 }
 
 void pressClose(QWidget* window) {

@@ -9,8 +9,41 @@ namespace workbench {
 
 namespace {
 
+/// The last place of the host's file dialog, the enterprise cloud disk.
+const int lastPlace = 4;
+
 QString key(const char* ascii) {
     return QLatin1String(ascii);
+}
+
+QString scaleFault(const QJsonValue& scale) {
+    if (scaleFactor(scale.toDouble()) > 0) return {};
+    return QStringLiteral("must be a factor from 1 to 3 or a percentage from 100 to 300");
+}
+
+QString placeFault(const QJsonValue& place) {
+    if (place.toInt() >= 0 && place.toInt() <= lastPlace) return {};
+    return QStringLiteral("must be from 0 to %1").arg(lastPlace);
+}
+
+QString countFault(const QJsonValue& count) {
+    return count.toInt() >= 1 ? QString() : QStringLiteral("must be 1 or more");
+}
+
+/// An answer either cancels or chooses.
+QString answerFault(const QJsonValue& answer) {
+    const bool cancels = answer[key("cancel")].toBool();
+    const bool chooses = !answer[key("path")].toString().isEmpty();
+    if (cancels && answer.toObject().size() == 1) return {};
+    if (chooses && !answer.toObject().contains(key("cancel"))) return {};
+    return QStringLiteral("must be {\"cancel\": true} or have a \"path\" and no \"cancel\"");
+}
+
+/// A field of one of the words or an array of them.
+Field someOf(const char* key, const char* words) {
+    Field field = word(key, words);
+    field.shape = Shape::Words;
+    return field;
 }
 
 void applyFirstPage(const QJsonObject& settings, Switches& switches) {
@@ -81,6 +114,40 @@ void applyThrows(const QJsonArray& json, QVector<ThrowRule>& rules) {
 }
 
 }  // namespace
+
+const Fields& hostFields() {
+    static const Fields fields = {
+        word("firstPage", "ready busy absent"),
+        word("configuration", "present absent"),
+        field("prodAreaYN", Shape::Truth),
+        field("openVersion", Shape::Number),
+        field("areaConfig", Shape::TextMap),
+        field("transactions", Shape::TextMap),
+        {key("account"),
+         Shape::Object,
+         false,
+         {},
+         {field("loggedIn", Shape::Truth), field("userId", Shape::Text),
+          word("login", "accepted cancelled ask")}},
+        field("plugins", Shape::TruthMap),
+        {key("fileDialog"),
+         Shape::Objects,
+         false,
+         {},
+         {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
+          field("cloudPath", Shape::Path), field("cancel", Shape::Truth)},
+         answerFault},
+        someOf("cloud", "slow refused broken"),
+        sound(field("scale", Shape::Number), scaleFault),
+        word("skin", "light dark"),
+        {key("throw"),
+         Shape::Objects,
+         false,
+         {},
+         {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
+          word("as", "literal QString std::exception other", true), field("text", Shape::Text)}}};
+    return fields;
+}
 
 double scaleFactor(double number) {
     if (number >= 100) number /= 100;

@@ -74,6 +74,7 @@ PlayResult play(const Scenario& scenario, const PlayOptions& options) {
         QObject::connect(&player, &Player::ending,
                          [&] { result.journal = Journal::instance().entries(); });
         result.ended = player.run();
+        result.skipped = player.skippedSteps();
         result.differences = stage.differences;
         result.pictures = stage.pictures;
         delete stage.dialog;

@@ -5,6 +5,7 @@
 
 #include "workbench/scenario/Stage.h"
 #include "workbench/scenario/hands.h"
+#include "workbench/scenario/hostSettings.h"
 #include "workbench/scenario/journalText.h"
 #include "workbench/scenario/slotCall.h"
 #include "workbench/scenario/targets.h"
@@ -73,17 +74,38 @@ Plan key(Stage& stage, const QJsonObject& args) {
     });
 }
 
+/// @param found set to the widget called `on`. @return what stands in the way of a click; a plan
+///        that lacks nothing if nothing does.
+Plan findToClick(QWidget* window, const QString& on, QWidget*& found) {
+    found = anything(window, on);
+    if (!found) return nothingCalled(window, on);
+    bringIntoSight(found);
+    const QString reason = unreachable(found);
+    if (reason.isEmpty()) return {};
+    return Plan::wait(QStringLiteral("\"%1\" cannot be clicked: %2").arg(on, reason));
+}
+
 Plan click(Stage& stage, const QJsonObject& args) {
     QWidget* window = stage.window();
     if (!window) return noWindow();
-    const QString on = text(args, "on");
-    QWidget* target = anything(window, on);
-    if (!target) return nothingCalled(window, on);
-    bringIntoSight(target);
-    const QString reason = unreachable(target);
-    if (!reason.isEmpty())
-        return Plan::wait(QStringLiteral("\"%1\" cannot be clicked: %2").arg(on, reason));
-    return Plan::act([target] { press(target); });
+    QWidget* target = nullptr;
+    const Plan obstacle = findToClick(window, text(args, "on"), target);
+    if (!obstacle.lacking.isEmpty()) return obstacle;
+    const bool twice = args.value(QLatin1String("twice")).toBool();
+    return Plan::act(
+        [target, twice] { twice ? pressTwice(target, target->rect().center()) : press(target); });
+}
+
+Plan clicks(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window) return noWindow();
+    QVector<QWidget*> targets;
+    for (const QString& on : args.value(QLatin1String("on")).toVariant().toStringList()) {
+        targets.append(nullptr);
+        const Plan obstacle = findToClick(window, on, targets.last());
+        if (!obstacle.lacking.isEmpty()) return obstacle;
+    }
+    return Plan::act([targets] { pressHastily(targets); });
 }
 
 void compare(Stage& stage, const QWidget* target, const QJsonObject& args) {
@@ -128,11 +150,11 @@ Plan close(Stage& stage, const QJsonObject&) {
 }
 
 Field needed(const char* key, Shape shape = Shape::Text) {
-    return {QLatin1String(key), shape, true};
+    return field(key, shape, true);
 }
 
 Field optional(const char* key, Shape shape = Shape::Text) {
-    return {QLatin1String(key), shape, false};
+    return field(key, shape);
 }
 
 QString keyFault(const QJsonValue& keys) {
@@ -143,26 +165,35 @@ QString targetFault(const QJsonValue& on) {
     return on.toString().isEmpty() ? QStringLiteral("must not be empty") : QString();
 }
 
+QString targetsFault(const QJsonValue& on) {
+    const QStringList targets = on.toVariant().toStringList();
+    return targets.isEmpty() || targets.contains(QString())
+               ? QStringLiteral("must name widgets, one at least")
+               : QString();
+}
+
+Plan host(Stage& stage, const QJsonObject& args) {
+    return Plan::act([&stage, args] { applyHostSettings(args, stage.folder); });
+}
+
 }  // namespace
 
 const QVector<Verb>& windowVerbs() {
-    static const QStringList sources = {QStringLiteral("file"), QStringLiteral("folder"),
-                                        QStringLiteral("close")};
     static const QVector<Verb> verbs = {
-        {QStringLiteral("excel"), {{QStringLiteral("choose"), Shape::Word, true, sources}}, excel},
+        {QStringLiteral("excel"), {word("choose", "file folder close", true)}, excel},
         {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
         {QStringLiteral("call"), {needed("slot"), optional("args", Shape::Array)}, call},
-        {QStringLiteral("key"),
-         {{QStringLiteral("key"), Shape::Text, true, {}, {}, keyFault}, optional("on")},
-         key},
+        {QStringLiteral("key"), {sound(needed("key"), keyFault), optional("on")}, key},
         {QStringLiteral("click"),
-         {{QStringLiteral("on"), Shape::Text, true, {}, {}, targetFault}},
+         {sound(needed("on"), targetFault), optional("twice", Shape::Truth)},
          click},
+        {QStringLiteral("clicks"), {sound(needed("on", Shape::Texts), targetsFault)}, clicks},
         {QStringLiteral("check"),
          {optional("on"), needed("property"), needed("is", Shape::Anything)},
          check},
         {QStringLiteral("picture"), {needed("file", Shape::Path)}, picture},
-        {QStringLiteral("close"), {}, close}};
+        {QStringLiteral("close"), {}, close},
+        {QStringLiteral("host"), hostFields(), host}};
     return verbs;
 }
 
