@@ -37,13 +37,15 @@ class NEWPRO_HOST_API KVBaseDialog : public RoundedDialog {
     Q_OBJECT
   public:
     explicit KVBaseDialog(QWidget* parent = nullptr);
+    ~KVBaseDialog() override;
     void done(int result) override;
 
   protected:
     void showEvent(QShowEvent* event) override;
 
   private:
-    bool running = false;  ///< Shown and not done yet; a hidden dialog goes on running.
+    /// Class name from being shown until done, null otherwise; a hidden dialog goes on running.
+    const char* running = nullptr;
 };
 
 /// Modal dialog with a close button in its upper right corner and no title bar: the content of the

@@ -24,7 +24,7 @@ struct Errand {
 /// How a seed failed.
 struct Failure {
     quint32 seed = 0;
-    QString fault;  ///< "kind: details", the first of its faults.
+    QString fault;  ///< "kind: details"
 };
 
 struct Tally {

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include "tests/monkey/performance.h"
@@ -32,7 +33,7 @@ int stepsOf(const QJsonObject& content, const char* verb = nullptr) {
 
 /// @return what a scenario must expect to show the fault when it is played; empty where it cannot.
 QJsonObject expectation(const QJsonObject& content, const QString& fault) {
-    const QString kind = kindOf(fault);
+    const QString kind = fault.section(QLatin1Char(':'), 0, 0);
     const auto never = [](const char* member, const QString& value) {
         return QJsonObject{{key("never"), QJsonArray{QJsonObject{{key(member), value}}}}};
     };
@@ -48,7 +49,7 @@ QJsonObject expectation(const QJsonObject& content, const QString& fault) {
 }  // namespace
 
 QString kindOf(const QString& fault) {
-    return fault.section(QLatin1Char(':'), 0, 0);
+    return fault.section(QLatin1String(": "), 0, 1);
 }
 
 QString keepShrunk(const Failure& failure, const Traps& traps, const QString& folder) {
@@ -79,13 +80,16 @@ QString keepShrunk(const Failure& failure, const Traps& traps, const QString& fo
         .arg(file);
 }
 
-QString summary(const Tally& tally, int failures, qint64 ms) {
+QString summary(const Herd& herd, qint64 ms) {
+    const Tally& tally = herd.tally();
+    QSet<quint32> failed;
+    for (const Failure& failure : herd.failures()) failed.insert(failure.seed);
     QStringList counts;
     for (auto it = tally.counts.constBegin(); it != tally.counts.constEnd(); ++it)
         counts.append(QStringLiteral("%1 %2").arg(it.value()).arg(it.key()));
     return QStringLiteral("%1 sequences, %2 failed, %3 s (%4)")
         .arg(tally.sequences)
-        .arg(failures)
+        .arg(failed.size())
         .arg(double(ms) / 1000, 0, 'f', 1)
         .arg(counts.join(QStringLiteral(", ")));
 }

@@ -5,7 +5,7 @@
 
 namespace monkey {
 
-/// @return what a fault is a case of: its text up to the first colon.
+/// @return what a fault is a case of: its first two parts, between colons.
 QString kindOf(const QString& fault);
 
 /// Shrinks the sequence of a failure, each candidate played in a process of its own, and keeps the
@@ -15,6 +15,6 @@ QString kindOf(const QString& fault);
 QString keepShrunk(const Failure& failure, const Traps& traps, const QString& folder);
 
 /// @param ms how long it took. @return a sentence for people.
-QString summary(const Tally& tally, int failures, qint64 ms);
+QString summary(const Herd& herd, qint64 ms);
 
 }  // namespace monkey

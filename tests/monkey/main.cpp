@@ -28,6 +28,9 @@ void print(const QString& line) {
     std::fflush(stdout);
 }
 
+/// Of the faults of different kinds; a broken dialog need not be shown a hundred times.
+const int mostShrunk = 12;
+
 struct CommandLine {
     monkey::Errand errand;
     QString folder;  ///< For shrunk scenarios.
@@ -98,8 +101,8 @@ int playSequences(const monkey::Errand& errand) {
             done = monkey::perform(scenario, errand.traps);
         else
             done.faults.append(QStringLiteral("sequence: it is no scenario"));
-        if (!done.faults.isEmpty())
-            print(QStringLiteral("fault ") + done.faults.first().simplified());
+        for (const QString& fault : qAsConst(done.faults))
+            print(QStringLiteral("fault ") + fault.simplified());
         print(QStringLiteral("end steps=%1 skipped=%2 dialogs=%3 requests=%4 exceptions=%5")
                   .arg(done.steps)
                   .arg(done.skipped)
@@ -129,12 +132,13 @@ int sendHerd(const CommandLine& line) {
     clock.start();
     monkey::Herd herd(line.errand);
     herd.run();
-    print(monkey::summary(herd.tally(), herd.failures().size(), clock.elapsed()));
+    print(monkey::summary(herd, clock.elapsed()));
     QSet<QString> known;
     for (const monkey::Failure& failure : herd.failures()) {
         print(QStringLiteral("seed %1: %2").arg(failure.seed).arg(failure.fault));
-        if (known.contains(monkey::kindOf(failure.fault))) continue;
-        known.insert(monkey::kindOf(failure.fault));
+        const QString fault = monkey::kindOf(failure.fault);
+        if (known.contains(fault) || known.size() == mostShrunk) continue;
+        known.insert(fault);
         print(monkey::keepShrunk(failure, line.errand.traps, line.folder));
     }
     return herd.failures().isEmpty() ? 0 : 1;

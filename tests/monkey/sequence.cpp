@@ -306,9 +306,11 @@ QJsonObject sequence(quint32 seed) {
         if (dice.onceIn(7)) follow(dice, steps);
         steps.append(step(dice));
     }
+    QJsonObject settings = host(dice, 4);
+    if (dice.onceIn(2)) settings.insert(key("throw"), list(dice, 4, throwRule));
     return {{key("title"), QStringLiteral("Random user %1").arg(seed)},
             {key("installation"), QStringLiteral(MONKEY_INSTALLATION)},
-            {key("host"), host(dice, 4)},
+            {key("host"), settings},
             {key("dialog"), dialog(dice)},
             {key("steps"), steps}};
 }

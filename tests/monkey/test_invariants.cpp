@@ -85,7 +85,9 @@ TEST(InvariantsTest, AWrongEntryIsFound) {
 
 TEST(InvariantsTest, EveryWindowThatIsOpenedIsDone) {
     EXPECT_EQ(kindOf(monkey::journalFaults(journal({opened, done, opened}))), "balance");
-    EXPECT_EQ(kindOf(monkey::journalFaults(journal({opened, done, done}))), "balance");
+    EXPECT_EQ(kindOf(monkey::journalFaults(journal({opened, opened, done}))), "balance");
+    EXPECT_EQ(kindOf(monkey::journalFaults(journal({opened, done, done, opened}))), "balance");
+    EXPECT_EQ(kindOf(monkey::journalFaults(journal({opened, done, done}))), "");
 }
 
 TEST(InvariantsTest, AnExceptionNeedsAHostThatThrows) {

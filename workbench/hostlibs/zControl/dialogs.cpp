@@ -47,15 +47,21 @@ KVBaseDialog::KVBaseDialog(QWidget* parent) : RoundedDialog(parent) {
     setModal(true);
 }
 
+// Deleted while it runs, as with its parent, it is done all the same.
+KVBaseDialog::~KVBaseDialog() {
+    if (running) workbench::Journal::instance().dialogDone(QLatin1String(running), Rejected);
+}
+
 void KVBaseDialog::showEvent(QShowEvent* event) {
-    if (!running)
-        workbench::Journal::instance().dialogOpened(QLatin1String(metaObject()->className()));
-    running = true;
+    if (!running) {
+        running = metaObject()->className();
+        workbench::Journal::instance().dialogOpened(QLatin1String(running));
+    }
     RoundedDialog::showEvent(event);
 }
 
 void KVBaseDialog::done(int result) {
     workbench::Journal::instance().dialogDone(QLatin1String(metaObject()->className()), result);
-    running = false;
+    running = nullptr;
     RoundedDialog::done(result);
 }
