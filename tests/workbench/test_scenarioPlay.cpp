@@ -9,6 +9,7 @@
 #include "workbench/scenario/slotCall.h"
 #include "workbench/scenario/targets.h"
 #include "workbench/scenario/verbs.h"
+#include "zControl.h"
 
 namespace {
 
@@ -185,6 +186,83 @@ TEST_F(ScenarioTest, AFailedCheckIsADifferenceAndNotAnEnd) {
         result.differences.first().toStdString(),
         "check: text of \"generalTaxButton\"\n    expected: \"x\"\n    found:    \"一般计税\"");
     EXPECT_FALSE(result.asExpected());
+}
+
+TEST(ModalTest, AWindowThatIsDeletedWhileItRunsIsDone) {
+    const testing_support::TemporaryInstallation installation;
+    for (const bool closes : {true, false}) {
+        zTitleModal window;
+        window.show();
+        if (closes) window.accept();
+    }
+    EXPECT_EQ(testing_support::journalLines({"dialog"}),
+              Lines({"dialog zTitleModal opened", "dialog zTitleModal done 1",
+                     "dialog zTitleModal opened", "dialog zTitleModal done 0"}));
+}
+
+TEST_F(ScenarioTest, TheHostChangesBetweenSteps) {
+    const PlayResult result = play(
+        R"("host": {"firstPage": "absent", "throw": [{"call": "SharedInterface::UseFunc",
+                                                      "as": "literal"}]},
+           "steps": [
+             {"do": "open"}, {"do": "model", "name": ")" +
+        std::string(modelName) + R"("},
+             {"do": "host", "firstPage": "ready"},
+             {"do": "open"}, {"do": "model", "name": ")" +
+        modelName + R"("},
+             {"do": "host", "throw": [], "skin": "dark",
+              "fileDialog": [{"path": "ProjectFiles/老城区给水管网.GCF"}]},
+             {"do": "open"}, {"do": "ribbon", "entry": "审核工程"}, {"do": "browse"},
+             {"do": "check", "on": "fileCombo", "property": "currentText",
+              "is": "{installation}/ProjectFiles/老城区给水管网.GCF"},
+             {"do": "ribbon", "entry": "预算工程"}, {"do": "model", "name": ")" +
+        modelName + R"("}],
+           "expect": {"inOrder": [
+             {"name": "osgi::ObjectHelper::GetService", "answer": null},
+             {"kind": "dialog", "event": "opened"},
+             {"name": "osgi::ObjectHelper::GetService", "answer": true},
+             {"kind": "exception"},
+             {"kind": "dialog", "event": "opened"}],
+             "only": {"names": ["SignalCreatePro"], "list": [{}]}})");
+    EXPECT_TRUE(result.asExpected())
+        << (result.ended + result.differences.join(QLatin1Char('\n'))).toStdString();
+    EXPECT_EQ(workbench::Host::instance().skin(), QStringLiteral("light"));
+}
+
+TEST_F(ScenarioTest, HastyClicksArriveOneAfterTheOther) {
+    const PlayResult result = play(
+        R"("steps": [{"do": "open"},
+             {"do": "clicks", "on": ["simpleTaxButton", "审核工程"]},
+             {"do": "check", "on": "simpleTaxButton", "property": "checked", "is": true},
+             {"do": "check", "on": "m_StackedWidget", "property": "currentIndex", "is": 1},
+             {"do": "clicks", "on": ["预算工程", "审核工程", "closeButton"]},
+             {"do": "check", "on": "m_StackedWidget", "property": "currentIndex", "is": 1}],
+           "expect": {"inOrder": [{"event": "done", "result": 0}]})");
+    EXPECT_TRUE(result.asExpected())
+        << (result.ended + result.differences.join(QLatin1Char('\n'))).toStdString();
+}
+
+TEST_F(ScenarioTest, AnythingCanBeClickedTwice) {
+    const std::string steps = R"("steps": [{"do": "open"}, {"do": "click", "on": "lblTitle"},
+                                           {"do": "click", "on": "lblTitle")";
+    EXPECT_FALSE(play(steps + R"(}], "expect": {"inOrder": [{"kind": "signal"}]})").asExpected());
+    const PlayResult twice =
+        play(steps + R"(, "twice": true}], "expect": {"inOrder": [{"kind": "signal"}]})");
+    EXPECT_TRUE(twice.asExpected())
+        << (twice.ended + twice.differences.join(QLatin1Char('\n'))).toStdString();
+}
+
+TEST_F(ScenarioTest, WhereStepsAreSkippedNoneEndsTheScenario) {
+    options.skipAfter = 0;
+    const PlayResult result = play(
+        R"("steps": [{"do": "create"}, {"do": "open"}, {"do": "open"},
+             {"do": "click", "on": "nobody"}, {"do": "call", "slot": "nowhere"},
+             {"do": "ribbon", "entry": "导入Excel新建"}])");
+    EXPECT_EQ(result.ended, QString());
+    EXPECT_EQ(result.skipped, 4);
+    EXPECT_FALSE(QApplication::activeModalWidget());
+    EXPECT_EQ(result.journal.last().value(QLatin1String("name")).toString(),
+              QStringLiteral("importExcelSelFile"));
 }
 
 TEST_F(ScenarioTest, AScenarioLeavesNothingBehind) {
