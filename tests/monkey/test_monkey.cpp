@@ -16,7 +16,7 @@ struct Ran {
 Ran runProgram(const char* program, const QStringList& arguments) {
     QProcess process;
     process.start(QLatin1String(program), arguments);
-    EXPECT_TRUE(process.waitForFinished(100000)) << process.errorString().toStdString();
+    EXPECT_TRUE(process.waitForFinished(110000)) << process.errorString().toStdString();
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput())};
 }
@@ -51,7 +51,7 @@ class MonkeyTest : public testing::Test {
 };
 
 TEST_F(MonkeyTest, AFaultIsShrunkToTheStepsThatItNeeds) {
-    const Ran ran = play(1, 20, {QStringLiteral("--never"), QStringLiteral("importExcelSelFile")});
+    const Ran ran = play(1, 12, {QStringLiteral("--never"), QStringLiteral("importExcelSelFile")});
     EXPECT_EQ(ran.code, 1);
     EXPECT_TRUE(ran.out.contains(QStringLiteral("never: importExcelSelFile")))
         << ran.out.toStdString();
@@ -62,7 +62,7 @@ TEST_F(MonkeyTest, AFaultIsShrunkToTheStepsThatItNeeds) {
 }
 
 TEST_F(MonkeyTest, AShrunkScenarioShowsItsFaultWhenItIsPlayed) {
-    play(1, 20, {QStringLiteral("--never"), QStringLiteral("SignalCreatePro")});
+    play(1, 12, {QStringLiteral("--never"), QStringLiteral("SignalCreatePro")});
     const Ran played = runProgram(PROGRAM, {QStringLiteral("play"), kept()});
     EXPECT_EQ(played.code, 1);
     EXPECT_TRUE(
@@ -82,10 +82,10 @@ TEST_F(MonkeyTest, OneThrowRuleIsLeftOfAHostThatThrows) {
 }
 
 TEST_F(MonkeyTest, ACrashEndsOneProcessOnly) {
-    const Ran ran = play(
-        1, 60, {QStringLiteral("--crash-at"), QStringLiteral("SharedInterface::InsertFunLog")});
+    const Ran ran =
+        play(1, 20, {QStringLiteral("--crash-at"), QStringLiteral("importExcelSelFile")});
     EXPECT_EQ(ran.code, 1);
-    EXPECT_TRUE(ran.out.startsWith(QStringLiteral("60 sequences, "))) << ran.out.toStdString();
+    EXPECT_TRUE(ran.out.startsWith(QStringLiteral("20 sequences, "))) << ran.out.toStdString();
     EXPECT_TRUE(ran.out.contains(QStringLiteral(": crash: "))) << ran.out.toStdString();
     const QJsonArray left = content().value(QStringLiteral("steps")).toArray();
     EXPECT_EQ(left.size(), 2);

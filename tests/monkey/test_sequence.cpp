@@ -14,7 +14,7 @@
 
 namespace {
 
-const int many = 1000;
+const int many = 300;
 
 /// The steps of many sequences.
 QVector<QJsonObject> steps() {
