@@ -5,6 +5,7 @@ test_packages="libgtest-dev librapidcheck-dev binutils"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
 tools_packages="gcovr python3"
+fuzz_packages="clang libclang-rt-14-dev"
 
 # Qt takes file names in the locale's encoding, and the installation's names are Chinese.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
