@@ -8,6 +8,14 @@
 
 namespace fuzzing {
 
+const char soundSettings[] = R"({
+    "area": {"prodAreaYN": false, "configuration": {}}, "firstOpenClose": 0,
+    "basicSettings": {"projectFolder": "", "others": {}},
+    "systemSettings": {"modelName": "", "estimateTemplate": "", "settlementTemplate": "",
+                       "others": {}},
+    "transactions": {}, "suffixes": {}, "groupedTemplates": {}})";
+const char soundHistory[] = R"({"entries": []})";
+
 void require(bool kept, const char* promise) {
     if (kept) return;
     std::fprintf(stderr, "Broken promise: %s\n", promise);

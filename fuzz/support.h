@@ -16,6 +16,10 @@ QString folder();
 /// Writes a file into the folder, over the one before. @return its absolute path.
 QString write(const QString& name, const QByteArray& content);
 
+/// The least that an installation's settings and history hold.
+extern const char soundSettings[];
+extern const char soundHistory[];
+
 /// Cuts the first line off. @return it, without its end.
 QByteArray takeLine(QByteArray& text);
 

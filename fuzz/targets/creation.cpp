@@ -22,16 +22,13 @@ using workbench::ProjectStore;
 
 namespace {
 
+/// @return an installation folder of this process alone.
 const QString& installationFolder() {
     static const QString made = [] {
-        write(QStringLiteral("models.json"), "{}");
-        write(QStringLiteral("settings.json"),
-              R"({"area": {"prodAreaYN": false, "configuration": {}}, "firstOpenClose": 0,
-                  "basicSettings": {"projectFolder": "", "others": {}},
-                  "systemSettings": {"modelName": "", "estimateTemplate": "",
-                                     "settlementTemplate": "", "others": {}},
-                  "transactions": {}, "suffixes": {}, "groupedTemplates": {}})");
-        return folder();
+        require(QDir(folder()).mkpath(QStringLiteral("stage")), "a folder can be made");
+        write(QStringLiteral("stage/models.json"), "{}");
+        write(QStringLiteral("stage/settings.json"), soundSettings);
+        return folder() + QStringLiteral("/stage");
     }();
     return made;
 }
@@ -41,7 +38,7 @@ class Stage {
   public:
     Stage() {
         const QString where = installationFolder();
-        write(QStringLiteral("history.json"), R"({"entries": []})");
+        write(QStringLiteral("stage/history.json"), soundHistory);
         require(Host::instance().loadInstallation(where).isEmpty(), "the installation is sound");
         QObject::connect(&store, &ProjectStore::created, [this](const QString& path) {
             require(made.isEmpty(), "a request makes one file");

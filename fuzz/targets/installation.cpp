@@ -17,13 +17,8 @@ struct File {
 
 const File files[] = {
     {"models.json", "{}"},
-    {"settings.json", R"({
-    "area": {"prodAreaYN": false, "configuration": {}}, "firstOpenClose": 0,
-    "basicSettings": {"projectFolder": "", "others": {}},
-    "systemSettings": {"modelName": "", "estimateTemplate": "", "settlementTemplate": "",
-                       "others": {}},
-    "transactions": {}, "suffixes": {}, "groupedTemplates": {}})"},
-    {"history.json", R"({"entries": []})"},
+    {"settings.json", soundSettings},
+    {"history.json", soundHistory},
 };
 
 /// What can be compared of an installation: everything but the catalogue, which is never written.

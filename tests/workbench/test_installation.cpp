@@ -65,6 +65,8 @@ const Damage damages[] = {
      R"("projectFolder": "\u0000)", "basicSettings.projectFolder", "NUL"},
     {"a key twice", "settings.json", R"("firstOpenClose")", R"("area": {}, "firstOpenClose")",
      "area", "twice"},
+    {"two byte order marks", "history.json", "{", "\xEF\xBB\xBF\xEF\xBB\xBF{", "encoding",
+     "second byte order mark"},
     {"a suffix list under no number", "settings.json", R"("16":)", R"("sixteen":)",
      "suffixes.sixteen", "number"},
 };
@@ -137,8 +139,8 @@ TEST(Installation, ModelsOfOneNameKeepTheirFeeModes) {
     EXPECT_EQ(map.keys(), (QStringList{QStringLiteral("同名"), QStringLiteral("同名")}));
 }
 
-/// Qt's JSON parser leaks the containers that were open when a text breaks off; that is not looked
-/// at in its scope.
+/// Qt's JSON parser leaks the list or object under a key that comes again in its object; that is
+/// not looked at in its scope.
 struct ParserLeaksAreQts {
 #if defined(__SANITIZE_ADDRESS__)
     ParserLeaksAreQts() {
@@ -201,16 +203,18 @@ TEST(Installation, AMissingFileIsAnError) {
 TEST(Installation, KeysWithDotsBracketsAndEscapesAreTakenAsTheyAre) {
     TemporaryInstallation installation;
     QByteArray text = sampleContent("settings.json");
-    text.replace(
-        "\"transactions\": {}",
-        R"("transactions": {"a.b": "1", "a": "2", "b[0]": "3", "\u0022q\\": "4", "": "5"})");
+    text.replace("\"transactions\": {}",
+                 R"("transactions": {"a.b": "1", "a": "2", "b[0]": "3", "\u0022q\\": "4", "": "5",
+            "\u001f": "6", "\u001f\u001f": "7"})");
     installation.write(QStringLiteral("settings.json"), text);
     ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
     const QMap<QString, QString> expected{{QStringLiteral("a.b"), QStringLiteral("1")},
                                           {QStringLiteral("a"), QStringLiteral("2")},
                                           {QStringLiteral("b[0]"), QStringLiteral("3")},
                                           {QStringLiteral("\"q\\"), QStringLiteral("4")},
-                                          {QStringLiteral(""), QStringLiteral("5")}};
+                                          {QStringLiteral(""), QStringLiteral("5")},
+                                          {QStringLiteral("\x1f"), QStringLiteral("6")},
+                                          {QStringLiteral("\x1f\x1f"), QStringLiteral("7")}};
     EXPECT_EQ(installation.values().transactions, expected);
 }
 
@@ -254,6 +258,30 @@ TEST(Installation, HistoryIsKeptOnDiskAndMovesWithItsFolder) {
                      .contains(installation.folder().toUtf8()));
     ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
     EXPECT_EQ(installation.values().history, (QStringList{foreign, mine}));
+}
+
+TEST(Installation, AUnitSeparatorInAKeyIsNoStepOfItsPath) {
+    TemporaryInstallation installation;
+    installation.write(QStringLiteral("models.json"),
+                       R"({"Kvys": [{"taxMode": 0, "models": [{"name": "a", "key": "k",
+                           "description": "", "basis": [], "feeMode": "", "feeModes": [],
+                           "defaultFeeMode": "",
+                           "parameters": {"p": {"q": "1"}},
+                           "parameters\u001fp": 2}]}]})");
+    const QString error = Host::instance().loadInstallation(installation.folder());
+    EXPECT_NE(error.toStdString().find("models.json:5: "), std::string::npos)
+        << error.toStdString();
+    EXPECT_NE(error.toStdString().find("this key is not known"), std::string::npos)
+        << error.toStdString();
+}
+
+TEST(Installation, AFileNamedLikeThePlaceholderKeepsItsName) {
+    TemporaryInstallation installation;
+    const QString entry =
+        QStringLiteral("bd##") + installation.path(QStringLiteral("P/{installation}-001.GCFX"));
+    EXPECT_EQ(installation.values().addToHistory(entry), QString());
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    EXPECT_EQ(installation.values().history, QStringList(entry));
 }
 
 TEST(Installation, WrittenSystemSettingsLeaveTheRestOfTheFileAsItWas) {

@@ -161,7 +161,8 @@ QStringList readHistory(const QString& path, const QString& folder) {
     const JsonPlace root(file);
     root.allowOnly(keys({"entries"}));
     QStringList history = root.member("entries").texts();
-    return history.replaceInStrings(QString(placeholder), folder);
+    // With the separator, as it is written: a file's own name may hold the placeholder's text.
+    return history.replaceInStrings(placeholder + QLatin1Char('/'), folder + QLatin1Char('/'));
 }
 
 QByteArray historyText(QStringList history, const QString& folder) {

@@ -14,15 +14,16 @@ namespace workbench {
 
 namespace {
 
-// Between the steps of a key's path, since a key may hold any printable character.
+// Between the steps of a key's path. A key may hold any character, escaped ones included.
 const QLatin1Char stepMark('\x1f');
+const QLatin1String stepMarkInKey("\\u001f");
 
 QString itemKey(const QString& array, int index) {
     return array + stepMark + QLatin1Char('[') + QString::number(index) + QLatin1Char(']');
 }
 
-QString memberKey(const QString& object, const QString& name) {
-    return object + stepMark + name;
+QString memberKey(const QString& object, QString name) {
+    return object + stepMark + name.replace(stepMark, stepMarkInKey);
 }
 
 /// @return "Kvys[0].models[2].name" for the path of a value; "file" for the whole file.
@@ -123,7 +124,12 @@ JsonFile::JsonFile(const QString& path) : path(path) {
         fail(0, QStringLiteral("file"), QStringLiteral("cannot be read: ") + file.errorString());
     }
     bytes = file.readAll();
-    if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
+    const char mark[] = "\xEF\xBB\xBF";
+    if (bytes.startsWith(mark)) bytes.remove(0, 3);
+    // Qt would skip it without a word, and the places of all values would be lost.
+    if (bytes.startsWith(mark)) {
+        fail(0, QStringLiteral("encoding"), QStringLiteral("a second byte order mark"));
+    }
     const int bad = badlyEncoded(bytes);
     if (bad >= 0) fail(bad, QStringLiteral("encoding"), QStringLiteral("this line is not UTF-8"));
 
