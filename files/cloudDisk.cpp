@@ -93,7 +93,10 @@ QString download(const QJsonObject& file, const QString& folder) {
 QStringList readFileList() {
     QFile file(SharedInterface::GetAppPath() + QLatin1String("/FileList.Ini"));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
-    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QByteArray text = file.readAll();
+    // With its length: without, the list would end at a NUL.
+    return QString::fromUtf8(text.constData(), text.size())
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 bool ownedByAnotherAccount(const QString& cloudPath) {

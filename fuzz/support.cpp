@@ -37,6 +37,10 @@ QString write(const QString& name, const QByteArray& content) {
     return path;
 }
 
+QString textOf(const QByteArray& utf8) {
+    return QString::fromUtf8(utf8.constData(), utf8.size());
+}
+
 QByteArray takeLine(QByteArray& text) {
     const int end = text.indexOf('\n');
     const QByteArray line = text.left(end);

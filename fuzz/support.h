@@ -20,6 +20,9 @@ QString write(const QString& name, const QByteArray& content);
 extern const char soundSettings[];
 extern const char soundHistory[];
 
+/// @return the text with all its NULs, at which QString::fromUtf8(QByteArray) would end.
+QString textOf(const QByteArray& utf8);
+
 /// Cuts the first line off. @return it, without its end.
 QByteArray takeLine(QByteArray& text);
 

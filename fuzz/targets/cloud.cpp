@@ -35,7 +35,7 @@ void requireSoundCopy(const QString& local, const QString& fileName) {
 
 void fuzzCloud(const QByteArray& input) {
     QByteArray rest = input;
-    const QString path = QString::fromUtf8(takeLine(rest));
+    const QString path = textOf(takeLine(rest));
     cloudAnswers() = {};
     while (!rest.isEmpty()) {
         cloudAnswers().next.append(QJsonDocument::fromJson(takeLine(rest)).object());

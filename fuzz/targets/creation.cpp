@@ -28,18 +28,26 @@ const QString& installationFolder() {
         require(QDir(folder()).mkpath(QStringLiteral("stage")), "a folder can be made");
         write(QStringLiteral("stage/models.json"), "{}");
         write(QStringLiteral("stage/settings.json"), soundSettings);
+        write(QStringLiteral("stage/history.json"), soundHistory);
         return folder() + QStringLiteral("/stage");
     }();
     return made;
+}
+
+workbench::Installation soundInstallation() {
+    workbench::Installation sound;
+    QString error;
+    require(workbench::Installation::load(installationFolder(), sound, error),
+            "the installation is sound");
+    return sound;
 }
 
 /// A host over an installation with an empty history, and its project store.
 class Stage {
   public:
     Stage() {
-        const QString where = installationFolder();
-        write(QStringLiteral("stage/history.json"), soundHistory);
-        require(Host::instance().loadInstallation(where).isEmpty(), "the installation is sound");
+        static const workbench::Installation sound = soundInstallation();
+        Host::instance().installation() = sound;
         QObject::connect(&store, &ProjectStore::created, [this](const QString& path) {
             require(made.isEmpty(), "a request makes one file");
             made = path;
@@ -64,15 +72,9 @@ class Stage {
         QString error;
         const auto read = ProjectFile::read(made, &error);
         require(read.has_value(), "a new project can be read");
-        requireInHistory();
         return read;
     }
 
-    ProjectStore store;
-    QString made;
-    bool failed = false;
-
-  private:
     void requireInHistory() const {
         const QStringList history = Host::instance().installation().history;
         require(history == QStringList(QStringLiteral("bd##") + made), "it heads the history");
@@ -82,6 +84,10 @@ class Stage {
                 "the history can be read");
         require(again.history == history, "the history is read as it was written");
     }
+
+    ProjectStore store;
+    QString made;
+    bool failed = false;
 };
 
 }  // namespace
@@ -97,8 +103,8 @@ void fuzzCreation(const QByteArray& input) {
     request.client = numbers.value(0).toInt();
     request.code = numbers.value(1).toInt();
     const QJsonDocument json = QJsonDocument::fromJson(rest);
-    request.payload = json.isObject() ? QVariant(json.object().toVariantMap())
-                                      : QVariant(QString::fromUtf8(rest));
+    request.payload =
+        json.isObject() ? QVariant(json.object().toVariantMap()) : QVariant(textOf(rest));
     const auto plan = workbench::planOf(request);
     stage.store.createFromModel(request.client, request.code, request.payload);
     require(plan.has_value() == (!stage.made.isEmpty() || stage.failed),
@@ -107,6 +113,7 @@ void fuzzCreation(const QByteArray& input) {
         require(project->programType == plan->programType, "the project is of the kind asked for");
         require(project->request == workbench::toJson(request), "the request is kept as it was");
         require(stage.made.endsWith(QLatin1Char('.') + plan->suffix), "the suffix tells the kind");
+        stage.requireInHistory();
         require(!workbench::fileInfoOf(stage.made).kind.isEmpty(), "it can be described");
     }
 }

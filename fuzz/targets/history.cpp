@@ -54,7 +54,7 @@ void judgeChoice(const QString& text) {
 }  // namespace
 
 void fuzzHistory(const QByteArray& input) {
-    const QString text = QString::fromUtf8(input);
+    const QString text = textOf(input);
     readEntry(text);
     askForOwner(text);
     judgeChoice(text);

@@ -36,13 +36,13 @@ class CloudDisk : public testing::Test {
             .value(QLatin1String("args"))
             .toArray();
     }
-    void listFile(const QString& path, const QString& user) {
+    void listFile(const QString& path, const QString& user, const QString& before = QString()) {
         QStringList fields{path, user};
         while (fields.size() < 15) fields.append(QStringLiteral("x"));
-        host.write(
-            QStringLiteral("FileList.Ini"),
-            (QStringLiteral("bd##/a.GCFX\r\n") + fields.join(QChar(0x1F)) + QStringLiteral("\r\n"))
-                .toUtf8());
+        host.write(QStringLiteral("FileList.Ini"),
+                   (QStringLiteral("bd##/a.GCFX\r\n") + before + fields.join(QChar(0x1F)) +
+                    QStringLiteral("\r\n"))
+                       .toUtf8());
         host.switches().account.loggedIn = true;
         host.switches().account.userId = QStringLiteral("u1");
     }
@@ -194,6 +194,11 @@ TEST_F(CloudDisk, AFileOfAnotherAccountIsNotFound) {
     listFile(company, QStringLiteral("u2"));
     host.switches().account.loggedIn = false;
     EXPECT_TRUE(resolve(company));
+}
+
+TEST_F(CloudDisk, TheFileListDoesNotEndAtANul) {
+    listFile(company, QStringLiteral("u2"), QString(QChar::Null) + QLatin1Char('\n'));
+    EXPECT_FALSE(resolve(company));
 }
 
 TEST_F(CloudDisk, TheFlagSelectsTheItemOfTheAuditPageAndNothingElse) {

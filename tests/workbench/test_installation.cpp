@@ -275,6 +275,15 @@ TEST(Installation, AUnitSeparatorInAKeyIsNoStepOfItsPath) {
         << error.toStdString();
 }
 
+TEST(Installation, ANulInAKeyDoesNotLoseThePlacesBehindIt) {
+    TemporaryInstallation installation;
+    const QByteArray text("{\"entries\": [],\n \"a\0b\": 1}", 26);
+    installation.write(QStringLiteral("history.json"), text);
+    const QString error = Host::instance().loadInstallation(installation.folder());
+    EXPECT_NE(error.toStdString().find("history.json:2: a"), std::string::npos)
+        << error.toStdString();
+}
+
 TEST(Installation, AFileNamedLikeThePlaceholderKeepsItsName) {
     TemporaryInstallation installation;
     const QString entry =

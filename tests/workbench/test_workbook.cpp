@@ -1,6 +1,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QRandomGenerator>
+#include <QtEndian>
 #include <algorithm>
 
 #include "SharedInterface.h"
@@ -124,6 +125,24 @@ TEST(Workbook, ACutBinaryWorkbookDoesNotOpenWhereverItIsCut) {
         compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(3), 9 * 1024 * 1024));
     for (int size : {100, 512, 1000, 5000, 1 << 20, whole.size() - 100000, whole.size() - 512}) {
         EXPECT_FALSE(opens(installation.write(QStringLiteral("a.xls"), whole.left(size)))) << size;
+    }
+}
+
+/// FreeXL would read as many bytes behind the name as the entry says.
+TEST(Workbook, ANameOfImpossibleLengthIsNotHandedToTheReader) {
+    // More than is copied before the sheets, so that the reader gets the whole file.
+    const QByteArray globals =
+        (QByteArray::fromHex("31000020") + QByteArray(0x2000, '\0')).repeated(200);
+    const QByteArray whole =
+        compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(2), 0, globals));
+    const int directory = int(qFromLittleEndian<quint32>(whole.constData() + 48) + 1) * 512;
+    TemporaryInstallation installation;
+    for (const quint16 length :
+         {quint16(0), quint16(22), quint16(64), quint16(65), quint16(65535)}) {
+        QByteArray forged = whole;
+        qToLittleEndian(length, forged.data() + directory + 64);
+        EXPECT_EQ(opens(installation.write(QStringLiteral("a.xls"), forged)), length <= 64)
+            << length;
     }
 }
 

@@ -35,7 +35,7 @@ bool freexlOpens(const QString& path) {
 // FreeXL steps over the records of every sheet, even where it keeps none: it gets the rest alone.
 bool isBinaryWorkbook(QFile& file) {
     const QByteArray globals = globalsAlone(file);
-    if (globals.isEmpty()) return freexlOpens(file.fileName());
+    if (globals.isEmpty()) return hasSoundDirectory(file) && freexlOpens(file.fileName());
     QTemporaryFile copy;
     return copy.open() && copy.write(globals) == globals.size() && copy.flush() &&
            freexlOpens(copy.fileName());

@@ -9,7 +9,7 @@ namespace workbench {
 namespace {
 
 constexpr int sectorSize = 512;
-constexpr quint32 perSector = sectorSize / 4;  // numbers in a sector of a table
+constexpr int largeSectorSize = 4096;
 constexpr quint32 tablesInHeader = 109;
 constexpr quint32 none = 0xFFFFFFFF;
 constexpr quint32 endOfChain = 0xFFFFFFFE;
@@ -29,7 +29,10 @@ T number(const QByteArray& bytes, int at) {
 /// file. Whatever lies outside the file is empty, or no sector at all.
 class Sectors {
   public:
-    explicit Sectors(QFile& file) : file(file), header(at(-1)) {}
+    explicit Sectors(QFile& file) : file(file), header(at(-1)) {
+        if (number<quint16>(header, 30) == 12) size = largeSectorSize;
+    }
+    /// @return whether the sectors are of the usual size.
     bool isValid() const { return number<quint16>(header, 30) == 9; }
     quint32 directory() const { return number<quint32>(header, 48); }
     /// @return whether the file can hold all of a stream beside header, directory and tables.
@@ -38,22 +41,24 @@ class Sectors {
         return beside + (length + sectorSize - 1) / sectorSize <= file.size() / sectorSize;
     }
     QByteArray at(qint64 sector) {
-        const qint64 offset = (sector + 1) * sectorSize;  // behind the header
-        if (offset + sectorSize > file.size() || !file.seek(offset)) return {};
-        return file.read(sectorSize);
+        const qint64 offset = (sector + 1) * size;  // behind the header
+        if (offset + size > file.size() || !file.seek(offset)) return {};
+        return file.read(size);
     }
     quint32 after(quint32 sector) {
         // Bounds the walk along a forged list of tables as well.
-        if (sector >= file.size() / sectorSize) return endOfChain;
-        const quint32 index = sector / perSector;
+        if (sector >= file.size() / size) return endOfChain;
+        const quint32 index = sector / perSector();
         if (index != tableIndex) table = at(tableOf(tableIndex = index));
-        return number<quint32>(table, int(4 * (sector % perSector)));
+        return number<quint32>(table, int(4 * (sector % perSector())));
     }
 
   private:
+    /// @return how many numbers a sector of a table has.
+    quint32 perSector() const { return quint32(size) / 4; }
     quint32 tableOf(quint32 index) {
         if (index < tablesInHeader) return number<quint32>(header, int(76 + 4 * index));
-        constexpr quint32 perList = perSector - 1;  // the last number leads to the next list
+        const quint32 perList = perSector() - 1;  // the last number leads to the next list
         index -= tablesInHeader;
         quint32 list = number<quint32>(header, 68);
         for (; index >= perList; index -= perList) list = number<quint32>(at(list), 4 * perList);
@@ -61,23 +66,37 @@ class Sectors {
     }
 
     QFile& file;
+    int size = sectorSize;
     QByteArray header;
     QByteArray table;
     quint32 tableIndex = none;
 };
 
-/// @return the directory's entry for the stream of a workbook; empty where there is none.
-QByteArray workbookEntry(Sectors& sectors) {
-    const QByteArray name("W\0o\0r\0k\0b\0o\0o\0k\0\0\0", 18);
+constexpr int entrySize = 128;
+const QByteArray workbookName("W\0o\0r\0k\0b\0o\0o\0k\0\0\0", 18);
+const QByteArray oldWorkbookName("B\0o\0o\0k\0\0\0", 10);
+
+/// Calls `visit` with each entry of the directory until it returns true.
+template <typename Visit>
+void walkDirectory(Sectors& sectors, Visit visit) {
     quint32 sector = sectors.directory();
     // A damaged chain may lead back into itself.
     for (int walked = 0; walked < 64; ++walked, sector = sectors.after(sector)) {
         const QByteArray entries = sectors.at(sector);
-        for (int at = 0; at < entries.size(); at += 128) {
-            if (entries.mid(at, name.size()) == name) return entries.mid(at, 128);
+        for (int at = 0; at < entries.size(); at += entrySize) {
+            if (visit(entries.mid(at, entrySize))) return;
         }
     }
-    return {};
+}
+
+/// @return the directory's entry for the stream of a workbook; empty where there is none.
+QByteArray workbookEntry(Sectors& sectors) {
+    QByteArray found;
+    walkDirectory(sectors, [&](const QByteArray& entry) {
+        if (entry.startsWith(workbookName)) found = entry;
+        return !found.isEmpty();
+    });
+    return found;
 }
 
 /// @param length of the stream. @return the records from `sector` on up to the texts, ended, and an
@@ -117,7 +136,8 @@ QByteArray compoundFileOf(const QByteArray& directoryEntry, const QByteArray& st
     const int length =
         qMax(smallestStream, (stream.size() + sectorSize - 1) / sectorSize * sectorSize);
     const quint32 sectors = quint32(length / sectorSize);
-    const quint32 tables = (sectors + 1 + perSector - 2) / (perSector - 1);
+    constexpr quint32 perTable = sectorSize / 4;
+    const quint32 tables = (sectors + 1 + perTable - 2) / (perTable - 1);
     QByteArray file = QByteArray::fromHex("d0cf11e0a1b11ae1") + QByteArray(16, '\0');
     append(file, {0x0003003E, 0x0009FFFE, 6, 0, 0, tables, tables, 0, smallestStream, endOfChain, 0,
                   endOfChain, 0});
@@ -138,6 +158,18 @@ QByteArray compoundFileOf(const QByteArray& directoryEntry, const QByteArray& st
 }
 
 }  // namespace
+
+bool hasSoundDirectory(QFile& file) {
+    constexpr quint16 longestName = 64;  // in bytes, with its end
+    Sectors sectors(file);
+    bool found = false;
+    walkDirectory(sectors, [&](const QByteArray& entry) {
+        const bool sound = number<quint16>(entry, 64) <= longestName;
+        found = sound && (entry.startsWith(workbookName) || entry.startsWith(oldWorkbookName));
+        return found || !sound;
+    });
+    return found;
+}
 
 QByteArray globalsAlone(QFile& file) {
     Sectors sectors(file);

@@ -34,6 +34,14 @@ QString readable(const QString& path) {
     return text.isEmpty() ? QStringLiteral("file") : text;
 }
 
+bool isSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+bool endsWord(char c) {
+    return c == ',' || c == ']' || c == '}' || isSpace(c);
+}
+
 /// Finds the place of every value in a text that is known to be JSON.
 class Places {
   public:
@@ -44,7 +52,7 @@ class Places {
 
   private:
     void skipSpace() {
-        while (at < text.size() && QByteArray(" \t\r\n").contains(text.at(at))) ++at;
+        while (at < text.size() && isSpace(text.at(at))) ++at;
     }
 
     void value(const QString& key) {
@@ -57,7 +65,7 @@ class Places {
         } else if (text.at(at) == '"') {
             string();
         } else {
-            while (at < text.size() && !QByteArray(",]} \t\r\n").contains(text.at(at))) ++at;
+            while (at < text.size() && !endsWord(text.at(at))) ++at;
         }
         if (spans.contains(key)) {
             file.fail(begin, readable(key), QStringLiteral("the key stands here twice"));
@@ -91,7 +99,10 @@ class Places {
         while (text.at(at) != '"') at += text.at(at) == '\\' ? 2 : 1;
         ++at;
         const QByteArray quoted = text.mid(begin, at - begin);
-        if (!quoted.contains('\\')) return QString::fromUtf8(quoted.mid(1, quoted.size() - 2));
+        // With its length, since a NUL would end it.
+        if (!quoted.contains('\\')) {
+            return QString::fromUtf8(quoted.constData() + 1, quoted.size() - 2);
+        }
         return QJsonDocument::fromJson('[' + quoted + ']').array().at(0).toString();
     }
 
