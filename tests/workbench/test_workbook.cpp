@@ -137,12 +137,13 @@ TEST(Workbook, ANameOfImpossibleLengthIsNotHandedToTheReader) {
         compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(2), 0, globals));
     const int directory = int(qFromLittleEndian<quint32>(whole.constData() + 48) + 1) * 512;
     TemporaryInstallation installation;
-    for (const quint16 length :
-         {quint16(0), quint16(22), quint16(64), quint16(65), quint16(65535)}) {
-        QByteArray forged = whole;
-        qToLittleEndian(length, forged.data() + directory + 64);
-        EXPECT_EQ(opens(installation.write(QStringLiteral("a.xls"), forged)), length <= 64)
-            << length;
+    for (const int entry : {0, 2}) {  // before and behind the workbook's own
+        for (const quint16 length : {0, 22, 64, 65, 65535}) {
+            QByteArray forged = whole;
+            qToLittleEndian(length, forged.data() + directory + 128 * entry + 64);
+            EXPECT_EQ(opens(installation.write(QStringLiteral("a.xls"), forged)), length <= 64)
+                << entry << " " << length;
+        }
     }
 }
 

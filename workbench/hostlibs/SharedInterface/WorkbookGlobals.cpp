@@ -61,7 +61,8 @@ class Sectors {
         const quint32 perList = perSector() - 1;  // the last number leads to the next list
         index -= tablesInHeader;
         quint32 list = number<quint32>(header, 68);
-        for (; index >= perList; index -= perList) list = number<quint32>(at(list), 4 * perList);
+        for (; index >= perList; index -= perList)
+            list = number<quint32>(at(list), int(4 * perList));
         return number<quint32>(at(list), int(4 * index));
     }
 
@@ -77,16 +78,18 @@ const QByteArray workbookName("W\0o\0r\0k\0b\0o\0o\0k\0\0\0", 18);
 const QByteArray oldWorkbookName("B\0o\0o\0k\0\0\0", 10);
 
 /// Calls `visit` with each entry of the directory until it returns true.
+/// @return false where the directory does not end: a damaged chain may lead back into itself.
 template <typename Visit>
-void walkDirectory(Sectors& sectors, Visit visit) {
+bool walkDirectory(Sectors& sectors, Visit visit) {
     quint32 sector = sectors.directory();
-    // A damaged chain may lead back into itself.
     for (int walked = 0; walked < 64; ++walked, sector = sectors.after(sector)) {
+        if (sector >= endOfChain) return true;
         const QByteArray entries = sectors.at(sector);
         for (int at = 0; at < entries.size(); at += entrySize) {
-            if (visit(entries.mid(at, entrySize))) return;
+            if (visit(entries.mid(at, entrySize))) return true;
         }
     }
+    return false;
 }
 
 /// @return the directory's entry for the stream of a workbook; empty where there is none.
@@ -163,12 +166,13 @@ bool hasSoundDirectory(QFile& file) {
     constexpr quint16 longestName = 64;  // in bytes, with its end
     Sectors sectors(file);
     bool found = false;
-    walkDirectory(sectors, [&](const QByteArray& entry) {
-        const bool sound = number<quint16>(entry, 64) <= longestName;
-        found = sound && (entry.startsWith(workbookName) || entry.startsWith(oldWorkbookName));
-        return found || !sound;
+    bool sound = true;
+    const bool ends = walkDirectory(sectors, [&](const QByteArray& entry) {
+        sound = number<quint16>(entry, 64) <= longestName;
+        found |= entry.startsWith(workbookName) || entry.startsWith(oldWorkbookName);
+        return !sound;
     });
-    return found;
+    return ends && sound && found;
 }
 
 QByteArray globalsAlone(QFile& file) {

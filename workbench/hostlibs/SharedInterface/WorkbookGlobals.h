@@ -15,11 +15,10 @@ namespace workbench {
 ///         old or a tiny workbook inside): it must be judged whole then.
 QByteArray globalsAlone(QFile& file);
 
-/// FreeXL takes the name of an entry by the length that the entry gives, whatever that is, until it
-/// comes to the workbook's.
+/// FreeXL takes the name of each entry by the length that the entry gives, whatever that is.
 /// @param file open for reading; its position changes.
-/// @return whether the directory of a compound file has an entry for a workbook and no name of
-///         impossible length before it.
+/// @return whether the directory of a compound file ends, has an entry for a workbook, and no name
+///         of impossible length.
 bool hasSoundDirectory(QFile& file);
 
 }  // namespace workbench
