@@ -91,26 +91,6 @@ TEST_F(Catalogue, RowsAreEightyHighAndTheListHoldsAllOfThem) {
     }
 }
 
-TEST_F(Catalogue, FittingMakesAListAsHighAsItsRowsAndNeverLower) {
-    configure({entry(0, {a, b, c}), entry(0, {e}), entry(1, {a})});
-    load();
-    EXPECT_EQ(list(0).minimumHeight(), 80) << "the last entry of a mode decides while loading";
-    list(1).setMinimumHeight(1000);
-    catalogue.fitLists();
-    EXPECT_EQ(list(0).minimumHeight(), 4 * 80);
-    EXPECT_EQ(list(1).minimumHeight(), 1000);
-    EXPECT_EQ(list(2).minimumHeight(), 0) << "nothing in it";
-}
-
-TEST_F(Catalogue, FittingPassesOverAListThatWasNeverBuilt) {
-    configure({entry(2, {a, b})});
-    load();
-    lists[0].reset();
-    list(2).setMinimumHeight(0);
-    catalogue.fitLists();
-    EXPECT_EQ(list(2).minimumHeight(), 2 * 80);
-}
-
 TEST_F(Catalogue, TheRecordIsCarriedWholeInTheItem) {
     TaxTemplateInfo info = model(a, QStringLiteral("整体计费"), QStringLiteral("单独计费"));
     info.basisDocument = QStringLiteral("5");
