@@ -119,6 +119,7 @@ workbench::PlayOptions optionsIn(const QTemporaryDir& folder) {
     workbench::PlayOptions options;
     options.pictureFolder = folder.path();
     options.skipAfter = 0;
+    options.stepLimit = 30000;  // several answers of a slow cloud disk, on a busy machine
     return options;
 }
 
