@@ -61,6 +61,19 @@ NewProCfgDialog::~NewProCfgDialog() {
     d->forgetEntries();
 }
 
+void NewProCfgDialog::showEvent(QShowEvent* event) {
+    operate(d, "NewProCfgDialog::showEvent", [this, event](Parts&) {
+        listenAgain();
+        zBaseModal::showEvent(event);
+    });
+}
+
+void NewProCfgDialog::listenAgain() {
+    if (!d->deaf) return;
+    d->deaf = false;
+    setEnabled(true);
+}
+
 void NewProCfgDialogPrivate::emitCreatePro(int programType, const QVariant& map) {
     Q_EMIT q->SignalCreatePro(programType, newpro::CreateFromModel, map);
 }

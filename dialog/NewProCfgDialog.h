@@ -50,6 +50,9 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   Q_SIGNALS:
     // The first argument of the signals that are sent carries the program type and the second the
     // code, whatever the parameters are called.
@@ -104,6 +107,8 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
     Q_INVOKABLE int getDkType(QString suffix);
     Q_INVOKABLE void getDirAndFiles(const QString& folder, QTreeWidgetItem* parent);
     Q_INVOKABLE bool loadYunPanPath(QString& localPath, const QString& cloudPath, bool select);
+
+    void listenAgain();
 
     friend class NewProCfgDialogPrivate;
     std::shared_ptr<NewProCfgDialogPrivate> d;

@@ -40,8 +40,12 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
 
     // The dialog for the flows.
     QWidget* widget() override { return q; }
-    void acceptDialog() override { q->accept(); }
-    void closeDialog() override { q->close(); }
+    void acceptDialog() override {
+        deafWhile([this] { q->accept(); });
+    }
+    void closeDialog() override {
+        deafWhile([this] { q->close(); });
+    }
     bool programTypeOfAppType(int& type) override { return q->GetProgramType(type); }
     AppPluginManager* pluginManager() override { return plugins; }
     void emitCreatePro(int programType, const QVariant& map) override;
@@ -49,6 +53,9 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     void createFromPage(const QVariantMap& values, int programType) override {
         q->slotCreatePro(values, programType);
     }
+
+    template <typename Close>
+    void deafWhile(const Close& close);
 
     // Building, in the order of the screen (buildUi.cpp).
     void buildHeader(QVBoxLayout* column);
@@ -107,8 +114,22 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     newpro::FilePages pages;
     QStringList historyFiles;
     bool built = false;               ///< Whether CreateUI reached its end.
+    bool deaf = false;                ///< Whether it was disabled because a creation closes it.
     bool displayInitialised = false;  ///< Whether the tax row is connected.
 };
+
+/// Closes the dialog for a creation. From here on it takes no input: the second click of a double
+/// click still arrives, and would ask for a second project. Where it stays open after all, and when
+/// it is shown again, it listens again.
+template <typename Close>
+void NewProCfgDialogPrivate::deafWhile(const Close& close) {
+    const bool enabled = q->isEnabled();
+    if (enabled) q->setEnabled(false);
+    deaf = deaf || enabled;
+    newpro::withEnd(close, [this] {
+        if (q && q->isVisible()) q->listenAgain();
+    });
+}
 
 /// Runs an operation of the dialog inside its guard.
 /// @param function qualified name of the operation, for the report.

@@ -48,6 +48,8 @@ class Stage {
     Stage() {
         static const workbench::Installation sound = soundInstallation();
         Host::instance().installation() = sound;
+        // What earlier inputs have left in the file would be merged with what this one adds.
+        write(QStringLiteral("stage/history.json"), soundHistory);
         QObject::connect(&store, &ProjectStore::created, [this](const QString& path) {
             require(made.isEmpty(), "a request makes one file");
             made = path;

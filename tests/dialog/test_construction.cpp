@@ -293,7 +293,8 @@ TEST_F(Construction, TakesThePluginManagerAnewOnRequest) {
 TEST_F(Construction, TheDestructorEndsTheMaximisedMode) {
     open();
     dialog.reset();
-    EXPECT_EQ(journalLines(), Lines{"call InterfaceAdaptation::closeMaxDialogMode()"});
+    EXPECT_EQ(journalLines(), (Lines{"call InterfaceAdaptation::closeMaxDialogMode()",
+                                     "dialog NewProCfgDialog done 0"}));
 }
 
 TEST_F(Construction, TheSignalsStandInTheirOrder) {

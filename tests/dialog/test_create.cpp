@@ -1,3 +1,5 @@
+#include <QWindow>
+
 #include "tests/dialog/DialogFixture.h"
 
 namespace {
@@ -228,6 +230,29 @@ TEST_F(Create, WithoutPluginManagerPageDataIsStillSent) {
     ASSERT_TRUE(callCreatePro({}, 16));
     EXPECT_EQ(flowLines(), Lines{"call Communication::SendMsgToPlugin(16, 105, "
                                  R"({"GcLx":"","apptype":"Kvzcb"}))"});
+}
+
+TEST_F(Create, TheSecondClickOfADoubleClickAsksForNoSecondProject) {
+    open();
+    auto* create = child<zBaseButton>(card("lswGeneralTax", 0), "btnNewProject");
+    QWindow* window = dialog->windowHandle();
+    const QPoint place = create->mapTo(dialog.get(), create->rect().center());
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseClick(window, Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_EQ(countOf("SignalCreatePro"), 1);
+    // Shown again, it is a dialog like any other.
+    dialog->show();
+    settle();
+    click(create);
+    EXPECT_EQ(countOf("SignalCreatePro"), 2);
+}
+
+TEST_F(Create, ADialogThatItsHostHadDisabledStaysSo) {
+    open();
+    dialog->setEnabled(false);
+    ASSERT_TRUE(callNewPro(model(QStringLiteral("x"))));
+    dialog->show();
+    EXPECT_FALSE(dialog->isEnabled());
 }
 
 }  // namespace

@@ -139,9 +139,11 @@ TEST_F(Templates, ACardAcceptsThenAsksThenSendsThenSignals) {
     QWidget* shown = card("lswTemplateEng", 0);
     child<zBaseButton>(shown, "btnNewProject")->click();
     EXPECT_EQ(flowLines(), expected);
+    dialog->show();
     clearJournal();
     doubleClick(shown);
     EXPECT_EQ(flowLines(), expected);
+    dialog->show();
     clearJournal();
     doubleClick(shown, Qt::RightButton);
     EXPECT_EQ(flowLines(), Lines{});

@@ -1,6 +1,6 @@
-/// newpro-faults [--quick] [--jobs N] [--keep-going] [FLOW...]: the fault matrix. Without a flow:
-/// all. Each flow is played by a process of its own, so that a crash or a hang is one finding among
-/// others.
+/// newpro-faults [--quick] [--jobs N] [FLOW...]: the fault matrix. --unreached: what it does not
+/// reach. Without a flow: all. Each flow is played by a process of its own, so that a crash or a
+/// hang is one finding among others.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -13,7 +13,9 @@
 #include <memory>
 #include <vector>
 
+#include "tests/faults/Symbols.h"
 #include "tests/faults/Verdict.h"
+#include "tests/faults/interposer/places.h"
 #include "workbench/hostlibs/common/Skin.h"
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -156,6 +158,40 @@ class Flow {
     bool isDone = false;
 };
 
+/// Operations that no flow can reach without a fault: what reports one, what a layout with a
+/// template chooser or with an estimate page would use (their rooms test it), and handlers of
+/// events.
+bool outOfReach(int operation) {
+    static const QString names[] = {QStringLiteral("ProcExceptionNew"),
+                                    QStringLiteral("ProjectSettingHelper::getJiLinMoBanList"),
+                                    QStringLiteral("zBaseComboxPopup::setDisplayText"),
+                                    QStringLiteral("zBaseComboxPopup::hideDropDownPopup"),
+                                    QStringLiteral("SharedInterface::getInstance"),
+                                    QStringLiteral("GetProgramTypeByFile")};
+    return faults::isEvent(operation) || std::find(std::begin(names), std::end(names),
+                                                   faults::nameOf(operation)) != std::end(names);
+}
+
+/// Prints the operations of the host that the module calls and no flow reaches.
+int listUnreached(const QStringList& names) {
+    QVector<bool> reached(faults::operationCount());
+    for (const QString& name : names) {
+        workbench::Scenario flow;
+        QString error;
+        if (!workbench::readScenario(fileOf(name), flow, error)) qFatal("%s", qPrintable(error));
+        for (const faults::Place& place : playWith(flow, {}).places)
+            reached[place.operation] = true;
+    }
+    int missing = 0;
+    for (int i = 0; i < reached.size(); ++i) {
+        if (reached[i] || outOfReach(i)) continue;
+        say(faults::demangled(faults::operationName(i)));
+        ++missing;
+    }
+    say(QStringLiteral("%1 operations, %2 that no flow reaches").arg(reached.size()).arg(missing));
+    return missing == 0 ? 0 : 1;
+}
+
 int runAll(const QStringList& names, bool quick, int jobs) {
     QElapsedTimer clock;
     clock.start();
@@ -208,7 +244,8 @@ int main(int argc, char** argv) {
     const QCommandLineOption worker(QStringLiteral("worker"), {}, QStringLiteral("FROM"));
     // Beside --worker, for the debugger: only the cases whose description contains the text.
     const QCommandLineOption only(QStringLiteral("only"), {}, QStringLiteral("TEXT"));
-    parser.addOptions({quick, jobs, worker, only});
+    const QCommandLineOption unreached(QStringLiteral("unreached"));
+    parser.addOptions({quick, jobs, worker, only, unreached});
     parser.addPositionalArgument(QStringLiteral("flow"), {});
     parser.process(application);
     QStringList flows = parser.positionalArguments();
@@ -218,5 +255,9 @@ int main(int argc, char** argv) {
                     parser.value(only));
     }
     if (flows.isEmpty()) flows = allFlows();
+    if (parser.isSet(unreached)) {
+        workbench::applySkin();
+        return listUnreached(flows);
+    }
     return runAll(flows, parser.isSet(quick), qMax(1, parser.value(jobs).toInt()));
 }
