@@ -200,6 +200,17 @@ TEST_F(Ribbon, AnEntryWhoseTwinIsTakenOutIsTheOneOfItsNameAgain) {
     EXPECT_EQ(checkedEntries(), QStringList{budgetLabel});
 }
 
+TEST_F(Ribbon, AnEntryWhoseOlderTwinIsTakenOutStaysTheOneOfItsName) {
+    open();
+    QAction* const older = entry(budgetLabel);
+    auto* page = new QWidget;
+    addKind(budgetLabel, page);
+    delete older;
+    host.switches().firstPage = FirstPage::Absent;  // the import ends there
+    pick(excelLabel);
+    EXPECT_EQ(pageStack()->currentWidget(), page);
+}
+
 TEST_F(Ribbon, AnEntryWhosePageIsGoneShowsNone) {
     open();
     auto* page = new QWidget;

@@ -104,6 +104,34 @@ TEST_F(TemplateChooser, refuses_a_group_and_goes_back_to_the_chosen_template) {
     EXPECT_EQ(dialog.GetGcmb(), installation.path(QStringLiteral("MB/一.MODX")));
 }
 
+TEST_F(TemplateChooser, refuses_a_group_and_selects_nothing_where_nothing_was_chosen) {
+    attach();
+    load(QString());
+    tree->setCurrentItem(group("乙组"));
+    clickItem(group("乙组"));
+    EXPECT_EQ(countOf("showInforByOneBtn"), 1);
+    EXPECT_FALSE(tree->currentItem());
+    EXPECT_EQ(dialog.GetGcmb(), QString());
+}
+
+TEST_F(TemplateChooser, listens_to_the_last_tree_alone) {
+    attach();
+    load(QString());
+    QTreeWidget* const before = tree;
+    tree = new QTreeWidget(&dialog);
+    attach();
+    Q_EMIT before->itemClicked(before->topLevelItem(0)->child(0), 0);
+    EXPECT_EQ(dialog.GetGcmb(), QString());
+    load(QString());
+    QTreeWidgetItem* chosen = group("乙组")->child(0);
+    Q_EMIT tree->itemClicked(chosen, 0);
+    EXPECT_EQ(dialog.GetGcmb(), chosen->data(0, Qt::UserRole + 2).toString());
+    tree = nullptr;
+    attach();
+    load(QString());
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
 TEST_F(TemplateChooser, reports_an_exception_of_the_template_list) {
     attach();
     for (const char* call :
