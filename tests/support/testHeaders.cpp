@@ -1,0 +1,1 @@
+// Nothing of its own: the target that holds it compiles what every test includes.
