@@ -60,7 +60,8 @@ void refillHistory(benchmark::State& state, const char* marker) {
     state.SetComplexityN(state.range(0));
 }
 
-/// Plain boxes with the same texts in one go. @param asksHost whether the host is asked about every
+/// Plain boxes filled with the same texts, item by item as the host's are. @param asksHost whether
+/// the host is asked about every
 ///        file as well, which is no work of the module's.
 void fillPlainBoxes(benchmark::State& state, bool asksHost) {
     QWidget window;
@@ -78,8 +79,8 @@ void fillPlainBoxes(benchmark::State& state, bool asksHost) {
         }
         audit->clear();
         contracting->clear();
-        audit->addItems(all);
-        contracting->addItems(some);
+        for (const QString& path : all) audit->addItem(path, QVariant());
+        for (const QString& path : some) contracting->addItem(path, QVariant());
         state.PauseTiming();
         workbench::Journal::instance().clear();
         state.ResumeTiming();
