@@ -29,7 +29,7 @@ if(count LESS 50)
 endif()
 
 set(renames "")
-set(code "#include \"place.S.h\"\n")
+set(code "#include \"place.S.inc\"\n")
 set(names "")
 set(index 0)
 foreach(symbol IN LISTS places)
