@@ -1,8 +1,17 @@
 #include <QDir>
 #include <QFile>
+#include <ostream>
 
 #include "fuzz/targets.h"
 #include "tests/support/TestSupport.h"
+
+namespace fuzzing {
+
+static void PrintTo(const Target& target, std::ostream* out) {
+    *out << target.name;
+}
+
+}  // namespace fuzzing
 
 namespace {
 
