@@ -40,11 +40,23 @@ QString feeModeText(const QString& mode) {
 
 }  // namespace
 
+namespace {
+
+/// @return a new layout at the end of `outer`, which owns it whatever the host throws from now on.
+template <typename Layout>
+Layout* nested(QVBoxLayout* outer) {
+    auto* layout = new Layout;
+    outer->addLayout(layout);
+    return layout;
+}
+
+}  // namespace
+
 struct ProModelItemForm::Form {
     explicit Form(QWidget* card)
         : verticalLayout(new QVBoxLayout(card)),
-          horizontalLayout(new QHBoxLayout),
-          verticalLayout_2(new QVBoxLayout),
+          horizontalLayout(nested<QHBoxLayout>(verticalLayout)),
+          verticalLayout_2(nested<QVBoxLayout>(verticalLayout)),
           lblTitle(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
           btnNewProject(new zBaseButton(QStringLiteral("新建"), card)),
           lblSource(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
@@ -68,8 +80,6 @@ struct ProModelItemForm::Form {
         horizontalLayout->addWidget(btnNewProject);
         verticalLayout_2->addWidget(lblSource);
         verticalLayout_2->addWidget(lblDescription);
-        verticalLayout->addLayout(horizontalLayout);
-        verticalLayout->addLayout(verticalLayout_2);
     }
 
     QVBoxLayout* verticalLayout;
