@@ -1,7 +1,7 @@
 # Sourced by ./run, ./test and .ci/run: installs from Debian, by name, what is missing.
 build_packages="g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev fonts-noto-cjk"
-test_packages="libgtest-dev librapidcheck-dev binutils"
+test_packages="libgtest-dev librapidcheck-dev libvalijson-dev binutils"
 lint_packages="clang-format clang-tidy"
 bench_packages="libbenchmark-dev"
 tools_packages="gcovr python3"
