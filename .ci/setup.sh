@@ -1,11 +1,13 @@
-# Sourced by ./run, ./test and .ci/run: installs from Debian, by name, what is missing.
-build_packages="g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
-                libzip-dev fonts-noto-cjk"
-test_packages="libgtest-dev librapidcheck-dev libvalijson-dev binutils"
-lint_packages="clang-format clang-tidy"
-bench_packages="libbenchmark-dev"
-tools_packages="gcovr python3"
-fuzz_packages="clang libclang-rt-14-dev"
+# Sourced by ./run, ./test, .ci/run and others: installs from Debian, by name, what is missing.
+# shellcheck shell=bash
+# shellcheck disable=SC2034  # whoever sources this uses some of the lists
+build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
+                libzip-dev fonts-noto-cjk)
+test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils)
+lint_packages=(clang-format clang-tidy shellcheck pyflakes3)
+bench_packages=(libbenchmark-dev)
+tools_packages=(gcovr python3)
+fuzz_packages=(clang libclang-rt-14-dev)
 
 # Qt takes file names in the locale's encoding, and the installation's names are Chinese.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8
@@ -13,7 +15,7 @@ fuzz_packages="clang libclang-rt-14-dev"
 # need PACKAGE...: makes sure that the packages are installed, or says what to do and ends. Outside
 # Debian it only says what must be there, and goes on where a build could start.
 need() {
-    missing=
+    local missing=() package as_root=() log
     if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
         echo "This is not a Debian system. What these Debian packages hold must be installed:" \
             "$@" >&2
@@ -22,24 +24,23 @@ need() {
     fi
     for package in "$@"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
-            missing="$missing $package"
+            missing+=("$package")
     done
-    [ -z "$missing" ] && return 0
-    echo "Installing from Debian:$missing" >&2
-    as_root=
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing from Debian: ${missing[*]}" >&2
     if [ "$(id -u)" -ne 0 ]; then
         if ! command -v sudo >/dev/null; then
-            echo "Not root and no sudo. As root: apt-get install$missing" >&2
+            echo "Not root and no sudo. As root: apt-get install ${missing[*]}" >&2
             exit 1
         fi
-        as_root=sudo
+        as_root=(sudo)
     fi
     log=$(mktemp)
-    if ! { $as_root apt-get update -qq &&
-           $as_root env DEBIAN_FRONTEND=noninteractive \
-               apt-get install -y -qq --no-install-recommends $missing; } >"$log" 2>&1; then
+    if ! { "${as_root[@]}" apt-get update -qq &&
+           "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+               apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
         tail -n 20 "$log" >&2
-        echo "Could not install:$missing" >&2
+        echo "Could not install: ${missing[*]}" >&2
         exit 1
     fi
     rm -f "$log"
@@ -47,7 +48,7 @@ need() {
 
 # build PRESET [TARGET...]: configures and builds; shows the whole output only on failure.
 build() {
-    preset=$1
+    local preset=$1 log
     shift
     log=build/$preset.log
     mkdir -p build
