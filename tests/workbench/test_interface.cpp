@@ -1,5 +1,4 @@
 #include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -112,14 +111,11 @@ TEST(InterfacePage, EveryRowNamesAFileThatShowsTheOperation) {
     }
 }
 
-TEST(InterfacePage, EveryLinkedFileIsThereAndEveryScenarioCanBeRead) {
+TEST(InterfacePage, EveryLinkedScenarioCanBeRead) {
     int scenarios = 0;
     for (const char* page : {"interface.md", "scenarios.md"}) {
-        const QStringList links = captures(contents(docs + QLatin1String(page)), "\\]\\(([^)#]+)");
-        EXPECT_FALSE(links.isEmpty()) << page;
-        for (const QString& link : links) {
-            ASSERT_TRUE(QFileInfo(docs + link).isFile()) << page << ": " << link.toStdString();
-            if (!link.endsWith(QLatin1String(".json"))) continue;
+        const QString text = contents(docs + QLatin1String(page));
+        for (const QString& link : captures(text, "\\]\\(([^)#]+\\.json)")) {
             workbench::Scenario scenario;
             QString error;
             EXPECT_TRUE(workbench::readScenario(docs + link, scenario, error))

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QRegularExpression>
 
 #include "tests/support/TestSupport.h"
 
@@ -222,10 +223,34 @@ TEST_F(ProgramTest, WithoutADisplayThereIsNothingToWatch) {
 TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     const Ran ran = runProgram({QStringLiteral("--help")});
     EXPECT_EQ(ran.code, 0);
-    EXPECT_EQ(runProgram({QStringLiteral("--help-all")}).out, ran.out);
-    for (const char* word : {"play FILE...", "tour", "--installation <DIR>", "--journal <FILE>",
-                             "--pictures <DIR>", "--skin <SKIN>", "--scale <SCALE>", "--watch"})
+    EXPECT_EQ(ran.err.toStdString(), "");
+    EXPECT_TRUE(ran.out.startsWith(QStringLiteral("Usage: ")));
+    EXPECT_EQ(runProgram({QStringLiteral("-h")}).out, ran.out);
+    EXPECT_EQ(runProgram({play, QStringLiteral("--help")}).out, ran.out);
+    for (const char* word :
+         {"[options] [play FILE... | tour]\n", "\n  -h, --help ", "\n  -v, --version ",
+          "\n  --installation <DIR> ", "\n  --journal <FILE> ", "\n  --pictures <DIR> ",
+          "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ", "\n  play FILE... ",
+          "\n  tour ", "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
+    const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
+    for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();
+}
+
+TEST_F(ProgramTest, TheVersionIsTheProjectsAndNeedsNoDisplay) {
+    QFile project(QStringLiteral(REPOSITORY "/CMakeLists.txt"));
+    ASSERT_TRUE(project.open(QIODevice::ReadOnly));
+    const auto version = QRegularExpression(QStringLiteral("VERSION (\\d+\\.\\d+\\.\\d+)"))
+                             .match(QString::fromUtf8(project.readAll()));
+    ASSERT_TRUE(version.hasMatch());
+    const QString line = QStringLiteral("newpro-workbench %1 (Qt %2)\n")
+                             .arg(version.captured(1), QLatin1String(qVersion()));
+    for (const char* option : {"--version", "-v"}) {
+        const Ran ran = runProgram({QLatin1String(option)}, {});
+        EXPECT_EQ(ran.code, 0) << option;
+        EXPECT_EQ(ran.out, line) << option;
+        EXPECT_EQ(ran.err.toStdString(), "") << option;
+    }
 }
 
 }  // namespace

@@ -21,14 +21,13 @@ QString firstFolder(const char* inSources, const QString& name) {
 void describe(QCommandLineParser& parser) {
     const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
     parser.setApplicationDescription(
-        text("Host for the dialog \"新建工程\".\n\n"
-             "Without a command it opens its window. Commands:\n"
-             "  play FILE...  plays scenario files and judges them\n"
-             "  tour          plays the tour and prints what crossed the boundary\n\n"
+        text("A host for the dialog \"新建工程\".\n"
+             "Without a command it opens its window, where Ctrl+N shows the dialog.\n\n"
              "Exit codes: 0 all as expected, 1 something differs, 2 wrong input."));
-    parser.addHelpOption();
     parser.addOptions(
-        {{text("installation"),
+        {{{text("h"), text("help")}, text("Print this help and end.")},
+         {{text("v"), text("version")}, text("Print the version and end.")},
+         {text("installation"),
           text("Installation folder. The window works in it, instead of in its own copy of the "
                "sample beside the program; play and tour play on a temporary copy of it, instead "
                "of the sample, where a scenario names none."),
@@ -38,7 +37,21 @@ void describe(QCommandLineParser& parser) {
          {text("skin"), text("light or dark."), text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
          {text("watch"), text("Play visibly, at a person's pace.")}});
-    parser.addPositionalArgument(text("command"), text("play or tour."), text("[command]"));
+    parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
+                                 text("[play FILE... |"));
+    parser.addPositionalArgument(
+        text("tour"), text("Play the tour and print what crossed the boundary."), text("tour]"));
+}
+
+/// Prints what was asked for instead of a command.
+/// @return whether anything was.
+bool printed(const QCommandLineParser& parser) {
+    const bool help = parser.isSet(QStringLiteral("help"));
+    if (!help && !parser.isSet(QStringLiteral("version"))) return false;
+    const QString version = QStringLiteral("newpro-workbench " WORKBENCH_VERSION " (Qt %1)\n")
+                                .arg(QLatin1String(qVersion()));
+    std::fputs((help ? parser.helpText() : version).toUtf8().constData(), stdout);
+    return true;
 }
 
 bool readCommand(QStringList words, CommandLine& into, QString& error) {
@@ -120,10 +133,7 @@ bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& e
         error = parser.errorText();
         return false;
     }
-    if (parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"))) {
-        std::fputs(parser.helpText().toUtf8().constData(), stdout);
-        return false;
-    }
+    if (printed(parser)) return false;
     if (!readCommand(parser.positionalArguments(), into, error)) return false;
     if (!readLook(parser, into, error)) return false;
     if (!readPaths(parser, into, error)) return false;

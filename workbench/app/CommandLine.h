@@ -24,7 +24,7 @@ struct CommandLine {
 };
 
 /// Reads the program's arguments.
-/// @param error set to what is wrong; empty where help was asked for and printed.
+/// @param error set to what is wrong; empty where help or the version was asked for and printed.
 /// @return whether the program is to go on.
 bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error);
 
