@@ -21,7 +21,7 @@ QString firstFolder(const char* inSources, const QString& name) {
 void describe(QCommandLineParser& parser) {
     const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
     parser.setApplicationDescription(
-        text("A host for the dialog \"新建工程\".\n"
+        text("\nA host for the dialog \"新建工程\".\n"
              "Without a command it opens its window, where Ctrl+N shows the dialog.\n\n"
              "Exit codes: 0 all as expected, 1 something differs, 2 wrong input."));
     parser.addOptions(
