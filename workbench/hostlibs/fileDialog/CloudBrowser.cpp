@@ -78,6 +78,25 @@ bool CloudBrowser::up() {
     return true;
 }
 
+bool CloudBrowser::download(const QString& name, FileChoice& into) {
+    const QJsonObject node = find(name);
+    message.clear();
+    if (!wait()) return false;
+    const QJsonObject copy = cloud::localCopy(name, path()).value(QLatin1String("data")).toObject();
+    if (!wait()) return false;
+    const bool exists = copy.value(QLatin1String("isExist")).toBool();
+    const QJsonObject answer = cloud::download(name, text(node, "xzlj"), text(copy, "filPath"),
+                                               exists ? QStringLiteral("1") : QStringLiteral("0"));
+    const QString file = text(answer, "data");
+    if (answer.value(QLatin1String("code")).toInt(-1) != 0 || file.isEmpty()) {
+        message = text(answer, "msg");
+        if (message.isEmpty()) message = QStringLiteral("云盘文件下载失败");
+        return false;
+    }
+    into = {file, disk, path() + zFileDialog::pathFgf + name, folderId(), enterpriseId()};
+    return true;
+}
+
 QJsonArray CloudBrowser::nodes() const {
     return levels.isEmpty() ? QJsonArray() : levels.last().nodes;
 }

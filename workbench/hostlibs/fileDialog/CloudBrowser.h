@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/hostlibs/fileDialog/FileChoice.h"
 
 namespace workbench {
 
@@ -25,6 +26,9 @@ class WORKBENCH_API CloudBrowser {
     bool enter(const QString& name);
     /// @return false at the top of the disk.
     bool up();
+    /// Copies a file of the present folder to its local place.
+    /// @return false when the service refused or the user gave up; see `error`.
+    bool download(const QString& name, FileChoice& into);
     bool canGoUp() const { return levels.size() > 1; }
 
     /// @return the nodes of the present folder as the service sent them.

@@ -1,6 +1,9 @@
-// How the window is put together; what it does stands in OpenDialog.cpp.
+#include "workbench/hostlibs/fileDialog/OpenDialogView.h"
+
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -8,9 +11,8 @@
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/fileDialog/FileDialogState.h"
-#include "workbench/hostlibs/fileDialog/FileListModel.h"
-#include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/hostlibs/fileDialog/fileIcons.h"
+#include "zControl.h"
 
 namespace workbench {
 
@@ -29,6 +31,10 @@ const PlaceButton placeButtons[] = {{ProjectPlace, "place1", "工程文件夹"},
 
 const int fieldHeight = 28;
 
+bool isEnter(int key) {
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 template <typename Layout>
 Layout* plainLayout(QWidget* widget, int spacing) {
     auto* layout = new Layout(widget);
@@ -46,15 +52,14 @@ QLineEdit* field(const char* name, QWidget* parent) {
 
 }  // namespace
 
-void OpenDialog::build() {
-    const bool named = !request.caption.isEmpty();
-    SetCaption(named             ? request.caption
-               : foldersWanted() ? QStringLiteral("打开文件夹")
-                                 : QStringLiteral("打开文件"));
+OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
+    : QWidget(parent),
+      foldersWanted(request.wantsFolder()),
+      filter(FileFilter::fromList(request.filters)) {
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins(scaled(12), scaled(12), scaled(12), scaled(12));
     columns->setSpacing(scaled(12));
-    columns->addWidget(placeColumn());
+    columns->addWidget(placeColumn(request.allowsClouds()));
     auto* right = new QVBoxLayout;
     right->setSpacing(scaled(8));
     columns->addLayout(right, 1);
@@ -64,16 +69,16 @@ void OpenDialog::build() {
     right->addWidget(buttonRow());
     nameForReaders();
     applyColours();
-    resize(scaled(860), scaled(560));
-    setMinimumSize(scaled(620), scaled(380));
+    connectWidgets();
+    setFocusProxy(list);
 }
 
-QWidget* OpenDialog::placeColumn() {
+QWidget* OpenDialogView::placeColumn(bool withClouds) {
     auto* column = new QWidget(this);
     column->setFixedWidth(scaled(120));
     auto* layout = plainLayout<QVBoxLayout>(column, 4);
     for (const PlaceButton& entry : placeButtons) {
-        if (isCloudPlace(entry.place) && request.mode == 0) continue;
+        if (isCloudPlace(entry.place) && !withClouds) continue;
         auto* place = new zBaseButton(QString::fromUtf8(entry.text), column);
         place->setObjectName(QLatin1String(entry.name));
         place->setAccessibleName(QStringLiteral("位置：") + QString::fromUtf8(entry.text));
@@ -88,7 +93,7 @@ QWidget* OpenDialog::placeColumn() {
     return column;
 }
 
-QWidget* OpenDialog::pathRow() {
+QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", QStringLiteral("上一级"), row);
@@ -99,8 +104,9 @@ QWidget* OpenDialog::pathRow() {
     return row;
 }
 
-QWidget* OpenDialog::fileList() {
+QWidget* OpenDialogView::fileList() {
     model = new FileListModel(this);
+    model->setFilter(filter, foldersWanted);
     list = new QTreeView(this);
     list->setObjectName(QStringLiteral("fileList"));
     list->setModel(model);
@@ -126,24 +132,26 @@ QWidget* OpenDialog::fileList() {
     return list;
 }
 
-QWidget* OpenDialog::nameRow() {
+QWidget* OpenDialogView::nameRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     nameLabel = new zBaseLabel(
-        foldersWanted() ? QStringLiteral("文件夹：") : QStringLiteral("文件名："), row);
+        foldersWanted ? QStringLiteral("文件夹：") : QStringLiteral("文件名："), row);
     nameField = field("nameField", row);
-    if (foldersWanted()) nameField->setPlaceholderText(QStringLiteral("当前文件夹"));
+    if (foldersWanted) nameField->setPlaceholderText(QStringLiteral("当前文件夹"));
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setFixedSize(scaled(240), scaled(fieldHeight));
-    filterBox->setVisible(!foldersWanted());
+    filterBox->setVisible(!foldersWanted);
+    filterBox->addItem(filter.text());
+    if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());
     layout->addWidget(nameLabel);
     layout->addWidget(nameField, 1);
     layout->addWidget(filterBox);
     return row;
 }
 
-QWidget* OpenDialog::buttonRow() {
+QWidget* OpenDialogView::buttonRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     messageLabel = new zBaseLabel(row);
@@ -160,17 +168,17 @@ QWidget* OpenDialog::buttonRow() {
     return row;
 }
 
-void OpenDialog::nameForReaders() {
+void OpenDialogView::nameForReaders() {
     pathField->setAccessibleName(QStringLiteral("路径"));
     list->setAccessibleName(QStringLiteral("文件列表"));
-    nameField->setAccessibleName(foldersWanted() ? QStringLiteral("文件夹名")
-                                                 : QStringLiteral("文件名"));
+    nameField->setAccessibleName(foldersWanted ? QStringLiteral("文件夹名")
+                                               : QStringLiteral("文件名"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
     messageLabel->setAccessibleName(QStringLiteral("提示"));
     nameLabel->setBuddy(nameField);
 }
 
-void OpenDialog::applyColours() {
+void OpenDialogView::applyColours() {
     const QString listSheet =
         QStringLiteral(
             "QTreeView{background:%1;border:1px solid %2;outline:0;"
@@ -189,6 +197,132 @@ void OpenDialog::applyColours() {
     setStyleSheet(fieldSheet() + listSheet);
     const int size = list->iconSize().width();
     model->setIcons(folderIcon(size, devicePixelRatioF()), documentIcon(size, devicePixelRatioF()));
+}
+
+void OpenDialogView::connectWidgets() {
+    for (zBaseButton* button : qAsConst(places)) {
+        connect(button, &QPushButton::clicked, this,
+                [this, button] { Q_EMIT placeWanted(button->property("place").toInt()); });
+    }
+    connect(upButton, &QPushButton::clicked, this, &OpenDialogView::upWanted);
+    connect(list, &QTreeView::doubleClicked, this,
+            [this](const QModelIndex& index) { activate(index.row()); });
+    connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &OpenDialogView::showSelection);
+    connect(filterBox, qOverload<int>(&QComboBox::currentIndexChanged), this, [this](int index) {
+        model->setFilter(index == 0 ? filter : FileFilter(), foldersWanted);
+    });
+    connect(openButton, &QPushButton::clicked, this, &OpenDialogView::confirmed);
+    connect(cancelButton, &QPushButton::clicked, this, &OpenDialogView::cancelled);
+    connect(SkinManager::instance(), &SkinManager::signalSkinChanged, this,
+            &OpenDialogView::applyColours);
+    list->installEventFilter(this);
+    pathField->installEventFilter(this);
+}
+
+bool OpenDialogView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (watched == list) return listKey(key);
+    if (watched != pathField || !isEnter(key)) return false;
+    Q_EMIT pathTyped(pathField->text());
+    return true;
+}
+
+/// @return whether the key is one of the list's own.
+bool OpenDialogView::listKey(int key) {
+    const int row = selectedRow();
+    if (isEnter(key)) {
+        if (row < 0)
+            Q_EMIT confirmed();
+        else
+            activate(row);
+        return true;
+    }
+    // The view has a current row as soon as it has the focus, and would go on to the second one.
+    if (key == Qt::Key_Down && row < 0) {
+        selectRow(0);
+        return true;
+    }
+    if (key != Qt::Key_Backspace) return false;
+    Q_EMIT upWanted();
+    return true;
+}
+
+void OpenDialogView::activate(int row) {
+    const FileEntry entry = model->entry(row);  // a copy: the model may change meanwhile
+    Q_EMIT activated(entry);
+}
+
+void OpenDialogView::showListing(const Listing& listing, int place) {
+    tell(QString());
+    model->setEntries(listing.entries);
+    list->scrollToTop();
+    pathField->setText(listing.path);
+    nameField->clear();
+    canGoUp = listing.canGoUp;
+    upButton->setEnabled(canGoUp);
+    markPlace(place);
+    select(listing.selected);
+}
+
+void OpenDialogView::markPlace(int place) {
+    for (zBaseButton* button : qAsConst(places))
+        button->setChecked(button->property("place").toInt() == place);
+}
+
+QString OpenDialogView::name() const {
+    return nameField->text();
+}
+
+void OpenDialogView::setName(const QString& name) {
+    nameField->setText(name);
+}
+
+const FileEntry* OpenDialogView::selected() const {
+    const int row = selectedRow();
+    return row < 0 ? nullptr : &model->entry(row);
+}
+
+int OpenDialogView::selectedRow() const {
+    const QModelIndexList rows = list->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void OpenDialogView::select(const QString& name) {
+    const int row = name.isEmpty() ? -1 : model->rowOf(name);
+    if (row >= 0) selectRow(row);
+}
+
+void OpenDialogView::selectRow(int row) {
+    const QModelIndex index = model->index(row, FileListModel::NameColumn);
+    list->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    list->scrollTo(index);
+}
+
+void OpenDialogView::showSelection() {
+    const FileEntry* entry = selected();
+    if (entry) nameField->setText(entry->folder == foldersWanted ? entry->name : QString());
+}
+
+void OpenDialogView::tell(const QString& message, bool failure) {
+    QPalette palette = messageLabel->palette();
+    palette.setColor(QPalette::WindowText, colour(failure ? Tint::Danger : Tint::Muted));
+    messageLabel->setPalette(palette);
+    messageLabel->setText(message);
+    messageLabel->setToolTip(message.toHtmlEscaped());
+}
+
+void OpenDialogView::setBusy(bool busy) {
+    QVector<QWidget*> widgets{upButton, pathField, list, nameField, filterBox, openButton};
+    for (zBaseButton* button : qAsConst(places)) widgets.append(button);
+    for (QWidget* widget : qAsConst(widgets)) widget->setEnabled(!busy);
+    tell(busy ? QStringLiteral("正在连接云盘…") : QString(), false);
+    if (busy) return setCursor(Qt::BusyCursor);
+    unsetCursor();
+    upButton->setEnabled(canGoUp);
+    list->setFocus();
 }
 
 }  // namespace workbench
