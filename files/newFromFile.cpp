@@ -70,10 +70,11 @@ void rememberModel(const QString& model) {
     settings->SetSysSettingInfo(info, ProjectSettingSpace::SettingLocal);
 }
 
-void run(CreationDialog& dialog, const FilePage& page, FileFlow flow) {
+/// @param shown the sign of life of the page.
+void run(CreationDialog& dialog, const FilePage& page, const Part<QWidget>& shown, FileFlow flow) {
     const Part<QWidget> alive(dialog.widget());
     FirstPagePlugin* firstPage = firstPageService();
-    if (!firstPage || !alive) return;
+    if (!firstPage || !alive || !shown) return;
     const FlowTraits& traits = traitsOf(flow);
     const bool fromTemplate = traits.optional && !(page.fromFile && page.fromFile->isChecked());
     QString file;
@@ -98,7 +99,10 @@ void run(CreationDialog& dialog, const FilePage& page, FileFlow flow) {
 void newFromFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow) {
     // A copy: the pages belong to the dialog, which may go before the flow ends.
     const FilePage page = pages.of(flow);
-    logged(traitsOf(flow).flowUsage, [&] { run(dialog, page, flow); });
+    // A page that the host deletes on the way must not pass for one that was never built: its
+    // fields would count as empty, and the user be told of a choice that was never made.
+    const Part<QWidget> shown(page.fileCombo ? page.fileCombo.data() : dialog.widget());
+    logged(traitsOf(flow).flowUsage, [&] { run(dialog, page, shown, flow); });
 }
 
 }  // namespace newpro

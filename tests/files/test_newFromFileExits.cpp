@@ -1,3 +1,4 @@
+#include <functional>
 #include <map>
 
 #include "core/guard.h"
@@ -127,23 +128,54 @@ TEST(NewFromFile, ADialogThatGoesWhenItClosesIsNotTouchedAgain) {
     }
 }
 
+/// Runs the flow, and `meanwhile` while the host carries out `call`.
+void runWith(Stage& stage, const char* call, const std::function<void()>& meanwhile) {
+    const auto connection =
+        QObject::connect(&workbench::Journal::instance(), &workbench::Journal::recorded,
+                         [&](const QJsonObject& entry) {
+                             const QString name = entry.value(QLatin1String("name")).toString();
+                             if (name == QLatin1String(call)) meanwhile();
+                         });
+    stage.run();
+    QObject::disconnect(connection);
+}
+
 TEST(NewFromFile, ADialogThatGoesDuringTheLogInEndsTheFlow) {
     for (FileFlow flow : everyFlow) {
         Stage stage(flow);
         stage.host.switches().account.login = Login::Accepted;
         stage.type(cloudFile);
-        const auto connection =
-            QObject::connect(&workbench::Journal::instance(), &workbench::Journal::recorded,
-                             [&](const QJsonObject& entry) {
-                                 const QString name = entry.value(QLatin1String("name")).toString();
-                                 if (name == QLatin1String("FirstPagePlugin::showLogin")) {
-                                     stage.dialog.window.reset();
-                                 }
-                             });
-        stage.run();
-        QObject::disconnect(connection);
+        runWith(stage, "FirstPagePlugin::showLogin", [&] { stage.dialog.window.reset(); });
         EXPECT_EQ(flowLines(), framed(flow, {isLoggedIn, showLogin, isLoggedIn}));
     }
+}
+
+/// The host deletes the page of the flow while it carries out `call`.
+void runWithoutPage(Stage& stage, const char* call) {
+    stage.type(cloudFile);
+    runWith(stage, call, [&] {
+        for (QWidget* field :
+             stage.dialog.window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            delete field;
+        }
+    });
+    EXPECT_FALSE(stage.page.fileCombo);
+    EXPECT_TRUE(stage.dialog.window);
+}
+
+TEST(NewFromFile, APageThatGoesWhileTheServiceIsAskedForEndsTheFlowSilently) {
+    for (FileFlow flow : everyFlow) {
+        SCOPED_TRACE(int(flow));
+        Stage stage(flow);
+        runWithoutPage(stage, "osgi::ObjectHelper::GetService");
+        EXPECT_EQ(flowLines(), framed(flow, {}));
+    }
+}
+
+TEST(NewFromFile, APageThatGoesWhileTheUseIsLoggedEndsTheFlowSilently) {
+    Stage stage(FileFlow::Contracting);
+    runWithoutPage(stage, "SharedInterface::UseFunc");
+    EXPECT_EQ(flowLines(), framed(stage.flow, {}));
 }
 
 /// @return the names of all host calls of a run, each as often as it was made.
