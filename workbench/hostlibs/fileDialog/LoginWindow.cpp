@@ -10,6 +10,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 
 namespace workbench {
@@ -51,7 +52,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     buttons->setSpacing(scaled(8));
     buttons->addStretch(1);
     auto* login = windowButton("loginButton", QStringLiteral("登录"), this);
-    login->setControlType(88);
+    login->setControlType(NewButtonType);
     login->setDefault(true);
     auto* cancel = windowButton("cancelButton", QStringLiteral("取消"), this);
     buttons->addWidget(login);

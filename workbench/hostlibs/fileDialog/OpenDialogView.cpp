@@ -11,7 +11,7 @@
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/fileDialog/FileDialogState.h"
-#include "workbench/hostlibs/fileDialog/fileIcons.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
 #include "zControl.h"
 
 namespace workbench {
@@ -30,6 +30,17 @@ const PlaceButton placeButtons[] = {{ProjectPlace, "place1", "工程文件夹"},
                                     {CompanyPlace, "place4", "企业云盘"}};
 
 const int fieldHeight = 28;
+
+/// @param size edge in widget pixels. @param ratio device pixels per widget pixel.
+QIcon listIcon(const char* drawing, int size, qreal ratio) {
+    const QString file = QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing));
+    const QPixmap pixmap = pixmapOf(skinPicture(file), {size, size}, ratio);
+    QIcon icon;
+    // The same picture for a selected row: Qt would tint it otherwise.
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected, QIcon::Disabled})
+        icon.addPixmap(pixmap, mode);
+    return icon;
+}
 
 bool isEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -159,7 +170,7 @@ QWidget* OpenDialogView::buttonRow() {
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
-    openButton->setControlType(88);
+    openButton->setControlType(NewButtonType);
     openButton->setDefault(true);
     cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
     layout->addWidget(messageLabel, 1);
@@ -196,7 +207,8 @@ void OpenDialogView::applyColours() {
             .arg(scaled(4));
     setStyleSheet(fieldSheet() + listSheet);
     const int size = list->iconSize().width();
-    model->setIcons(folderIcon(size, devicePixelRatioF()), documentIcon(size, devicePixelRatioF()));
+    model->setIcons(listIcon("folder", size, devicePixelRatioF()),
+                    listIcon("file", size, devicePixelRatioF()));
 }
 
 void OpenDialogView::connectWidgets() {

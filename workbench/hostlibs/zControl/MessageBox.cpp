@@ -1,6 +1,7 @@
 #include "workbench/hostlibs/zControl/MessageBox.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -9,34 +10,16 @@ namespace workbench {
 
 namespace {
 
-class Picture : public QWidget {
-  public:
-    Picture(BoxPicture which, QWidget* parent) : QWidget(parent), picture(which) {
-        setFixedSize(scaled(32), scaled(32));
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        const bool critical = picture == BoxPicture::Critical;
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(width() / 32.0, height() / 32.0);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colour(critical ? Tint::Danger : Tint::Accent));
-        painter.drawEllipse(QRectF(1, 1, 30, 30));
-        painter.setPen(QPen(colour(Tint::OnAccent), 3, Qt::SolidLine, Qt::RoundCap));
-        if (critical) {
-            painter.drawLine(QPointF(11, 11), QPointF(21, 21));
-            painter.drawLine(QPointF(21, 11), QPointF(11, 21));
-        } else {
-            painter.drawLine(QPointF(16, 15), QPointF(16, 23));
-            painter.drawPoint(QPointF(16, 9.5));
-        }
-    }
-
-  private:
-    BoxPicture picture;
-};
+QWidget* pictureLabel(BoxPicture which, QWidget* parent) {
+    const QString file = which == BoxPicture::Critical
+                             ? QStringLiteral(":/Image/Workbench/critical.svg")
+                             : QStringLiteral(":/Image/Workbench/info.svg");
+    const QSize size(scaled(32), scaled(32));
+    auto* label = new QLabel(parent);
+    label->setFixedSize(size);
+    label->setPixmap(pixmapOf(skinPicture(file), size, parent->devicePixelRatioF()));
+    return label;
+}
 
 }  // namespace
 
@@ -73,7 +56,7 @@ QLayout* MessageBox::makeMessage(const QString& text, BoxPicture picture) {
 
     auto* row = new QHBoxLayout;
     row->setSpacing(scaled(14));
-    row->addWidget(new Picture(picture, this), 0, Qt::AlignTop);
+    row->addWidget(pictureLabel(picture, this), 0, Qt::AlignTop);
     row->addWidget(label, 1, Qt::AlignVCenter);
     return row;
 }
