@@ -17,7 +17,7 @@
 
 #include "dialog/NewProCfgDialog.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 #include "workbench/journal/Journal.h"
 
 namespace {

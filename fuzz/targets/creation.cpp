@@ -7,9 +7,9 @@
 #include "fuzz/support.h"
 #include "fuzz/targets.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/projects/ProjectFile.h"
-#include "workbench/projects/ProjectStore.h"
 #include "workbench/projects/creationRequest.h"
 #include "workbench/projects/fileKind.h"
 

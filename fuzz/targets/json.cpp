@@ -4,7 +4,7 @@
 
 #include "fuzz/support.h"
 #include "fuzz/targets.h"
-#include "workbench/hostlibs/common/JsonReader.h"
+#include "workbench/base/JsonReader.h"
 
 namespace fuzzing {
 

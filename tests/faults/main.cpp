@@ -16,7 +16,7 @@
 #include "tests/faults/Symbols.h"
 #include "tests/faults/Verdict.h"
 #include "tests/faults/interposer/places.h"
-#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/lsan_interface.h>

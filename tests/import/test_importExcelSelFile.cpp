@@ -1,7 +1,7 @@
 #include "import/importExcelSelFile.h"
 
 #include "tests/import/ExcelSelection.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "import/importExcelSelFile.h"
 #include "tests/import/ExcelFiles.h"
 #include "tests/import/FakeDialog.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 
 namespace {
 

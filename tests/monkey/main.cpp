@@ -11,7 +11,7 @@
 #include "tests/monkey/findings.h"
 #include "tests/monkey/performance.h"
 #include "tests/monkey/sequence.h"
-#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 extern "C" Q_DECL_EXPORT const char* __lsan_default_suppressions() {

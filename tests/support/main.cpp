@@ -8,7 +8,7 @@
 
 #include "tests/support/TestSupport.h"
 #include "tests/support/platformMessages.h"
-#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 namespace testing_support {
 

@@ -7,9 +7,9 @@
 
 #include "fileDialog.h"
 #include "tests/support/TestSupport.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
 
 using namespace testing_support;
 

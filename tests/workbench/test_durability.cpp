@@ -1,7 +1,7 @@
 #include "tests/support/UnprivilegedUser.h"
 #include "tests/workbench/Writer.h"
-#include "workbench/hostlibs/common/FileLock.h"
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/FileLock.h"
+#include "workbench/base/wholeFile.h"
 
 namespace testing_support {
 

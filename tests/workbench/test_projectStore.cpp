@@ -4,8 +4,8 @@
 #include <QJsonDocument>
 
 #include "tests/support/TestSupport.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/projects/ProjectFile.h"
-#include "workbench/projects/ProjectStore.h"
 
 namespace testing_support {
 

@@ -3,7 +3,7 @@
 
 #include <QMainWindow>
 
-#include "workbench/projects/ProjectStore.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 
 class QLabel;
 

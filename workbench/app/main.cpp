@@ -5,7 +5,7 @@
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/TemporaryCopy.h"
 #include "workbench/scenario/hostSettings.h"

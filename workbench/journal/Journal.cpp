@@ -1,12 +1,8 @@
 #include "workbench/journal/Journal.h"
 
 #include <QJsonDocument>
-#include <set>
-#include <stdexcept>
-#include <string>
 
-#include "workbench/hostlibs/common/Host.h"
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/wholeFile.h"
 
 namespace workbench {
 
@@ -15,26 +11,6 @@ namespace {
 QByteArray compact(const QJsonValue& value) {
     const QByteArray inArray = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return inArray.mid(1, inArray.size() - 2);
-}
-
-// A thrown character string has no owner, so that its text must outlive whoever catches it.
-const char* lasting(const QString& text) {
-    static std::set<std::string> texts;
-    return texts.insert(text.toStdString()).first->c_str();
-}
-
-[[noreturn]] void throwAs(ThrowRule::As type, const QString& text) {
-    switch (type) {
-        case ThrowRule::As::Literal:
-            throw lasting(text);
-        case ThrowRule::As::String:
-            throw text;
-        case ThrowRule::As::Other:
-            throw 1;
-        case ThrowRule::As::StdException:
-            break;
-    }
-    throw std::runtime_error(text.toStdString());
 }
 
 }  // namespace
@@ -149,12 +125,7 @@ void Journal::call(const char* name, const QJsonArray& args) {
 }
 
 void Journal::throwIfAsked(const char* name, const QJsonArray& args) {
-    const QLatin1String asked(name);
-    for (ThrowRule& rule : Host::instance().switches().throws) {
-        if (rule.call != asked || ++rule.seen != rule.nth) continue;
-        record(QStringLiteral("call"), asked, {{QStringLiteral("args"), args}});
-        throwAs(rule.as, QString(rule.text));
-    }
+    if (faultHook) faultHook(name, args);
 }
 
 void Journal::recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer) {

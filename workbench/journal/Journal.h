@@ -7,9 +7,10 @@
 #include <QJsonObject>
 #include <QObject>
 #include <QVector>
+#include <functional>
 #include <utility>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 
@@ -44,16 +45,20 @@ class WORKBENCH_API Journal : public QObject {
     void exception(const QString& function, const QString& source, int line, const QString& text);
     void project(const QString& file);
 
-    /// Records a host operation without an answer, then throws if the switches ask for it.
+    /// Asked before every host operation. A hook that makes the operation fail records the call
+    /// and throws.
+    using FaultHook = std::function<void(const char* name, const QJsonArray& args)>;
+    void setFaultHook(FaultHook hook) { faultHook = std::move(hook); }
+
+    /// Records a host operation without an answer, unless the fault hook throws.
     /// @param name the operation as declared, such as "SharedInterface::UseFunc".
     void call(const char* name, const QJsonArray& args = {});
 
-    /// For operations that are recorded as something else than a call: throws, and then records
-    /// the call, if the switches ask for it.
+    /// For operations that are recorded as something else than a call: asks the fault hook alone.
     void throwIfAsked(const char* name, const QJsonArray& args);
 
-    /// Records a host operation with its answer. An exception that the switches ask for is thrown
-    /// before `operation` runs; the entry then has no answer.
+    /// Records a host operation with its answer. Where the fault hook throws, `operation` does not
+    /// run, and the entry has no answer.
     /// @param toJson turns the answer into JSON (lists of records: their count).
     template <typename Operation, typename ToJson>
     auto call(const char* name, const QJsonArray& args, Operation&& operation, ToJson&& toJson)
@@ -74,6 +79,7 @@ class WORKBENCH_API Journal : public QObject {
     void fail();
     void recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer);
 
+    FaultHook faultHook;
     QVector<QJsonObject> list;
     QElapsedTimer clock;
     QFile file;

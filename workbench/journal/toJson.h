@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 class QObject;
 

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QJsonDocument>
 
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/wholeFile.h"
 #include "workbench/projects/creationRequest.h"
 #include "workbench/projects/fileKind.h"
 

@@ -6,7 +6,7 @@
 #include <QVariant>
 #include <optional>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

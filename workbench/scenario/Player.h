@@ -8,7 +8,7 @@
 #include <QVector>
 #include <memory>
 
-#include "workbench/projects/ProjectStore.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/scenario/Stage.h"
 
 namespace workbench {

@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 
-#include "workbench/scenario/Schema.h"
+#include "workbench/base/Schema.h"
 #include "workbench/scenario/hostSettings.h"
 #include "workbench/scenario/verbs.h"
 

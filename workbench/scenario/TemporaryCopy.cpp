@@ -5,7 +5,7 @@
 #include <QRegularExpression>
 #include <filesystem>
 
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/wholeFile.h"
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>

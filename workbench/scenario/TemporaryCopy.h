@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "workbench/hostlibs/common/FileLock.h"
+#include "workbench/base/FileLock.h"
 
 namespace workbench {
 

@@ -6,9 +6,9 @@
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
-#include "workbench/projects/ProjectStore.h"
 
 namespace workbench {
 

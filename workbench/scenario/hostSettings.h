@@ -1,7 +1,7 @@
 /// The "host" part of a scenario and its "host" steps, set on the workbench's host.
 #pragma once
 
-#include "workbench/scenario/Schema.h"
+#include "workbench/base/Schema.h"
 
 namespace workbench {
 

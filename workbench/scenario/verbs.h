@@ -1,7 +1,7 @@
 /// The verbs of scenario steps.
 #pragma once
 
-#include "workbench/scenario/Schema.h"
+#include "workbench/base/Schema.h"
 
 namespace workbench {
 

@@ -10,7 +10,7 @@
 #include <limits>
 
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/projects/ProjectStore.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/scenario/TemporaryCopy.h"
 
 #ifdef Q_OS_UNIX

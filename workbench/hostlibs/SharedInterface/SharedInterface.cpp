@@ -10,8 +10,6 @@ using workbench::Journal;
 
 const QString GNSJ_XJGC = QStringLiteral("XJGC");
 
-int SharedInterface::firstOpenClose = 0;
-
 SharedInterface* SharedInterface::getInstance() {
     static SharedInterface shared;
     return workbench::accessed("SharedInterface::getInstance", &shared);

@@ -1,8 +1,14 @@
 #include "workbench/hostlibs/common/Host.h"
 
 #include <QPointer>
+#include <set>
+#include <stdexcept>
+#include <string>
 
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
+#include "workbench/journal/Journal.h"
+
+int SharedInterface::firstOpenClose = 0;
 
 namespace workbench {
 
@@ -15,7 +21,43 @@ struct Host::Data {
     Receiver receiver;
 };
 
-Host::Host() : d(new Data) {}
+namespace {
+
+// A thrown character string has no owner, so that its text must outlive whoever catches it.
+const char* lasting(const QString& text) {
+    static std::set<std::string> texts;
+    return texts.insert(text.toStdString()).first->c_str();
+}
+
+[[noreturn]] void throwAs(ThrowRule::As type, const QString& text) {
+    switch (type) {
+        case ThrowRule::As::Literal:
+            throw lasting(text);
+        case ThrowRule::As::String:
+            throw text;
+        case ThrowRule::As::Other:
+            throw 1;
+        case ThrowRule::As::StdException:
+            break;
+    }
+    throw std::runtime_error(text.toStdString());
+}
+
+/// The journal's fault hook: what the switches ask for.
+void throwIfAsked(const char* name, const QJsonArray& args) {
+    const QLatin1String asked(name);
+    for (ThrowRule& rule : Host::instance().switches().throws) {
+        if (rule.call != asked || ++rule.seen != rule.nth) continue;
+        Journal::instance().record(QStringLiteral("call"), asked, {{QStringLiteral("args"), args}});
+        throwAs(rule.as, QString(rule.text));
+    }
+}
+
+}  // namespace
+
+Host::Host() : d(new Data) {
+    Journal::instance().setFaultHook(throwIfAsked);
+}
 
 Host::~Host() {
     delete d;

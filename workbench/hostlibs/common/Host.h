@@ -6,9 +6,9 @@
 #include <QWidget>
 #include <functional>
 
+#include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/common/Installation.h"
 #include "workbench/hostlibs/common/Switches.h"
-#include "workbench/hostlibs/common/WorkbenchApi.h"
 
 namespace workbench {
 

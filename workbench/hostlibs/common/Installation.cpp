@@ -6,9 +6,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "workbench/hostlibs/common/FileLock.h"
-#include "workbench/hostlibs/common/JsonReader.h"
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/FileLock.h"
+#include "workbench/base/JsonReader.h"
+#include "workbench/base/wholeFile.h"
 
 namespace workbench {
 

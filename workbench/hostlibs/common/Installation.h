@@ -6,7 +6,7 @@
 #include <QStringList>
 
 #include "SharedInterface.h"
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

@@ -6,7 +6,7 @@
 #include <QSize>
 #include <QString>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 
@@ -50,9 +50,5 @@ WORKBENCH_API QString skinPicture(const QString& path);
 /// @return a null pixmap when there is no such picture.
 WORKBENCH_API QPixmap pixmapOf(const QString& path, const QSize& size, qreal ratio,
                                Qt::AspectRatioMode mode = Qt::KeepAspectRatio);
-
-/// Gives the application the font, palette and styles of the current skin and scale. Call it once
-/// when the application exists; it then follows Host::setSkin and Host::setScale.
-WORKBENCH_API void applySkin();
 
 }  // namespace workbench

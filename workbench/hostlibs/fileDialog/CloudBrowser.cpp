@@ -4,8 +4,8 @@
 #include <algorithm>
 
 #include "fileDialog.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
 
 namespace workbench {
 

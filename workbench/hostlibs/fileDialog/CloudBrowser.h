@@ -6,7 +6,7 @@
 #include <QVector>
 #include <functional>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/fileDialog/FileChoice.h"
 
 namespace workbench {

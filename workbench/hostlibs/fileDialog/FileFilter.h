@@ -4,7 +4,7 @@
 #include <QSet>
 #include <QStringList>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

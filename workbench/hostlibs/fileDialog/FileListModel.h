@@ -7,7 +7,7 @@
 #include <QJsonArray>
 #include <QVector>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/fileDialog/FileFilter.h"
 
 namespace workbench {

@@ -5,9 +5,9 @@
 #include <QJsonObject>
 
 #include "fileDialog.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 
 namespace workbench {

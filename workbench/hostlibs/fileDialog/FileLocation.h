@@ -1,7 +1,7 @@
 /// Where the file dialog is, and its ways from there.
 #pragma once
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/hostlibs/fileDialog/FileListModel.h"
 

@@ -1,7 +1,7 @@
 /// The log-in window of the cloud account.
 #pragma once
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 #include "zControl.h"
 
 class QGridLayout;

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/fileDialog/FileChoice.h"
 #include "zControl.h"
 

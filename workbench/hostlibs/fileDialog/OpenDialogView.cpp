@@ -8,9 +8,9 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 #include "zControl.h"
 

@@ -4,18 +4,12 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/journal/journalled.h"
 #include "workbench/journal/toJson.h"
-
-QString zFileDialog::pathFgf = QStringLiteral("/");
-int zFileDialog::iClickedBtn = workbench::NoPlace;
-QString zFileDialog::userName;
-QString zFileDialog::yunpanFile;
-QString zFileDialog::userId;
 
 namespace {
 

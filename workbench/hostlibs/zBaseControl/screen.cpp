@@ -2,6 +2,7 @@
 
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 #include "workbench/journal/Journal.h"
 #include "zBaseControl.h"
 

@@ -4,7 +4,7 @@
 #include <QFile>
 #include <QString>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

@@ -1,4 +1,4 @@
-#include "workbench/hostlibs/common/JsonReader.h"
+#include "workbench/base/JsonReader.h"
 
 #include <QDir>
 #include <QFile>

@@ -5,7 +5,7 @@
 
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
-#include "workbench/hostlibs/common/SkinStyle.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 #include "zBaseControl.h"
 
 namespace workbench {

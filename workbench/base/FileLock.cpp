@@ -1,4 +1,4 @@
-#include "workbench/hostlibs/common/FileLock.h"
+#include "workbench/base/FileLock.h"
 
 #include <QElapsedTimer>
 #include <QThread>

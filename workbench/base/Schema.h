@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QVector>
 
-#include "workbench/hostlibs/common/JsonReader.h"
+#include "workbench/base/JsonReader.h"
 
 namespace workbench {
 
@@ -40,13 +40,13 @@ struct Field {
 };
 
 /// Makers of fields, for tables. @param words separated by blanks.
-Field field(const char* key, Shape shape, bool required = false);
-Field word(const char* key, const char* words, bool required = false);
+WORKBENCH_API Field field(const char* key, Shape shape, bool required = false);
+WORKBENCH_API Field word(const char* key, const char* words, bool required = false);
 /// @return the field with a judge of its values. @see Field::fault
-Field sound(Field field, QString (*fault)(const QJsonValue&));
+WORKBENCH_API Field sound(Field field, QString (*fault)(const QJsonValue&));
 
 /// Throws JsonError for the first member that is unknown, missing or of another shape, or if the
 /// place holds no object.
-void requireFields(const JsonPlace& object, const Fields& fields);
+WORKBENCH_API void requireFields(const JsonPlace& object, const Fields& fields);
 
 }  // namespace workbench

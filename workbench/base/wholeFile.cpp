@@ -1,10 +1,10 @@
-#include "workbench/hostlibs/common/wholeFile.h"
+#include "workbench/base/wholeFile.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <filesystem>
 
-#include "workbench/hostlibs/common/FileLock.h"
+#include "workbench/base/FileLock.h"
 
 #ifdef Q_OS_WIN
 #include <io.h>

@@ -1,6 +1,12 @@
-#include "workbench/hostlibs/fileDialog/FileDialogState.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 
 #include "fileDialog.h"
+
+QString zFileDialog::pathFgf = QStringLiteral("/");
+int zFileDialog::iClickedBtn = workbench::NoPlace;
+QString zFileDialog::userName;
+QString zFileDialog::yunpanFile;
+QString zFileDialog::userId;
 
 namespace workbench {
 

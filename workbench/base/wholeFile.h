@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QString>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

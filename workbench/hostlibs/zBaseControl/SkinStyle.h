@@ -1,11 +1,17 @@
-/// The widget style of both skins.
+/// What the application takes from the skin, and the widget style of both skins.
 #pragma once
 
 #include <QProxyStyle>
 
+#include "workbench/base/WorkbenchApi.h"
+
 class QScrollBar;
 
 namespace workbench {
+
+/// Gives the application the font, palette and styles of the current skin and scale. Call it once
+/// when the application exists; it then follows Host::setSkin and Host::setScale.
+WORKBENCH_API void applySkin();
 
 /// Fusion at the host's scale, with flat scroll bars, list rows and headers. It is a style and not
 /// a style sheet of the application, because under a sheet a widget that moves to another parent

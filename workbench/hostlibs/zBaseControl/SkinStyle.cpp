@@ -1,4 +1,4 @@
-#include "workbench/hostlibs/common/SkinStyle.h"
+#include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 #include <QAbstractItemView>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "workbench/projects/ProjectStore.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 
 #include <QCryptographicHash>
 #include <QDir>

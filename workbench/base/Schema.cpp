@@ -1,4 +1,4 @@
-#include "workbench/scenario/Schema.h"
+#include "workbench/base/Schema.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <QVector>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 

@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QVariant>
 
-#include "workbench/hostlibs/common/WorkbenchApi.h"
+#include "workbench/base/WorkbenchApi.h"
 
 namespace workbench {
 
