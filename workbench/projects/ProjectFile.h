@@ -7,13 +7,14 @@
 #include <optional>
 
 #include "workbench/base/WorkbenchApi.h"
+#include "workbench/projects/ProgramType.h"
 
 namespace workbench {
 
 /// The content of a project file. On disk it is JSON with the key "workbenchProject".
 struct WORKBENCH_API ProjectFile {
-    int programType = -1;  ///< What GetProgramTypeByFile answers for the file.
-    QString name;          ///< Readable name of the project.
+    int programType = NoProgram;  ///< What GetProgramTypeByFile answers for the file.
+    QString name;                 ///< Readable name of the project.
     QDateTime created;
     /// The creation request: "channel", "client", "code", "payload" as they crossed the boundary.
     QJsonObject request;

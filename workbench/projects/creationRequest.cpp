@@ -10,13 +10,6 @@ namespace workbench {
 
 namespace {
 
-constexpr int budget = 4;
-constexpr int audit = 5;
-// Asked of plug-in 6, but the file's type is 2.
-constexpr int estimate = 2;
-constexpr int settlement = 8;
-constexpr int contracting = 16;
-constexpr int contractingAudit = 17;
 constexpr int ofClient = 0;  // the request's own program type
 
 /// One creation code: the file it makes and the keys of its payload.
@@ -40,20 +33,20 @@ const QVector<Creation>& creations() {
          false,
          QStringLiteral("按计价模式“%1”新建")},
         {44, ofClient, {}, QStringLiteral(""), true, QStringLiteral("由模板工程“%2”新建")},
-        {100, budget, model, {}, false, QStringLiteral("按“%1”新建预算")},
-        {102, estimate, model, file, false, QStringLiteral("新建概算")},
-        {103, audit, {}, file, true, QStringLiteral("由工程文件“%2”新建审核")},
-        {104, settlement, model, file, false, QStringLiteral("新建结算")},
-        {105, contracting, model, {}, false, QStringLiteral("按“%1”新建总承包")},
+        {100, BudgetProgram, model, {}, false, QStringLiteral("按“%1”新建预算")},
+        {102, EstimateFile, model, file, false, QStringLiteral("新建概算")},
+        {103, AuditProgram, {}, file, true, QStringLiteral("由工程文件“%2”新建审核")},
+        {104, SettlementProgram, model, file, false, QStringLiteral("新建结算")},
+        {105, ContractingProgram, model, {}, false, QStringLiteral("按“%1”新建总承包")},
         {107, ofClient, {}, QStringLiteral("path"), true, QStringLiteral("由Excel“%2”导入")},
         {108,
-         budget,
+         BudgetProgram,
          {},
          QStringLiteral("dzb_file"),
          true,
          QStringLiteral("由电子招投标数据“%2”导入")},
         {114,
-         contracting,
+         ContractingProgram,
          {},
          QStringLiteral("pro_file"),
          true,
@@ -83,15 +76,17 @@ QVariant asMap(const QVariant& payload) {
 
 int programTypeOf(const Creation& creation, int client) {
     if (creation.programType == ofClient) return client;
-    if (creation.programType == audit && client == contracting) return contractingAudit;
+    if (creation.programType == AuditProgram && client == ContractingProgram)
+        return ContractingAudit;
     return creation.programType;
 }
 
-/// An audit keeps the family of what it audits: the suffix of the source's kind behind an "S".
+/// An audit keeps the family of what it audits: the suffix of the source's kind behind an
+/// "S".
 QString suffixOf(int programType, const QString& source) {
-    if (programType != audit) return suffixOfProgramType(programType);
+    if (programType != AuditProgram) return suffixOfProgramType(programType);
     const QString audited = suffixOfProgramType(programTypeOfFile(source));
-    if (audited.isEmpty()) return suffixOfProgramType(audit);
+    if (audited.isEmpty()) return suffixOfProgramType(AuditProgram);
     return audited.startsWith(QLatin1Char('S')) ? audited : QLatin1Char('S') + audited;
 }
 

@@ -7,23 +7,24 @@
 #include <optional>
 
 #include "workbench/base/WorkbenchApi.h"
+#include "workbench/projects/ProgramType.h"
 
 namespace workbench {
 
 /// A request as it crossed the boundary.
 struct CreationRequest {
-    QString channel;  ///< "SignalCreatePro", "SignalCreateMB" or "SendMsgToPlugin".
-    int client = -1;  ///< Program type of a signal, or plug-in of a message.
+    QString channel;         ///< "SignalCreatePro", "SignalCreateMB" or "SendMsgToPlugin".
+    int client = NoProgram;  ///< Program type of a signal, or plug-in of a message.
     int code = 0;
     QVariant payload;
 };
 
 /// What a request asks for.
 struct CreationPlan {
-    int programType = -1;  ///< Program type of the file to make.
-    QString suffix;        ///< Its suffix, without dot.
-    QString title;         ///< What the project is named after; may be empty.
-    QString source;        ///< File or folder to start from; empty for none.
+    int programType = NoProgram;  ///< Program type of the file to make.
+    QString suffix;               ///< Its suffix, without dot.
+    QString title;                ///< What the project is named after; may be empty.
+    QString source;               ///< File or folder to start from; empty for none.
 };
 
 /// @return what to make; nothing for a code that is no creation, an unknown program type, or a

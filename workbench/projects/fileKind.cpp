@@ -1,31 +1,37 @@
 #include "workbench/projects/fileKind.h"
 
 #include <QFileInfo>
-#include <QHash>
 #include <QVector>
 
 #include "fileDialog.h"
+#include "workbench/projects/ProgramType.h"
 #include "workbench/projects/ProjectFile.h"
 
 namespace workbench {
+
+const QString personalDisk = QStringLiteral("个人云盘");
+const QString companyDisk = QStringLiteral("企业云盘");
 
 namespace {
 
 struct Kind {
     int programType;
-    QLatin1String suffix;
     QString name;
+    QString suffix;    ///< Of new files.
+    QString suffixes;  ///< By which a cloud path is judged. The host has none for two kinds.
 };
 
 const QVector<Kind>& kinds() {
+    const auto text = [](const char* ascii) { return QString(QLatin1String(ascii)); };
     static const QVector<Kind> table = {
-        {4, QLatin1String("GCFX"), QStringLiteral("预算工程")},
-        {2, QLatin1String("GCFG"), QStringLiteral("概算工程")},
-        {8, QLatin1String("GCFJ"), QStringLiteral("结算工程")},
-        {16, QLatin1String("GCFZ"), QStringLiteral("总承包工程")},
-        {32, QLatin1String("GCFQ"), QStringLiteral("全过程工程")},
-        {5, QLatin1String("SGCFX"), QStringLiteral("审核工程")},
-        {17, QLatin1String("SGCFZ"), QStringLiteral("总承包审核工程")},
+        {BudgetProgram, QStringLiteral("预算工程"), text("GCFX"), text("GCFX PMW BAK SBAK GCF")},
+        {EstimateFile, QStringLiteral("概算工程"), text("GCFG"), text("GCFG")},
+        {SettlementProgram, QStringLiteral("结算工程"), text("GCFJ"), {}},
+        {ContractingProgram, QStringLiteral("总承包工程"), text("GCFZ"), text("GCFZ BAKZ")},
+        {WholeProcessProgram, QStringLiteral("全过程工程"), text("GCFQ"), {}},
+        {AuditProgram, QStringLiteral("审核工程"), text("SGCFX"),
+         text("SGCFX SPMW SGCFJ SGCF SGCFG")},
+        {ContractingAudit, QStringLiteral("总承包审核工程"), text("SGCFZ"), text("SGCFZ SBAKZ")},
     };
     return table;
 }
@@ -38,14 +44,11 @@ const Kind* kindOf(int programType) {
 }
 
 int programTypeOfSuffix(const QString& suffix) {
-    static const QHash<QString, int> types = {
-        {QStringLiteral("GCFX"), 4},   {QStringLiteral("PMW"), 4},   {QStringLiteral("BAK"), 4},
-        {QStringLiteral("SBAK"), 4},   {QStringLiteral("GCF"), 4},   {QStringLiteral("GCFZ"), 16},
-        {QStringLiteral("BAKZ"), 16},  {QStringLiteral("GCFG"), 2},  {QStringLiteral("SGCFZ"), 17},
-        {QStringLiteral("SBAKZ"), 17}, {QStringLiteral("SGCFX"), 5}, {QStringLiteral("SPMW"), 5},
-        {QStringLiteral("SGCFJ"), 5},  {QStringLiteral("SGCF"), 5},  {QStringLiteral("SGCFG"), 5},
-    };
-    return types.value(suffix, -1);
+    for (const Kind& kind : kinds()) {
+        if (kind.suffixes.split(QLatin1Char(' '), Qt::SkipEmptyParts).contains(suffix))
+            return kind.programType;
+    }
+    return NoProgram;
 }
 
 }  // namespace
@@ -62,13 +65,13 @@ QString suffixOfProgramType(int programType) {
 
 bool isCloudPath(const QString& path) {
     const QString disk = path.section(zFileDialog::pathFgf, 0, 0, QString::SectionSkipEmpty);
-    return disk == QStringLiteral("个人云盘") || disk == QStringLiteral("企业云盘");
+    return disk == personalDisk || disk == companyDisk;
 }
 
 int programTypeOfFile(const QString& path) {
     if (isCloudPath(path)) return programTypeOfSuffix(QFileInfo(path).suffix().toUpper());
     const auto project = ProjectFile::read(path);
-    return project ? project->programType : -1;
+    return project ? project->programType : NoProgram;
 }
 
 FileInfo fileInfoOf(const QString& path) {

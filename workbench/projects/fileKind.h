@@ -12,11 +12,15 @@ WORKBENCH_API QString kindOfProgramType(int programType);
 /// @return the suffix of new files of that kind, without dot; empty for no such kind.
 WORKBENCH_API QString suffixOfProgramType(int programType);
 
+/// The names of the cloud disks, with which every path on one begins.
+extern WORKBENCH_API const QString personalDisk;
+extern WORKBENCH_API const QString companyDisk;
+
 /// @return whether the first component of a path is one of the two cloud disks.
 WORKBENCH_API bool isCloudPath(const QString& path);
 
 /// @param path a local path, judged by the file's content, or a cloud path, judged by its suffix.
-/// @return the program type; -1 for a file that is no project file.
+/// @return the program type; NoProgram for a file that is no project file.
 WORKBENCH_API int programTypeOfFile(const QString& path);
 
 /// Four descriptive strings of a project file.

@@ -9,14 +9,12 @@
 #include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
+#include "workbench/projects/ProgramType.h"
+#include "workbench/projects/fileKind.h"
 
 namespace workbench {
 
 namespace {
-
-/// Answers of the chooser.
-const int budgetProgram = 4;
-const int contractingProgram = 16;
 
 void journalSignals(NewProCfgDialog* dialog) {
     Journal* journal = &Journal::instance();
@@ -63,8 +61,8 @@ QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind) {
 std::optional<QString> askForKind(QWidget* parent) {
     xzGcLxDialog chooser(parent);
     const int programType = chooser.exec();
-    if (programType == budgetProgram) return QString();
-    if (programType == contractingProgram) return QStringLiteral("总承包工程");
+    if (programType == BudgetProgram) return QString();
+    if (programType == ContractingProgram) return kindOfProgramType(programType);
     return std::nullopt;
 }
 

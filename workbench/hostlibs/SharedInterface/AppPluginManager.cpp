@@ -1,6 +1,7 @@
 #include "SharedInterface.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/journalled.h"
+#include "workbench/projects/ProgramType.h"
 
 using workbench::Host;
 using workbench::Journal;
@@ -8,11 +9,12 @@ using workbench::Journal;
 namespace {
 
 QString textOf(int client) {
-    static const QMap<int, QString> texts = {{4, QStringLiteral("预算")},
-                                             {6, QStringLiteral("概算")},
-                                             {8, QStringLiteral("结算")},
-                                             {16, QStringLiteral("总承包")},
-                                             {32, QStringLiteral("全过程")}};
+    static const QMap<int, QString> texts = {
+        {workbench::BudgetProgram, QStringLiteral("预算")},
+        {workbench::EstimateProgram, QStringLiteral("概算")},
+        {workbench::SettlementProgram, QStringLiteral("结算")},
+        {workbench::ContractingProgram, QStringLiteral("总承包")},
+        {workbench::WholeProcessProgram, QStringLiteral("全过程")}};
     return texts.value(client);
 }
 

@@ -9,11 +9,12 @@
 #include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/common/Installation.h"
 #include "workbench/hostlibs/common/Switches.h"
+#include "workbench/projects/ProgramType.h"
 
 namespace workbench {
 
-/// Stands for the main logic where a plug-in's program type is expected. No plug-in has it.
-constexpr int mainLogic = -1;
+/// Stands for the main logic where a plug-in's program type is expected.
+constexpr int mainLogic = NoProgram;
 
 /// Everything that host operations share. Host libraries read it; the program, the scenario player
 /// and tests set it. `reset` brings it back to a fresh host without installation.

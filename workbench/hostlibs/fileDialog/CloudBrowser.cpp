@@ -6,6 +6,7 @@
 #include "fileDialog.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
+#include "workbench/projects/fileKind.h"
 
 namespace workbench {
 
@@ -34,7 +35,7 @@ bool CloudBrowser::open(int place) {
     QJsonObject answer;
     if (!ask(personal ? cloud::personalTree : cloud::companyTop, answer)) return false;
     disk = place;
-    levels = {{personal ? cloud::personalDisk : cloud::companyDisk,
+    levels = {{personal ? personalDisk : companyDisk,
                personal ? cloud::childrenOfRoot(answer) : cloud::nodesOf(answer),
                {},
                {}}};

@@ -9,11 +9,9 @@
 
 #include "fileDialog.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/projects/fileKind.h"
 
 namespace workbench::cloud {
-
-const QString personalDisk = QStringLiteral("个人云盘");
-const QString companyDisk = QStringLiteral("企业云盘");
 
 namespace {
 

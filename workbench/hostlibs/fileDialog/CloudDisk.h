@@ -9,9 +9,6 @@
 
 namespace workbench::cloud {
 
-extern const QString personalDisk;  ///< "个人云盘"
-extern const QString companyDisk;   ///< "企业云盘"
-
 /// Every answer has "code" (0 for success) and "msg". Folder ids and download links are paths below
 /// the folder of the disks that begin with a disk's name; anything that leads elsewhere is refused.
 /// The switches can have all of them refused or damaged. None of them waits.

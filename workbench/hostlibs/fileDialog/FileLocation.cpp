@@ -7,8 +7,8 @@
 #include "fileDialog.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/hostlibs/fileDialog/CloudDisk.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
+#include "workbench/projects/fileKind.h"
 
 namespace workbench {
 
@@ -69,8 +69,8 @@ bool FileLocation::atCloud(bool arrived) {
 
 bool FileLocation::goToTyped(const QString& text) {
     const QStringList names = text.split(zFileDialog::pathFgf, Qt::SkipEmptyParts);
-    const bool personal = names.value(0) == cloud::personalDisk;
-    if (personal || names.value(0) == cloud::companyDisk) {
+    const bool personal = names.value(0) == personalDisk;
+    if (personal || names.value(0) == companyDisk) {
         if (!withClouds) return fail(QStringLiteral("此处不能使用云盘"));
         return goToCloud(personal ? PersonalPlace : CompanyPlace, names.mid(1));
     }
