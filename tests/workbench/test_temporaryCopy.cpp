@@ -1,5 +1,13 @@
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <QDir>
 #include <QProcess>
+#include <QThread>
+#include <atomic>
+#include <thread>
 
 #include "tests/workbench/TemporaryFolders.h"
 #include "tests/workbench/Writer.h"
@@ -129,6 +137,34 @@ TEST_F(TemporaryCopyTest, TheNextStartRemovesTheCopyOfAKilledPlayAndNotOfALiving
     const QString copy = folder.filePath(second.constFirst());
     EXPECT_TRUE(QTest::qWaitFor([this] { return copies().size() == 2; }, patienceMs));
     EXPECT_TRUE(QFileInfo::exists(copy + QStringLiteral("/models.json"))) << "it is in use";
+}
+
+/// Who clears up may hold a new copy's lock for a moment: its file exists before it is locked.
+TEST_F(TemporaryCopyTest, IsMadeThoughSomebodyWhoClearsUpIsQuicker) {
+    const QTemporaryDir source;
+    const QByteArray place = QFile::encodeName(folder.path());
+    std::atomic<bool> done{false};
+    std::thread other([&] {
+        DIR* const entries = opendir(place.constData());
+        while (!done) {
+            rewinddir(entries);
+            while (const dirent* entry = readdir(entries)) {
+                const int lock = openat(dirfd(entries), entry->d_name, O_RDWR);
+                if (lock < 0) continue;
+                if (flock(lock, LOCK_EX | LOCK_NB) == 0) QThread::usleep(50);
+                close(lock);
+            }
+        }
+        closedir(entries);
+    });
+    QStringList errors;
+    for (int i = 0; i < 600; ++i) {
+        const TemporaryCopy copy(source.path());
+        if (!copy.error().isEmpty()) errors.append(copy.error());
+    }
+    done = true;
+    other.join();
+    EXPECT_EQ(errors, QStringList());
 }
 
 }  // namespace testing_support

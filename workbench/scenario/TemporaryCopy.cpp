@@ -92,7 +92,8 @@ TemporaryCopy::TemporaryCopy(const QString& source)
         problem = QStringLiteral("the system's temporary folder does not exist");
         return;
     }
-    if (!lock.lock(0)) {
+    // Nobody has this name, but who clears up may look at the new file for a moment.
+    if (!lock.lock(writerPatience)) {
         problem = QStringLiteral("%1: %2").arg(place, lock.error());
         return;
     }
