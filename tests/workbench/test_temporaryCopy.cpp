@@ -158,7 +158,7 @@ TEST_F(TemporaryCopyTest, IsMadeThoughSomebodyWhoClearsUpIsQuicker) {
         closedir(entries);
     });
     QStringList errors;
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 300; ++i) {
         const TemporaryCopy copy(source.path());
         if (!copy.error().isEmpty()) errors.append(copy.error());
     }
