@@ -50,7 +50,7 @@ ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* p
 }
 
 QSize ElidedLabel::sizeHint() const {
-    return guardedOr("ElidedLabel", "ElidedLabel::sizeHint", QSize(), [this] {
+    return guardedOr("ElidedLabel", QSize(), [this] {
         const bool ownWidth = sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
         // Without measuring the text, which is what makes a list of labels slow.
         return ownWidth ? zBaseLabel::sizeHint() : QSize(0, fontMetrics().height());
@@ -62,7 +62,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
-    guarded("ElidedLabel", "ElidedLabel::paintEvent", [&] {
+    guarded("ElidedLabel", [&] {
         const QRect area = contentsRect();
         const QFontMetrics metrics = fontMetrics();
         // Where the line has no room, its glyphs are what is centred.

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <stdexcept>
+#include <string>
 
 #include "SharedInterface.h"
 
@@ -9,30 +10,35 @@ namespace newpro {
 
 namespace {
 
-void report(const char* text, const char* source, int line, const char* function) {
-    ProcExceptionNew(std::runtime_error(text), source, line, function);
+void report(const std::exception& exception, const Origin& origin) {
+    const std::string function = std::string(origin.source) + "::" + origin.function;
+    ProcExceptionNew(exception, origin.source, origin.line, function.c_str());
 }
 
-void dispatch(const char* source, int line, const char* function) {
+void report(const char* text, const Origin& origin) {
+    report(std::runtime_error(text), origin);
+}
+
+void dispatch(const Origin& origin) {
     try {
         throw;
     } catch (const Gone&) {
     } catch (const char* text) {
-        report(text ? text : "", source, line, function);
+        report(text ? text : "", origin);
     } catch (const QString& text) {
-        report(text.toUtf8().constData(), source, line, function);
+        report(text.toUtf8().constData(), origin);
     } catch (const std::exception& exception) {
-        ProcExceptionNew(exception, source, line, function);
+        report(exception, origin);
     } catch (...) {
-        report("未知异常", source, line, function);
+        report("未知异常", origin);
     }
 }
 
 }  // namespace
 
-void reportCurrentException(const char* source, int line, const char* function) noexcept {
+void reportCurrentException(const Origin& origin) noexcept {
     try {
-        dispatch(source, line, function);
+        dispatch(origin);
     } catch (...) {
         // The reporter itself failed. There is nobody left to tell, and the host must live on.
     }

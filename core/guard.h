@@ -5,10 +5,26 @@
 
 namespace newpro {
 
+/// Where a report comes from: it names the function "source::function".
+struct Origin {
+    /// A source name alone does as an origin: function and line are then those of the use.
+    /// @param source   source name of the report, such as "NewProCfgDialog".
+    /// @param function name of the function without its class. Say it where the report shall name
+    ///        another than the one around, and in a lambda, whose own name is "operator()".
+    /// @param line     line of the use; leave it to its default.
+    Origin(const char* source, const char* function = __builtin_FUNCTION(),
+           int line = __builtin_LINE())
+        : source(source), function(function), line(line) {}
+
+    const char* source;
+    const char* function;
+    int line;
+};
+
 /// Reports the exception that is being handled to the host's ProcExceptionNew: a character string
 /// or a QString as std::runtime_error with that text, a std::exception as it is, anything else with
 /// the text "未知异常". Call it in a catch block only. Never throws.
-void reportCurrentException(const char* source, int line, const char* function) noexcept;
+void reportCurrentException(const Origin& origin) noexcept;
 
 /// Thrown where an operation needs what is not there any more, or never was: a widget that a fault
 /// kept from being built, or that went with its dialog in the middle of the operation. It ends the
@@ -32,28 +48,23 @@ void withEnd(Body&& body, End&& end) {
 }
 
 /// Runs `body` and turns every exception into one report.
-/// @param source   source name of the report, such as "NewProCfgDialog".
-/// @param function qualified function name of the report, such as "NewProCfgDialog::CreateUI".
-/// @param body     what to run; it must not assume that the caller's object outlives it.
-/// @param line     line of the use; leave it to its default.
+/// @param body what to run; it must not assume that the caller's object outlives it.
 template <typename Body>
-void guarded(const char* source, const char* function, Body&& body,
-             int line = __builtin_LINE()) noexcept {
+void guarded(const Origin& origin, Body&& body) noexcept {
     try {
         std::forward<Body>(body)();
     } catch (...) {
-        reportCurrentException(source, line, function);
+        reportCurrentException(origin);
     }
 }
 
 /// The same for a body with a result. @return the body's result, or `fallback` after a report.
 template <typename Result, typename Body>
-Result guardedOr(const char* source, const char* function, Result fallback, Body&& body,
-                 int line = __builtin_LINE()) noexcept {
+Result guardedOr(const Origin& origin, Result fallback, Body&& body) noexcept {
     try {
         return std::forward<Body>(body)();
     } catch (...) {
-        reportCurrentException(source, line, function);
+        reportCurrentException(origin);
         return fallback;
     }
 }

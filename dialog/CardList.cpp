@@ -21,7 +21,7 @@ int CardList::rowsHeight() const {
 }
 
 bool CardList::viewportEvent(QEvent* event) {
-    return guardedOr("CardList", "CardList::viewportEvent", false, [&] {
+    return guardedOr("CardList", false, [&] {
         switch (event->type()) {
             // An item view paints everything anew for these, to show which rows are active: a
             // second paint of all cards each time the dialog opens.

@@ -31,7 +31,7 @@ using Parts = NewProCfgDialogPrivate;
 
 NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* parent)
     : zBaseModal(parent), d(std::make_shared<NewProCfgDialogPrivate>(this)) {
-    operate(d, "NewProCfgDialog::NewProCfgDialog", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         parts.hostMode = hostMode;
         parts.showImportTender = showImportTender;
         // The import flows go on after the dialog has closed: it must not end the application.
@@ -56,13 +56,12 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
 }
 
 NewProCfgDialog::~NewProCfgDialog() {
-    operate(d, "NewProCfgDialog::~NewProCfgDialog",
-            [](Parts&) { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
+    operate(d, [](Parts&) { InterfaceAdaptation::getInstance()->closeMaxDialogMode(); });
     d->forgetEntries();
 }
 
 void NewProCfgDialog::showEvent(QShowEvent* event) {
-    operate(d, "NewProCfgDialog::showEvent", [this, event](Parts&) {
+    operate(d, [this, event](Parts&) {
         listenAgain();
         zBaseModal::showEvent(event);
     });
@@ -87,15 +86,14 @@ void NewProCfgDialog::SetIsFirstPageOpen(bool open) {
 }
 
 void NewProCfgDialog::SetLsjl(QStringList files) {
-    operate(d, "NewProCfgDialog::SetLsjl", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         parts.historyFiles = std::move(files);
         initXjXlData();
     });
 }
 
 void NewProCfgDialog::InitJcTx() {
-    operate(d, "NewProCfgDialog::InitJcTx",
-            [](Parts& parts) { parts.plugins = AppPluginManager::instance(); });
+    operate(d, [](Parts& parts) { parts.plugins = AppPluginManager::instance(); });
 }
 
 bool NewProCfgDialog::GetProgramType(int& type) {
@@ -107,14 +105,13 @@ bool NewProCfgDialog::GetProgramType(int& type) {
 void NewProCfgDialog::GetModelCfgAndInitData() {
     // Held here: the second part runs also where the first one lost the dialog.
     const std::shared_ptr<Parts> held = d;
-    operate(held, "NewProCfgDialog::GetModelCfgAndInitData", [](Parts& parts) {
+    operate(held, [](Parts& parts) {
         parts.q->ClearProTaxModelListWidget();
         parts.loadModels();
         parts.q->LoadTemplateProInfo();
     });
     // Also after an exception: the cards placed so far must be reachable.
-    operate(held, "NewProCfgDialog::GetModelCfgAndInitData",
-            [](Parts& parts) { parts.taxPageArea->fitStack(); });
+    operate(held, [](Parts& parts) { parts.taxPageArea->fitStack(); });
 }
 
 void NewProCfgDialogPrivate::loadModels() {
@@ -131,12 +128,11 @@ void NewProCfgDialogPrivate::loadModels() {
 }
 
 void NewProCfgDialog::ClearProTaxModelListWidget() {
-    operate(d, "NewProCfgDialog::ClearProTaxModelListWidget",
-            [](Parts& parts) { parts.catalogue.clear(); });
+    operate(d, [](Parts& parts) { parts.catalogue.clear(); });
 }
 
 void NewProCfgDialog::flushListWidget() {
-    operate(d, "NewProCfgDialog::flushListWidget", [](Parts& parts) { parts.showModelList(); });
+    operate(d, [](Parts& parts) { parts.showModelList(); });
 }
 
 void NewProCfgDialogPrivate::showModelList() {
@@ -158,19 +154,17 @@ void NewProCfgDialogPrivate::showModelList() {
 }
 
 void NewProCfgDialog::slotNewPro(const ProjectSettingSpace::TaxTemplateInfo& newProTaxInfo) {
-    operate(d, "NewProCfgDialog::slotNewPro",
-            [&](Parts& parts) { newpro::createFromModel(parts, newProTaxInfo); });
+    operate(d, [&](Parts& parts) { newpro::createFromModel(parts, newProTaxInfo); });
 }
 
 void NewProCfgDialog::slotCreatePro(const QMap<QString, QVariant>& mapVar, int gcType) {
-    operate(d, "NewProCfgDialog::slotCreatePro",
-            [&](Parts& parts) { newpro::createFromPageData(parts.plugins, mapVar, gcType); });
+    operate(d, [&](Parts& parts) { newpro::createFromPageData(parts.plugins, mapVar, gcType); });
 }
 
 // Templates.
 
 void NewProCfgDialog::LoadTemplateProInfo() {
-    operate(d, "NewProCfgDialog::LoadTemplateProInfo", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         if (!parts.lswTemplateEng) return;
         const auto create = [&parts](const QString& path) {
             const std::shared_ptr<Parts> held = parts.shared_from_this();
@@ -183,39 +177,39 @@ void NewProCfgDialog::LoadTemplateProInfo() {
 }
 
 void NewProCfgDialog::initGsMbData() {
-    operate(d, "NewProCfgDialog::initGsMbData",
+    operate(d,
             [](Parts& parts) { newpro::fillEstimateTemplates(parts.pages.estimate.modelCombo); });
 }
 
 // History.
 
 void NewProCfgDialog::initXjXlData() {
-    operate(d, "NewProCfgDialog::initXjXlData", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         parts.q->initGsMbData();
         parts.q->initLsjl(true, true, false, false);
     });
 }
 
 void NewProCfgDialog::initLsjl(bool sh, bool zcb, bool js, bool gs) {
-    operate(d, "NewProCfgDialog::initLsjl", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         newpro::refillHistory(parts.historyFiles, parts.pages, {sh, zcb, js, gs});
     });
 }
 
 void NewProCfgDialog::initJsLsjlList() {
-    operate(d, "NewProCfgDialog::initJsLsjlList", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::refillHistory(parts.historyFiles, parts.pages, {false, false, true, false});
     });
 }
 
 void NewProCfgDialog::initShLsjlList() {
-    operate(d, "NewProCfgDialog::initShLsjlList", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::refillHistory(parts.historyFiles, parts.pages, {true, false, false, false});
     });
 }
 
 void NewProCfgDialog::initZcbLsjlList() {
-    operate(d, "NewProCfgDialog::initZcbLsjlList", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::refillHistory(parts.historyFiles, parts.pages, {false, true, false, false});
     });
 }
@@ -223,42 +217,42 @@ void NewProCfgDialog::initZcbLsjlList() {
 // Existing project files.
 
 void NewProCfgDialog::xjgsButtonSlot() {
-    operate(d, "NewProCfgDialog::xjgsButtonSlot", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Estimate);
     });
 }
 
 void NewProCfgDialog::xjjsButtonSlot() {
-    operate(d, "NewProCfgDialog::xjjsButtonSlot", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Settlement);
     });
 }
 
 void NewProCfgDialog::xjshButtonSlot() {
-    operate(d, "NewProCfgDialog::xjshButtonSlot",
+    operate(d,
             [](Parts& parts) { newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Audit); });
 }
 
 void NewProCfgDialog::xjZcbButtonSlot() {
-    operate(d, "NewProCfgDialog::xjZcbButtonSlot", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::newFromFile(parts, parts.pages, newpro::FileFlow::Contracting);
     });
 }
 
 void NewProCfgDialog::slotScanXjgs() {
-    operate(d, "NewProCfgDialog::slotScanXjgs", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Estimate);
     });
 }
 
 void NewProCfgDialog::slotScanXjjs() {
-    operate(d, "NewProCfgDialog::slotScanXjjs", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Settlement);
     });
 }
 
 void NewProCfgDialog::slotScanXjsh() {
-    operate(d, "NewProCfgDialog::slotScanXjsh", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Audit);
     });
 }
@@ -268,18 +262,17 @@ void NewProCfgDialog::slotScanXjsh_YN() {
 }
 
 void NewProCfgDialog::slotScanXjZcb() {
-    operate(d, "NewProCfgDialog::slotScanXjZcb", [](Parts& parts) {
+    operate(d, [](Parts& parts) {
         newpro::browseForFile(parts, parts.pages, newpro::FileFlow::Contracting);
     });
 }
 
 int NewProCfgDialog::getDkType(QString suffix) {
-    return operateOr(d, "NewProCfgDialog::getDkType", 0,
-                     [&](Parts&) { return newpro::projectFileType(std::move(suffix)); });
+    return operateOr(d, 0, [&](Parts&) { return newpro::projectFileType(std::move(suffix)); });
 }
 
 bool NewProCfgDialog::loadYunPanPath(QString& localPath, const QString& cloudPath, bool select) {
-    return operateOr(d, "NewProCfgDialog::loadYunPanPath", false, [&](Parts& parts) {
+    return operateOr(d, false, [&](Parts& parts) {
         return newpro::resolveCloudPath(localPath, cloudPath, select, parts.pages);
     });
 }
@@ -287,19 +280,17 @@ bool NewProCfgDialog::loadYunPanPath(QString& localPath, const QString& cloudPat
 // Imports.
 
 void NewProCfgDialog::slotImportExcelNewPro() {
-    operate(d, "NewProCfgDialog::slotImportExcelNewPro",
-            [](Parts& parts) { newpro::importExcel(parts); });
+    operate(d, [](Parts& parts) { newpro::importExcel(parts); });
 }
 
 void NewProCfgDialog::slotImportCJZPro() {
-    operate(d, "NewProCfgDialog::slotImportCJZPro",
-            [](Parts& parts) { newpro::importTender(parts); });
+    operate(d, [](Parts& parts) { newpro::importTender(parts); });
 }
 
 // Tax modes.
 
 void NewProCfgDialog::slotCalculationTaxClicked(int i) {
-    operate(d, "NewProCfgDialog::slotCalculationTaxClicked", [i](Parts& parts) {
+    operate(d, [i](Parts& parts) {
         // A page may be missing after an exception; the slide would go round to another.
         if (i < 0 || i >= parts.taxPageStack->count()) return;
         parts.taxPageStack->slideInIdx(i);
@@ -309,6 +300,5 @@ void NewProCfgDialog::slotCalculationTaxClicked(int i) {
 }
 
 void NewProCfgDialog::slotCalculationTaxAnimationFinished(int i) {
-    operate(d, "NewProCfgDialog::slotCalculationTaxAnimationFinished",
-            [i](Parts& parts) { parts.taxRow->check(i); });
+    operate(d, [i](Parts& parts) { parts.taxRow->check(i); });
 }

@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <memory>
+#include <utility>
 
 #include "core/creationDialog.h"
 #include "core/guard.h"
@@ -131,22 +132,28 @@ void NewProCfgDialogPrivate::deafWhile(const Close& close) {
     });
 }
 
+/// An operation of the dialog: the dialog's parts, which it holds on to, and where it is reported
+/// from. The parts alone do as one; see Origin.
+struct Operation {
+    Operation(std::shared_ptr<NewProCfgDialogPrivate> parts,
+              const char* function = __builtin_FUNCTION(), int line = __builtin_LINE())
+        : parts(std::move(parts)), origin(dialogSource, function, line) {}
+
+    const std::shared_ptr<NewProCfgDialogPrivate> parts;
+    const newpro::Origin origin;
+};
+
 /// Runs an operation of the dialog inside its guard.
-/// @param function qualified name of the operation, for the report.
-/// @param body     gets the dialog's parts, which outlive the dialog; nothing else of the dialog
-/// may be
-///                 used once the host was asked something.
+/// @param body gets the dialog's parts, which outlive the dialog; nothing else of the dialog may be
+///        used once the host was asked something.
 template <typename Body>
-void operate(const std::shared_ptr<NewProCfgDialogPrivate>& parts, const char* function,
-             const Body& body, int line = __builtin_LINE()) {
-    newpro::guarded(
-        dialogSource, function, [parts, &body] { body(*parts); }, line);
+void operate(const Operation& operation, const Body& body) {
+    newpro::guarded(operation.origin, [&] { body(*operation.parts); });
 }
 
 /// The same for an operation with a result. @return `fallback` where it did not come to its end.
 template <typename Result, typename Body>
-Result operateOr(const std::shared_ptr<NewProCfgDialogPrivate>& parts, const char* function,
-                 Result fallback, const Body& body, int line = __builtin_LINE()) {
-    return newpro::guardedOr(
-        dialogSource, function, fallback, [parts, &body] { return Result(body(*parts)); }, line);
+Result operateOr(const Operation& operation, Result fallback, const Body& body) {
+    return newpro::guardedOr(operation.origin, fallback,
+                             [&] { return Result(body(*operation.parts)); });
 }

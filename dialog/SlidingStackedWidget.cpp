@@ -53,9 +53,8 @@ void SlidingStackedWidget::slideInIdx(int idx, t_direction direction) {
 void SlidingStackedWidget::slideInWgt(QWidget* widget, t_direction direction) {
     if (active) return;
     active = true;
-    const bool started =
-        newpro::guardedOr("SlidingStackedWidget", "SlidingStackedWidget::slideInWgt", false,
-                          [&] { return slideTo(widget, direction); });
+    const bool started = newpro::guardedOr("SlidingStackedWidget", false,
+                                           [&] { return slideTo(widget, direction); });
     if (!started) active = false;
 }
 
@@ -137,7 +136,7 @@ QAbstractAnimation* SlidingStackedWidget::fade(QWidget* page, qreal from, qreal 
 }
 
 void SlidingStackedWidget::animationDoneSlot() {
-    newpro::guarded("SlidingStackedWidget", "SlidingStackedWidget::animationDoneSlot", [this] {
+    newpro::guarded("SlidingStackedWidget", [this] {
         {
             // Whatever a receiver of currentChanged throws, the stack takes the next request.
             const auto done = qScopeGuard([this] { active = false; });

@@ -32,7 +32,7 @@ TaxPageArea::TaxPageArea(QStackedWidget* stack, QWidget* parent)
     setWidget(stack);
     stack->setAutoFillBackground(false);
     connect(stack, &QStackedWidget::currentChanged, this, [this] {
-        guarded("TaxPageArea", "TaxPageArea::TaxPageArea", [this] {
+        guarded({"TaxPageArea", "TaxPageArea"}, [this] {
             fitStack();
             verticalScrollBar()->setValue(0);
         });
@@ -50,7 +50,7 @@ void TaxPageArea::fitStack() {
 }
 
 void TaxPageArea::resizeEvent(QResizeEvent* event) {
-    guarded("TaxPageArea", "TaxPageArea::resizeEvent", [&] {
+    guarded("TaxPageArea", [&] {
         QScrollArea::resizeEvent(event);
         fitStack();
     });

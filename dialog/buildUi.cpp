@@ -32,7 +32,7 @@ void styleHiddenPagesLater(const QStackedWidget& stack) {
 }  // namespace
 
 void NewProCfgDialog::CreateUI() {
-    operate(d, "NewProCfgDialog::CreateUI", [this](Parts& parts) {
+    operate(d, [this](Parts& parts) {
         if (layout()) return;
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(0, 0, 0, 0);
@@ -132,7 +132,7 @@ void NewProCfgDialogPrivate::buildTaxPages() {
 }
 
 QWidget* NewProCfgDialog::addShXjWid() {
-    return operateOr<QWidget*>(d, "NewProCfgDialog::addShXjWid", nullptr, [](Parts& parts) {
+    return operateOr<QWidget*>(d, nullptr, [](Parts& parts) {
         if (parts.auditPage) return parts.auditPage;
         parts.auditPage =
             new newpro::FileChooserPage(newpro::auditPageConfig, parts.pageStack.need());
@@ -142,7 +142,7 @@ QWidget* NewProCfgDialog::addShXjWid() {
 }
 
 QWidget* NewProCfgDialog::addZcbXjWid() {
-    return operateOr<QWidget*>(d, "NewProCfgDialog::addZcbXjWid", nullptr, [](Parts& parts) {
+    return operateOr<QWidget*>(d, nullptr, [](Parts& parts) {
         if (parts.contractingPage) return parts.contractingPage;
         parts.contractingPage =
             new newpro::FileChooserPage(newpro::contractingPageConfig, parts.taxPageStack.need());
@@ -152,7 +152,7 @@ QWidget* NewProCfgDialog::addZcbXjWid() {
 }
 
 void NewProCfgDialog::InitWidgetDisplay() {
-    operate(d, "NewProCfgDialog::InitWidgetDisplay", [this](Parts& parts) {
+    operate(d, [this](Parts& parts) {
         if (!parts.taxRow || !parts.taxPageStack || parts.displayInitialised) return;
         parts.displayInitialised = true;
         parts.taxPageStack->setAnimation(QEasingCurve::OutQuint);
@@ -167,7 +167,7 @@ void NewProCfgDialog::InitWidgetDisplay() {
 }
 
 void NewProCfgDialog::initConnect() {
-    operate(d, "NewProCfgDialog::initConnect", [this](Parts& parts) {
+    operate(d, [this](Parts& parts) {
         if (newpro::FileChooserPage* page = parts.auditPage) {
             connect(page->newButton(), &QAbstractButton::clicked, this,
                     &NewProCfgDialog::xjshButtonSlot, Qt::UniqueConnection);

@@ -41,19 +41,19 @@ void NewProCfgDialogPrivate::forEntries(const QString& name, Apply&& apply) {
 }
 
 void NewProCfgDialog::setGcButtonEnable(QString name, bool enabled) {
-    operate(d, "NewProCfgDialog::setGcButtonEnable", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         parts.forEntries(name, [&](QWidget* tab) { tab->setEnabled(enabled); });
     });
 }
 
 void NewProCfgDialog::setGcButtonVisible(QString name, bool visible) {
-    operate(d, "NewProCfgDialog::setGcButtonVisible", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         parts.forEntries(name, [&](QWidget* tab) { tab->setVisible(visible); });
     });
 }
 
 void NewProCfgDialog::setKJMRWZ(QString name, bool checked) {
-    operate(d, "NewProCfgDialog::setKJMRWZ", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         parts.forEntries(name, [&](QWidget* tab) {
             if (auto* entry = qobject_cast<RibbonTab*>(tab)) entry->setChecked(checked);
         });
@@ -61,7 +61,7 @@ void NewProCfgDialog::setKJMRWZ(QString name, bool checked) {
 }
 
 QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page) {
-    return operateOr<QAction*>(d, "NewProCfgDialog::addXjPage", nullptr, [&](Parts& parts) {
+    return operateOr<QAction*>(d, nullptr, [&](Parts& parts) {
         QStackedWidget* pages = parts.pageStack.need();
         QAction* action = parts.ribbon->addTab(tab);
         if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
@@ -71,8 +71,7 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
         parts.actionOfTab.insert(tab.text, action);
         // The ribbon owns the action, and the host may take it out again.
         connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
-            operate(d, "NewProCfgDialog::addXjPage",
-                    [&](Parts& entries) { entries.forgetEntry(action, text); });
+            operate({d, "addXjPage"}, [&](Parts& entries) { entries.forgetEntry(action, text); });
         });
         return action;
     });
@@ -98,8 +97,7 @@ void NewProCfgDialogPrivate::forgetEntry(QAction* action, const QString& text) {
 void NewProCfgDialog::slotRibbonTriggered() {
     auto* action = qobject_cast<QAction*>(sender());
     if (!action) return;
-    operate(d, "NewProCfgDialog::slotRibbonTriggered",
-            [action](Parts& parts) { parts.dispatch(action); });
+    operate(d, [action](Parts& parts) { parts.dispatch(action); });
 }
 
 void NewProCfgDialogPrivate::dispatch(QAction* action) {
@@ -198,7 +196,7 @@ void NewProCfgDialogPrivate::emphasise(QAction* current) {
 }
 
 bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
-    return operateOr(d, "NewProCfgDialog::eventFilter", false, [&](Parts& parts) {
+    return operateOr(d, false, [&](Parts& parts) {
         const bool resized = event->type() == QEvent::Resize;
         if (resized && parts.templateTree && watched == parts.templateTree) {
             const int second = newpro::scaled(70);

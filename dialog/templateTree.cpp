@@ -68,14 +68,14 @@ QString darkRowStyle() {
 }  // namespace
 
 QString NewProCfgDialog::setTreeStyleSheet() {
-    return operateOr(d, "NewProCfgDialog::setTreeStyleSheet", QString(), [](Parts&) {
+    return operateOr(d, QString(), [](Parts&) {
         return treeStyle(scaled(14), scaled(28), rowBackground().name());
     });
 }
 
 QWidget* NewProCfgDialog::addMoBanWidget() {
     const std::shared_ptr<Parts> held = d;
-    operate(held, "NewProCfgDialog::addMoBanWidget", [](Parts& parts) {
+    operate(held, [](Parts& parts) {
         if (!parts.templateTree) parts.createTemplateTree();
         parts.fillTemplateTree();
     });
@@ -94,7 +94,7 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     // Before it has its sheet, which then waits until the page is shown.
     taxPageStack->addWidget(templateTree);
     const auto dress = [this] {
-        guarded(dialogSource, "NewProCfgDialog::addMoBanWidget",
+        guarded({dialogSource, "addMoBanWidget"},
                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
     };
     dress();
@@ -107,7 +107,7 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     QObject::connect(
         templateTree.need(), &QTreeWidget::itemDoubleClicked, q.need(),
         [this](QTreeWidgetItem* item, int column) {
-            operate(shared_from_this(), "NewProCfgDialog::addMoBanWidget", [&](Parts& parts) {
+            operate({shared_from_this(), "addMoBanWidget"}, [&](Parts& parts) {
                 if (column != 0) return;
                 newpro::createFromTemplateTree(parts, item->data(0, pathRole).toString());
             });
@@ -136,7 +136,7 @@ void NewProCfgDialogPrivate::showTemplateButton() {
 }
 
 void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* parent) {
-    operate(d, "NewProCfgDialog::getDirAndFiles", [&](Parts& parts) {
+    operate(d, [&](Parts& parts) {
         newpro::scanTemplateFolder(folder, parent,
                                    [&parts](const QString& text, QTreeWidgetItem* under,
                                             bool isFile, const QString& data) {
@@ -158,7 +158,7 @@ QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* p
         tree->setItemWidget(item, 0, row.release());
         return item;
     };
-    return operateOr<QTreeWidgetItem*>(d, "NewProCfgDialog::addOneRowItem", nullptr, addRow);
+    return operateOr<QTreeWidgetItem*>(d, nullptr, addRow);
 }
 
 std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text, bool isFile,
@@ -177,7 +177,7 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     create->setAccessibleName(QStringLiteral("新建：") + text);
     layout->addWidget(create);
     QObject::connect(create, &QAbstractButton::clicked, q.need(), [this, path] {
-        operate(shared_from_this(), "NewProCfgDialog::addOneRowItem",
+        operate({shared_from_this(), "addOneRowItem"},
                 [&](Parts& parts) { newpro::createFromTemplateTree(parts, path); });
     });
     return row;

@@ -28,7 +28,7 @@ zBaseButton* button(const char* name, const QString& text, const QString& access
 }  // namespace
 
 xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
-    guarded(source, "xzGcLxDialog::xzGcLxDialog", [this] {
+    guarded(source, [this] {
         SetCaption(QStringLiteral("新建"));
         setFixedSize(scaled(280), scaled(240));
         CreateUI();
@@ -38,7 +38,7 @@ xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
 }
 
 void xzGcLxDialog::CreateUI() {
-    guarded(source, "xzGcLxDialog::CreateUI", [this] {
+    guarded(source, [this] {
         if (isCreated) return;
         isCreated = true;
         caption = new zBaseLabel(QStringLiteral("选择工程类型:"), this);
@@ -55,7 +55,7 @@ void xzGcLxDialog::CreateUI() {
 }
 
 void xzGcLxDialog::InitUI() {
-    guarded(source, "xzGcLxDialog::InitUI", [this] {
+    guarded(source, [this] {
         if (layout()) return;
         // Each layout stands in the one around it before the host is asked anything more.
         auto* outer = new QVBoxLayout(this);
@@ -88,26 +88,26 @@ void xzGcLxDialog::InitUI() {
 }
 
 void xzGcLxDialog::answer(int result, const char* function) {
-    guarded(source, function, [this, result] { done(result); });
+    guarded({source, function}, [this, result] { done(result); });
 }
 
 void xzGcLxDialog::on_BtnYs_clicked() {
-    answer(newpro::BudgetProgram, "xzGcLxDialog::on_BtnYs_clicked");
+    answer(newpro::BudgetProgram);
 }
 
 void xzGcLxDialog::on_BtnZcb_clicked() {
-    answer(newpro::ContractingProgram, "xzGcLxDialog::on_BtnZcb_clicked");
+    answer(newpro::ContractingProgram);
 }
 
 void xzGcLxDialog::on_BtnGs_clicked() {
-    answer(newpro::EstimateProgram, "xzGcLxDialog::on_BtnGs_clicked");
+    answer(newpro::EstimateProgram);
 }
 
 void xzGcLxDialog::on_BtnQx_clicked() {
-    answer(cancelled, "xzGcLxDialog::on_BtnQx_clicked");
+    answer(cancelled);
 }
 
 void xzGcLxDialog::closeEvent(QCloseEvent* event) {
     event->accept();
-    answer(cancelled, "xzGcLxDialog::closeEvent");
+    answer(cancelled);
 }

@@ -24,7 +24,8 @@ class NEWPRO_EXPORT xzGcLxDialog : public zTitleModal {
 
     Q_INVOKABLE void CreateUI();
     Q_INVOKABLE void InitUI();
-    void answer(int result, const char* function);
+    /// @param function the slot that answers; leave it to its default.
+    void answer(int result, const char* function = __builtin_FUNCTION());
 
     bool isCreated = false;
     zBaseLabel* caption = nullptr;

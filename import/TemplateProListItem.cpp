@@ -21,7 +21,6 @@ using newpro::guarded;
 using newpro::scaled;
 
 const char source[] = "TemplateProListItem";
-const char constructor[] = "TemplateProListItem::TemplateProListItem";
 
 const int titleFontSize = 13;
 
@@ -153,7 +152,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
       m_strWh(basisNumber),
       m_strDescription(description),
       ui(std::make_unique<Form>()) {
-    guarded(source, constructor, [this] {
+    guarded(source, [this] {
         ui->build(this);
         ui->dressFullCard();
         if (SharedInterface::firstOpenClose == 1) ui->dressForFirstOpening();
@@ -163,7 +162,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
 
 TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
     : zBaseWidget(parent, newpro::CardWidget), m_strFile(file), ui(std::make_unique<Form>()) {
-    guarded(source, constructor, [this] {
+    guarded(source, [this] {
         ui->build(this);
         ui->dressPathCard();
         if (SharedInterface::firstOpenClose == 1) ui->dressForFirstOpening();
@@ -174,7 +173,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
 TemplateProListItem::~TemplateProListItem() = default;
 
 void TemplateProListItem::InitWidgetDisplay() {
-    guarded(source, "TemplateProListItem::InitWidgetDisplay", [this] {
+    guarded(source, [this] {
         // Connected before anything can fail: a card that cannot show its file still offers it.
         connect(ui->btnNewProject, &QPushButton::clicked, this,
                 &TemplateProListItem::slotNewProject, Qt::UniqueConnection);
@@ -206,7 +205,7 @@ void TemplateProListItem::showFile() {
 
 void TemplateProListItem::slotNewProject() {
     const QPointer<QWidget> button(ui->btnNewProject);
-    guarded(source, "TemplateProListItem::slotNewProject", [this] {
+    guarded(source, [this] {
         ui->btnNewProject->setEnabled(false);
         Q_EMIT signalCreateProByTemaplte(m_strFile);
     });
@@ -215,7 +214,7 @@ void TemplateProListItem::slotNewProject() {
 
 void TemplateProListItem::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPointer<QWidget> self(this);
-    guarded(source, "TemplateProListItem::mouseDoubleClickEvent", [this, event] {
+    guarded(source, [this, event] {
         if (!(event->buttons() & Qt::LeftButton)) return;
         m_bEmitting = true;
         Q_EMIT signalCreateProByTemaplte(m_strFile);

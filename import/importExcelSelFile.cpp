@@ -69,7 +69,7 @@ QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
 }  // namespace
 
 importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
-    guarded(source, "importExcelSelFile::importExcelSelFile", [this] {
+    guarded(source, [this] {
         // Opened and never closed, deliberately.
         InterfaceAdaptation::getInstance()->openMaxDialogMode(580, 420);
         resize(scaled(580), scaled(420));
@@ -84,7 +84,7 @@ importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
 importExcelSelFile::~importExcelSelFile() = default;
 
 bool importExcelSelFile::eventFilter(QObject* watched, QEvent* event) {
-    return guardedOr(source, "importExcelSelFile::eventFilter", false, [&] {
+    return guardedOr(source, false, [&] {
         for (zBaseWidget* tile : {m_pYsTile, m_pZcbTile}) {
             if (tile && tile == watched && handleTileEvent(tile, event)) return true;
         }
@@ -116,7 +116,7 @@ bool importExcelSelFile::handleTileEvent(zBaseWidget* tile, const QEvent* event)
 }
 
 void importExcelSelFile::updateModeSelection(const QString& appType) {
-    guarded(source, "importExcelSelFile::updateModeSelection", [&] {
+    guarded(source, [&] {
         const QString selected = QStringLiteral(":/Image/Home/select.svg");
         showBackground(m_pYsTile, m_bYsSelected ? selected : QString(), true);
         showBackground(m_pZcbTile, m_bYsSelected ? QString() : selected, true);
@@ -127,7 +127,7 @@ void importExcelSelFile::updateModeSelection(const QString& appType) {
 }
 
 void importExcelSelFile::loadJjms(const QString& appType) {
-    guarded(source, "importExcelSelFile::loadJjms", [&] {
+    guarded(source, [&] {
         const QPointer<zBaseCombox> combo(m_pJjmsCombo);
         ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
         // The dialog goes with its combo box.
@@ -154,7 +154,7 @@ void importExcelSelFile::loadJjms(const QString& appType) {
 }
 
 void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget* tree) {
-    guarded(source, "importExcelSelFile::setTemplateChooser", [&] {
+    guarded(source, [&] {
         if (m_pGcmbTree) disconnect(m_pGcmbTree, nullptr, this, nullptr);
         m_pGcmbPopup = popup;
         m_pGcmbTree = tree;
@@ -165,7 +165,7 @@ void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget
 }
 
 void importExcelSelFile::loadGcmb(const QString& selectedPath) {
-    guarded(source, "importExcelSelFile::loadGcmb", [&] {
+    guarded(source, [&] {
         if (!m_pGcmbPopup || !m_pGcmbTree) return;
         m_pGcmbTree->clear();
         m_pGcmbPopup->setDisplayText(QString());
@@ -188,7 +188,7 @@ void importExcelSelFile::loadGcmb(const QString& selectedPath) {
 }
 
 void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*column*/) {
-    guarded(source, "importExcelSelFile::slotGcmbTreeItemClicked", [&] {
+    guarded(source, [&] {
         if (!item || !m_pGcmbPopup || !m_pGcmbTree) return;
         const QString path = item->data(0, pathRole).toString();
         if (!path.isEmpty()) {
@@ -205,7 +205,7 @@ void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*co
 }
 
 void importExcelSelFile::slotClickedSelExcelFile() {
-    guarded(source, "importExcelSelFile::slotClickedSelExcelFile", [this] {
+    guarded(source, [this] {
         const Part<importExcelSelFile> self(this);
         QString folder = zFileDialog::getCurrentPath();
         if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
@@ -227,7 +227,7 @@ void importExcelSelFile::slotClickedSelExcelFile() {
 }
 
 void importExcelSelFile::slotClickedSelExcelDir() {
-    guarded(source, "importExcelSelFile::slotClickedSelExcelDir", [this] {
+    guarded(source, [this] {
         const Part<importExcelSelFile> self(this);
         QStringList noFilter;
         const QString folder = zFileDialog::getCurrentPath();

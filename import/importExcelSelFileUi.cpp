@@ -81,7 +81,7 @@ void addSourceRow(QVBoxLayout* section, const SourceRow& source, zBaseButton* bu
 }  // namespace
 
 void importExcelSelFile::createUI(QWidget* parent) {
-    guarded("importExcelSelFile", "importExcelSelFile::createUI", [&] {
+    guarded("importExcelSelFile", [&] {
         auto* sections = new QVBoxLayout(parent);
         sections->setContentsMargins(scaled(25), scaled(20), scaled(25), scaled(25));
         sections->setSpacing(scaled(20));
@@ -165,7 +165,7 @@ void importExcelSelFile::createSourceSection(QVBoxLayout* sections, const QFont&
 zBaseWidget* importExcelSelFile::createImageTextLabel(const QString& iconPath,
                                                       const QString& text) {
     zBaseWidget* made = nullptr;
-    guarded("importExcelSelFile", "importExcelSelFile::createImageTextLabel", [&] {
+    guarded("importExcelSelFile", [&] {
         auto tile = std::make_unique<zBaseWidget>();
         tile->setFixedSize(scaled(140), scaled(36));
         tile->setAccessibleName(text);

@@ -44,8 +44,8 @@ int fillTemplateList(const Part<QListWidget>& list, const QString& appTypeKey, L
         auto card = std::make_unique<TemplateProListItem>(file.absoluteFilePath());
         QObject::connect(card.get(), &TemplateProListItem::signalCreateProByTemaplte, list.need(),
                          [onCreate](const QString& path) {
-                             guarded("NewProCfgDialog", "NewProCfgDialog::LoadTemplateProInfo",
-                                     // A copy: the list, and with it this connection, may go.
+                             // Copies: the list, and with it this connection, may go.
+                             guarded({"NewProCfgDialog", "LoadTemplateProInfo"},
                                      [create = onCreate, path] { create(path); });
                          });
         appendCard(list.need(), items.take(), std::move(card));

@@ -93,7 +93,7 @@ struct ProModelItemForm::Form {
 
 ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent)
     : zBaseWidget(parent, newpro::CardWidget), model(model) {
-    guarded(source, "ProModelItemForm::ProModelItemForm", [this] {
+    guarded(source, [this] {
         ui = std::make_unique<Form>(this);
         resize(scaled(470), scaled(94));
         ui->verticalLayout->setSpacing(scaled(6));
@@ -111,8 +111,7 @@ ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent
         registerModel();
         UpdateDataDisplay();
         connect(ui->btnNewProject, &QAbstractButton::clicked, this, [this] {
-            guarded(source, "ProModelItemForm::ProModelItemForm",
-                    [this] { Q_EMIT signalNewPro(this->model); });
+            guarded({source, "ProModelItemForm"}, [this] { Q_EMIT signalNewPro(this->model); });
         });
     });
 }
@@ -125,7 +124,7 @@ ProModelItemForm::~ProModelItemForm() {
 }
 
 void ProModelItemForm::UpdateDataDisplay() {
-    guarded(source, "ProModelItemForm::UpdateDataDisplay", [this] {
+    guarded(source, [this] {
         if (!ui) return;
         ui->lblTitle->setText(model.name);
 
@@ -146,7 +145,7 @@ void ProModelItemForm::UpdateDataDisplay() {
 }
 
 void ProModelItemForm::UpdateDescriptionText() {
-    guarded(source, "ProModelItemForm::UpdateDescriptionText", [this] {
+    guarded(source, [this] {
         if (!ui) return;
         // A card is shown, and told its size, before its list lays it out.
         const QFont& font = ui->lblDescription->font();
@@ -192,7 +191,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
     create->setAutoDefault(false);
     layout->addWidget(create, 1);
     connect(create, &QAbstractButton::clicked, this, [this, create] {
-        guarded(source, "ProModelItemForm::initXjButton", [this, create] {
+        guarded({source, "initXjButton"}, [this, create] {
             model.feeMode = model.alternativeFeeMode;
             emitWithout(create);
         });
@@ -218,7 +217,7 @@ zBaseMenu* ProModelItemForm::feeModeMenu(const QStringList& feeModes, zBaseButto
         if (mode == newpro::perUnitFee) model.feeMode = mode;
         QAction* action = menu->addAction(feeModeText(mode));
         connect(action, &QAction::triggered, this, [this, menu, create] {
-            guarded(source, "ProModelItemForm::initXjButton", [&] { emitFromMenu(menu, create); });
+            guarded({source, "initXjButton"}, [&] { emitFromMenu(menu, create); });
         });
     }
     return menu;
@@ -248,7 +247,7 @@ void ProModelItemForm::emitFromMenu(zBaseMenu* menu, zBaseButton* create) {
 }
 
 void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
-    guarded(source, "ProModelItemForm::mouseDoubleClickEvent", [&] {
+    guarded(source, [&] {
         const QPointer<ProModelItemForm> alive = this;
         if (event->button() == Qt::LeftButton) Q_EMIT signalNewPro(model);
         if (alive) zBaseWidget::mouseDoubleClickEvent(event);
@@ -256,7 +255,7 @@ void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ProModelItemForm::resizeEvent(QResizeEvent* event) {
-    guarded(source, "ProModelItemForm::resizeEvent", [&] {
+    guarded(source, [&] {
         zBaseWidget::resizeEvent(event);
         UpdateDescriptionText();
     });

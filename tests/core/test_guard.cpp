@@ -1,6 +1,7 @@
 #include "core/guard.h"
 
 #include <QObject>
+#include <functional>
 #include <stdexcept>
 
 #include "tests/support/TestSupport.h"
@@ -24,7 +25,7 @@ class Guard : public testing::Test {
     }
     template <typename Exception>
     static void throwing(Exception exception) {
-        newpro::guarded("Source", "Source::function", [&] { throw exception; });
+        newpro::guarded({"Source", "function"}, [&] { throw exception; });
     }
 };
 
@@ -32,7 +33,7 @@ struct NotAnException {};
 
 TEST_F(Guard, LeavesABodyWithoutExceptionAlone) {
     int runs = 0;
-    newpro::guarded("Source", "Source::function", [&] { ++runs; });
+    newpro::guarded({"Source", "function"}, [&] { ++runs; });
     EXPECT_EQ(runs, 1);
     EXPECT_EQ(journalLines(), Lines{});
 }
@@ -67,32 +68,64 @@ TEST_F(Guard, ReportsANullCharacterStringAsEmptyText) {
 
 TEST_F(Guard, NamesSourceFunctionAndTheLineOfItsUse) {
     const int line = __LINE__ + 1;
-    newpro::guarded("Card", "Card::slot", [] { throw "boom"; });
+    newpro::guarded({"Card", "slot"}, [] { throw "boom"; });
     EXPECT_EQ(onlyReport(), (QJsonArray{QStringLiteral("Card"), line, QStringLiteral("Card::slot"),
                                         QStringLiteral("boom")}));
 }
 
 TEST_F(Guard, WithAResultNamesTheLineOfItsUse) {
     const int line = __LINE__ + 1;
-    newpro::guardedOr("Card", "Card::slot", false, []() -> bool { throw "boom"; });
+    newpro::guardedOr("Card", false, []() -> bool { throw "boom"; });
     EXPECT_EQ(onlyReport().at(1).toInt(), line);
 }
 
+/// One of each kind of function that holds a guard without a name of its own.
+struct Card {
+    Card() {
+        newpro::guarded("Card", [] { throw "boom"; });
+    }
+    ~Card() {
+        newpro::guarded("Card", [] { throw "boom"; });
+    }
+    void slot(int) const {
+        newpro::guarded("Card", [] { throw "boom"; });
+    }
+    bool override() const {
+        return newpro::guardedOr("Card", true, []() -> bool { throw "boom"; });
+    }
+    std::function<void()> connected() const {
+        return [] { newpro::guarded({"Card", "connected"}, [] { throw "boom"; }); };
+    }
+};
+
+TEST_F(Guard, NamesTheFunctionAroundItByItself) {
+    {
+        const Card card;
+        card.slot(1);
+        card.override();
+        card.connected()();
+    }
+    EXPECT_EQ(journalLines(),
+              (Lines{"exception Card::Card: boom", "exception Card::slot: boom",
+                     "exception Card::override: boom", "exception Card::connected: boom",
+                     "exception Card::~Card: boom"}));
+}
+
 TEST_F(Guard, GivesTheResultOfTheBodyOrTheFallback) {
-    EXPECT_EQ(newpro::guardedOr("S", "f", 1, [] { return 2; }), 2);
+    EXPECT_EQ(newpro::guardedOr({"S", "f"}, 1, [] { return 2; }), 2);
     EXPECT_EQ(journalLines(), Lines{});
-    EXPECT_EQ(newpro::guardedOr("S", "f", 1, []() -> int { throw 3; }), 1);
-    EXPECT_EQ(journalLines(), Lines{"exception f: 未知异常"});
+    EXPECT_EQ(newpro::guardedOr({"S", "f"}, 1, []() -> int { throw 3; }), 1);
+    EXPECT_EQ(journalLines(), Lines{"exception S::f: 未知异常"});
 }
 
 TEST_F(Guard, InsideAnotherReportsOnceAndLetsTheOuterBodyGoOn) {
     bool wentOn = false;
-    newpro::guarded("S", "outer", [&] {
-        newpro::guarded("S", "inner", [] { throw "boom"; });
+    newpro::guarded({"S", "outer"}, [&] {
+        newpro::guarded({"S", "inner"}, [] { throw "boom"; });
         wentOn = true;
     });
     EXPECT_TRUE(wentOn);
-    EXPECT_EQ(journalLines(), Lines{"exception inner: boom"});
+    EXPECT_EQ(journalLines(), Lines{"exception S::inner: boom"});
 }
 
 TEST_F(Guard, SurvivesAReporterThatFails) {
@@ -103,7 +136,7 @@ TEST_F(Guard, SurvivesAReporterThatFails) {
     throwing(QStringLiteral("boom"));
     throwing(std::runtime_error("boom"));
     throwing(1);
-    EXPECT_EQ(newpro::guardedOr("S", "f", 7, []() -> int { throw 1; }), 7);
+    EXPECT_EQ(newpro::guardedOr({"S", "f"}, 7, []() -> int { throw 1; }), 7);
     EXPECT_EQ(testing_support::countOf("exception"), 5);
 }
 

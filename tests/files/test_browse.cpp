@@ -230,7 +230,7 @@ TEST(Browse, AnExceptionAtAnyHostCallIsReportedOnceAndASecondTrySucceeds) {
             Stage stage(FileFlow::Audit);
             prepare(stage);
             testing_support::throwAt(call.c_str(), kind.as, nth);
-            newpro::guarded("NewProCfgDialog", "NewProCfgDialog::slot", [&] { stage.run(); });
+            newpro::guarded({"NewProCfgDialog", "slot"}, [&] { stage.run(); });
             EXPECT_EQ(testing_support::journalLines({"exception"}),
                       Lines{std::string("exception NewProCfgDialog::slot: ") + kind.reported});
             EXPECT_EQ(stage.page.path(), QStringLiteral("typed"));

@@ -225,7 +225,7 @@ TEST_F(CloudDisk, AnExceptionAtAnyHostCallIsReportedOnceAndASecondTrySucceeds) {
             SCOPED_TRACE(call + " as " + kind.name);
             local = QStringLiteral("as before");
             testing_support::throwAt(call.c_str(), kind.as, nth);
-            const bool found = newpro::guardedOr("NewProCfgDialog", "NewProCfgDialog::slot", false,
+            const bool found = newpro::guardedOr({"NewProCfgDialog", "slot"}, false,
                                                  [&] { return resolve(company); });
             EXPECT_FALSE(found);
             EXPECT_EQ(local, QStringLiteral("as before"));

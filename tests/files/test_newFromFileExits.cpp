@@ -202,7 +202,7 @@ TEST(NewFromFile, AnExceptionAtAnyHostCallIsReportedOnceAndASecondTrySucceeds) {
                 setUp(stage);
                 testing_support::throwAt(call.c_str(), kind.as, nth);
                 stage.type(cloudFile);
-                newpro::guarded("NewProCfgDialog", "NewProCfgDialog::slot", [&] { stage.run(); });
+                newpro::guarded({"NewProCfgDialog", "slot"}, [&] { stage.run(); });
                 EXPECT_EQ(testing_support::journalLines({"exception"}),
                           Lines{std::string("exception NewProCfgDialog::slot: ") + kind.reported});
                 const bool startFailed = call == "SharedInterface::UseFunc";
@@ -224,7 +224,7 @@ TEST(NewFromFile, OfTwoExceptionsTheFirstIsReported) {
                              QStringLiteral("first"));
     testing_support::throwAt("SharedInterface::EndUseFun", workbench::ThrowRule::As::String, 1,
                              QStringLiteral("second"));
-    newpro::guarded("NewProCfgDialog", "NewProCfgDialog::slot", [&] { stage.run(); });
+    newpro::guarded({"NewProCfgDialog", "slot"}, [&] { stage.run(); });
     EXPECT_EQ(testing_support::journalLines({"exception"}),
               Lines{"exception NewProCfgDialog::slot: first"});
 }
