@@ -61,25 +61,25 @@ PluginMessage pageMessage(const QVariantMap& values, int kind) {
 
     message.body.insert(QLatin1String("GcLx"),
                         values.value(QStringLiteral("TemplateName")).toString());
-    if (hasBits(kind, 4 | 2)) {
+    if (hasBits(kind, BudgetProgram | estimateBit)) {
         // No "apptype" here: deliberate.
         message.code = CreateEstimate;
         copy(QLatin1String("GsMb"));
         copy(file);
-    } else if (hasBits(kind, 4 | 1)) {
+    } else if (hasBits(kind, BudgetProgram | fromFileBit)) {
         message.code = CreateFromFile;
         message.client = BudgetProgram;
         copy(file);
         appType(budget);
-    } else if (hasBits(kind, 4)) {
+    } else if (hasBits(kind, BudgetProgram)) {
         message.code = CreateBudget;
         appType(budget);
-    } else if (hasBits(kind, 16 | 1)) {
+    } else if (hasBits(kind, ContractingProgram | fromFileBit)) {
         message.code = CreateFromFile;
         message.client = ContractingProgram;
         copy(file);
         appType(contracting);
-    } else if (hasBits(kind, 16)) {
+    } else if (hasBits(kind, ContractingProgram)) {
         message.code = CreateContracting;
         appType(contracting);
     } else if (kind == SettlementProgram) {

@@ -50,7 +50,7 @@ QVariantMap newProjectMap(const ProjectSettingSpace::TaxTemplateInfo& model);
 
 /// @param values the page's values: "TemplateName", "GcLj", "GsMb", "JsMb"; a missing one counts as
 ///        empty.
-/// @param kind   bit flags of the kind to create.
+/// @param kind   program type of the kind to create, looked at bit by bit.
 /// @return the message for the data of a page, without "client_pid".
 PluginMessage pageMessage(const QVariantMap& values, int kind);
 

@@ -5,11 +5,15 @@
 
 namespace newpro {
 
-/// Program types. 4, 8, 16 and 32 are single bits; 5 and 6 are not.
+/// Bits that a program type may carry besides its own.
+constexpr int fromFileBit = 1;
+constexpr int estimateBit = 2;
+
+/// Program types. The first and the last three are single bits.
 enum ProgramType {
     BudgetProgram = 4,
-    AuditProgram = 5,
-    EstimateProgram = 6,
+    AuditProgram = BudgetProgram | fromFileBit,
+    EstimateProgram = BudgetProgram | estimateBit,
     SettlementProgram = 8,
     ContractingProgram = 16,
     WholeProcessProgram = 32,

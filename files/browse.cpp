@@ -4,6 +4,7 @@
 
 #include "SharedInterface.h"
 #include "core/boxes.h"
+#include "core/fileDialogCodes.h"
 #include "core/part.h"
 #include "fileDialog.h"
 #include "files/fileFlow.h"
@@ -23,9 +24,9 @@ QString projectFolder() {
 /// @return the path of the host's last choice as the pages know it, and forgets its place.
 QString chosenPath(const QFileInfo& file) {
     const int place = zFileDialog::iClickedBtn;
-    const bool cloud = place == 3 || place == 4;
+    const bool cloud = place == PersonalDiskPlace || place == EnterpriseDiskPlace;
     const QString path = cloud ? zFileDialog::GetFilePath() : file.absoluteFilePath();
-    zFileDialog::iClickedBtn = 0;
+    zFileDialog::iClickedBtn = NoPlace;
     return path;
 }
 
@@ -33,7 +34,7 @@ QString chosenPath(const QFileInfo& file) {
 
 void browseForFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow) {
     const FilePage page = pages.of(flow);
-    const FlowTraits& traits = traitsOf(flow);
+    const ChoiceTraits& traits = choiceOf(flow);
     const Part<QWidget> window(dialog.widget());
 
     QString folder = projectFolder();

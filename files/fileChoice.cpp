@@ -54,7 +54,7 @@ Verdict judge(FileFlow flow, const FileFacts& facts) {
     if (!facts.named) return Verdict::NothingChosen;
     if (!facts.cloud && !facts.exists) return Verdict::NotFound;
     if (!facts.cloud && !facts.isFile) return Verdict::NotAFile;
-    if (!facts.suffix || !traitsOf(flow).takesSuffix(*facts.suffix)) return Verdict::WrongSuffix;
+    if (!facts.suffix || !choiceOf(flow).takesSuffix(*facts.suffix)) return Verdict::WrongSuffix;
     return Verdict::Accepted;
 }
 
@@ -65,10 +65,10 @@ QString refusalText(FileFlow flow, Verdict verdict) {
         case Verdict::NotFound:
             return QStringLiteral("找不到该文件，请检查文件路径是否正确");
         case Verdict::WrongSuffix:
-            return traitsOf(flow).wrongSuffix;
+            return choiceOf(flow).wrongSuffix;
         case Verdict::NothingChosen:
         case Verdict::NotAFile:
-            return traitsOf(flow).noFile;
+            return choiceOf(flow).noFile;
     }
     return {};
 }

@@ -1,5 +1,8 @@
 #include "files/fileFlow.h"
 
+#include <QMap>
+
+#include "core/fileDialogCodes.h"
 #include "core/projectKind.h"
 #include "files/projectFileType.h"
 
@@ -7,47 +10,112 @@ namespace newpro {
 
 namespace {
 
+// Usage statistics of the host.
+constexpr int newFromPageFunction = 9001;
+constexpr int newContractingFunction = 20011;
+
+const QString group = QStringLiteral("GCFG");
+const QString prefixedGroup = QStringLiteral("SGCFG");
+
 bool auditTakes(const QString& suffix) {
     // "GCF" files are older than the type codes and have none.
-    const int type = projectFileType(suffix);
-    return suffix == QLatin1String("GCF") || (type & (4 | 8 | 16 | 32)) || type == 2;
+    return suffix == QLatin1String("GCF") || projectFileType(suffix) != UnknownFile;
 }
 
 bool isNoGroup(const QString& suffix) {
-    return suffix != QLatin1String("GCFG") && suffix != QLatin1String("SGCFG");
+    return suffix != group && suffix != prefixedGroup;
+}
+
+ChoiceTraits budgetChoice(SuffixKind suffixes) {
+    ChoiceTraits traits;
+    traits.suffixKind = suffixes;
+    traits.browseMode = CloudDisks;
+    traits.notBrowsed = QStringList{group, prefixedGroup};
+    traits.takesSuffix = isNoGroup;
+    traits.noFile = QStringLiteral("请选择预算工程文件");
+    traits.wrongSuffix = traits.noFile;
+    return traits;
+}
+
+ChoiceTraits estimateChoice() {
+    ChoiceTraits traits = budgetChoice(EstimateSuffixes);
+    traits.hostMustKnow = true;
+    return traits;
+}
+
+ChoiceTraits auditChoice() {
+    ChoiceTraits traits = budgetChoice(AuditSuffixes);
+    traits.notBrowsed.clear();
+    traits.takesSuffix = auditTakes;
+    traits.wrongSuffix = QStringLiteral("请选择预算/概算/总承包工程文件");
+    return traits;
+}
+
+ChoiceTraits contractingChoice() {
+    ChoiceTraits traits;
+    traits.suffixKind = ContractingSuffixes;
+    traits.browseMode = ContractingCloudDisks;
+    // Browsing takes a "GCFG" file, which the flow itself refuses: deliberate. It is then shown
+    // with its path, and refused with this flow's own text when it is used.
+    traits.notBrowsed = QStringList{prefixedGroup};
+    traits.takesSuffix = isNoGroup;
+    traits.noFile = QStringLiteral("请选择工程文件");
+    traits.wrongSuffix = traits.noFile;
+    return traits;
+}
+
+CreationTraits estimateCreation() {
+    CreationTraits traits;
+    traits.fileIsOptional = true;
+    traits.creationUsage = newFromPageFunction;
+    traits.kind = EstimateProgram;
+    traits.remembersModel = true;
+    traits.texts = {{QStringLiteral("TemplateName"), &FilePage::templateCombo, true},
+                    {QStringLiteral("GsMb"), &FilePage::modelCombo, true}};
+    return traits;
+}
+
+CreationTraits settlementCreation() {
+    CreationTraits traits;
+    traits.fileIsOptional = true;
+    traits.creationUsage = newFromPageFunction;
+    traits.kind = SettlementProgram;
+    traits.texts = {{QStringLiteral("JsMb"), &FilePage::templateCombo, false}};
+    return traits;
+}
+
+CreationTraits auditCreation() {
+    CreationTraits traits;
+    traits.kind = AuditProgram;
+    return traits;
+}
+
+CreationTraits contractingCreation() {
+    CreationTraits traits;
+    traits.flowUsage = newContractingFunction;
+    return traits;
 }
 
 }  // namespace
 
-const FlowTraits& traitsOf(FileFlow flow) {
-    static const QString budget = QStringLiteral("请选择预算工程文件");
-    static const QString project = QStringLiteral("请选择工程文件");
-    static const QString anyKind = QStringLiteral("请选择预算/概算/总承包工程文件");
-    static const QString group = QStringLiteral("GCFG");
-    static const QString prefixedGroup = QStringLiteral("SGCFG");
-    static const QVector<PageText> estimateTexts = {
-        {QStringLiteral("TemplateName"), &FilePage::templateCombo, true},
-        {QStringLiteral("GsMb"), &FilePage::modelCombo, true}};
-    static const QVector<PageText> settlementTexts = {
-        {QStringLiteral("JsMb"), &FilePage::templateCombo, false}};
-    constexpr int creation = 9001;
-    // In the order of FileFlow. Browsing for general contracting takes a "GCFG" file, which the
-    // flow itself refuses: deliberate.
-    // clang-format off
-    static const FlowTraits table[] = {
-        // page, optional, hostMustKnow, flowUsage, creationUsage, mode, remembersModel, texts,
-        // takesSuffix, noFile, wrongSuffix, suffixKind, browseMode, notBrowsed
-        {&FilePages::estimate, true, true, 0, creation, EstimateProgram, true, estimateTexts,
-         isNoGroup, budget, budget, 2, 2, {group, prefixedGroup}},
-        {&FilePages::settlement, true, false, 0, creation, SettlementProgram, false,
-         settlementTexts, isNoGroup, budget, budget, 8, 2, {group, prefixedGroup}},
-        {&FilePages::audit, false, false, 0, 0, AuditProgram, false, {},
-         auditTakes, budget, anyKind, 1, 2, {}},
-        {&FilePages::contracting, false, false, 20011, 0, 0, false, {},
-         isNoGroup, project, project, 16, 1, {prefixedGroup}},
+const ChoiceTraits& choiceOf(FileFlow flow) {
+    static const QMap<FileFlow, ChoiceTraits> table = {
+        {FileFlow::Estimate, estimateChoice()},
+        {FileFlow::Settlement, budgetChoice(SettlementSuffixes)},
+        {FileFlow::Audit, auditChoice()},
+        {FileFlow::Contracting, contractingChoice()},
     };
-    // clang-format on
-    return table[int(flow)];
+    return *table.constFind(flow);
+}
+
+const CreationTraits& creationOf(FileFlow flow) {
+    static const QMap<FileFlow, CreationTraits> table = {
+        {FileFlow::Estimate, estimateCreation()},
+        {FileFlow::Settlement, settlementCreation()},
+        {FileFlow::Audit, auditCreation()},
+        {FileFlow::Contracting, contractingCreation()},
+    };
+    return *table.constFind(flow);
 }
 
 }  // namespace newpro

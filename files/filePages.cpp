@@ -1,7 +1,5 @@
 #include "files/filePages.h"
 
-#include "files/fileFlow.h"
-
 namespace newpro {
 
 bool FilePage::select(const QString& path) const {
@@ -13,7 +11,17 @@ bool FilePage::select(const QString& path) const {
 }
 
 const FilePage& FilePages::of(FileFlow flow) const {
-    return this->*traitsOf(flow).page;
+    switch (flow) {
+        case FileFlow::Estimate:
+            return estimate;
+        case FileFlow::Settlement:
+            return settlement;
+        case FileFlow::Audit:
+            return audit;
+        case FileFlow::Contracting:
+            break;
+    }
+    return contracting;
 }
 
 }  // namespace newpro

@@ -1,5 +1,7 @@
 #include "files/newFromFile.h"
 
+#include <optional>
+
 #include "SharedInterface.h"
 #include "core/boxes.h"
 #include "core/firstPage.h"
@@ -15,12 +17,11 @@ namespace newpro {
 namespace {
 
 /// Runs `body` between start and end of a usage function. The end is logged on every way out.
-/// @param function 0 for none.
 template <typename Body>
-void logged(int function, const Body& body) {
-    if (function == 0) return body();
-    SharedInterface::UseFunc(function, QString());
-    withEnd(body, [function] { SharedInterface::EndUseFun(function, QString()); });
+void logged(std::optional<int> function, const Body& body) {
+    if (!function) return body();
+    SharedInterface::UseFunc(*function, QString());
+    withEnd(body, [function] { SharedInterface::EndUseFun(*function, QString()); });
 }
 
 QString textOf(const zBaseCombox* combo) {
@@ -42,7 +43,7 @@ bool accepted(FileFlow flow, const QString& file) {
         refuse(refusalText(flow, verdict));
         return false;
     }
-    if (traitsOf(flow).hostMustKnow && GetProgramTypeByFile(file) != BudgetProgram) {
+    if (choiceOf(flow).hostMustKnow && GetProgramTypeByFile(file) != BudgetProgram) {
         refuse(QStringLiteral("工程文件打开失败。您试图打开一个非工程文件"));
         return false;
     }
@@ -50,10 +51,10 @@ bool accepted(FileFlow flow, const QString& file) {
 }
 
 /// @param file the file to start from; empty when starting from the page's template.
-QVariantMap valuesOf(const FlowTraits& flow, const FilePage& page, const QString& file,
+QVariantMap valuesOf(const CreationTraits& traits, const FilePage& page, const QString& file,
                      bool fromTemplate) {
     QVariantMap values{{QStringLiteral("TemplateName"), QString()}, {QStringLiteral("GcLj"), file}};
-    for (const PageText& text : flow.texts) {
+    for (const PageText& text : traits.texts) {
         if (fromTemplate || !text.fromTemplateOnly) {
             values.insert(text.key, textOf(page.*text.combo));
         }
@@ -75,8 +76,9 @@ void run(CreationDialog& dialog, const FilePage& page, const Part<QWidget>& show
     const Part<QWidget> alive(dialog.widget());
     FirstPagePlugin* firstPage = firstPageService();
     if (!firstPage || !alive || !shown) return;
-    const FlowTraits& traits = traitsOf(flow);
-    const bool fromTemplate = traits.optional && !(page.fromFile && page.fromFile->isChecked());
+    const CreationTraits& traits = creationOf(flow);
+    const bool fromTemplate =
+        traits.fileIsOptional && !(page.fromFile && page.fromFile->isChecked());
     QString file;
     if (!fromTemplate) {
         file = page.path();
@@ -87,10 +89,10 @@ void run(CreationDialog& dialog, const FilePage& page, const Part<QWidget>& show
     const QVariantMap values = valuesOf(traits, page, file, fromTemplate);
     if (fromTemplate && traits.remembersModel) rememberModel(textOf(page.modelCombo));
     dialog.closeDialog();
-    if (traits.mode == 0) {
+    if (!traits.kind) {
         contractingMessage(file).send();
     } else if (alive) {
-        logged(traits.creationUsage, [&] { dialog.createFromPage(values, traits.mode); });
+        logged(traits.creationUsage, [&] { dialog.createFromPage(values, *traits.kind); });
     }
 }
 
@@ -102,7 +104,7 @@ void newFromFile(CreationDialog& dialog, const FilePages& pages, FileFlow flow) 
     // A page that the host deletes on the way must not pass for one that was never built: its
     // fields would count as empty, and the user be told of a choice that was never made.
     const Part<QWidget> shown(page.fileCombo ? page.fileCombo.data() : dialog.widget());
-    logged(traitsOf(flow).flowUsage, [&] { run(dialog, page, shown, flow); });
+    logged(creationOf(flow).flowUsage, [&] { run(dialog, page, shown, flow); });
 }
 
 }  // namespace newpro

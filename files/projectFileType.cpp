@@ -2,23 +2,26 @@
 
 namespace newpro {
 
-int projectFileType(QString suffix) {
-    // "SBAK" goes with the unprefixed files, "SBAKZ" with the prefixed ones: deliberate.
+ProjectFileType projectFileType(QString suffix) {
+    // "SBAK" goes with the unprefixed files, "SBAKZ" with the prefixed ones: deliberate, hosts ask
+    // for the codes of their backups and know them so.
     static const struct {
         QLatin1String suffix;
-        int code;
+        ProjectFileType code;
     } table[] = {
-        {QLatin1String("GCFX"), 4},  {QLatin1String("PMW"), 4},    {QLatin1String("BAK"), 4},
-        {QLatin1String("SBAK"), 4},  {QLatin1String("GCFZ"), 16},  {QLatin1String("BAKZ"), 16},
-        {QLatin1String("GCFG"), 2},  {QLatin1String("SGCFZ"), 17}, {QLatin1String("SBAKZ"), 17},
-        {QLatin1String("SGCFX"), 5}, {QLatin1String("SPMW"), 5},   {QLatin1String("SGCFJ"), 5},
-        {QLatin1String("SGCF"), 5},  {QLatin1String("SGCFG"), 5},
+        {QLatin1String("GCFX"), ProjectFile},         {QLatin1String("PMW"), ProjectFile},
+        {QLatin1String("BAK"), ProjectFile},          {QLatin1String("SBAK"), ProjectFile},
+        {QLatin1String("GCFZ"), PackedFile},          {QLatin1String("BAKZ"), PackedFile},
+        {QLatin1String("GCFG"), GroupFile},           {QLatin1String("SGCFZ"), PrefixedPackedFile},
+        {QLatin1String("SBAKZ"), PrefixedPackedFile}, {QLatin1String("SGCFX"), PrefixedProjectFile},
+        {QLatin1String("SPMW"), PrefixedProjectFile}, {QLatin1String("SGCFJ"), PrefixedProjectFile},
+        {QLatin1String("SGCF"), PrefixedProjectFile}, {QLatin1String("SGCFG"), PrefixedProjectFile},
     };
     suffix = suffix.toUpper().trimmed();
     for (const auto& row : table) {
         if (suffix == row.suffix) return row.code;
     }
-    return 0;
+    return UnknownFile;
 }
 
 }  // namespace newpro

@@ -5,8 +5,18 @@
 
 namespace newpro {
 
+/// Type codes. What the names mean by "prefixed" is an "S" before the suffix.
+enum ProjectFileType {
+    UnknownFile = 0,
+    GroupFile = 2,
+    ProjectFile = 4,
+    PrefixedProjectFile = 5,
+    PackedFile = 16,
+    PrefixedPackedFile = 17,
+};
+
 /// @param suffix without the dot, in any letter case; blanks around it do not count.
-/// @return the type code: 2, 4, 5, 16 or 17; 0 for a suffix of no known kind, among them "GCF".
-int projectFileType(QString suffix);
+/// @return the type code; UnknownFile for a suffix of no known kind, among them "GCF".
+ProjectFileType projectFileType(QString suffix);
 
 }  // namespace newpro

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "SharedInterface.h"
+#include "core/fileDialogCodes.h"
 #include "core/guard.h"
 #include "core/part.h"
 #include "core/scale.h"
@@ -24,7 +25,6 @@ const char source[] = "importExcelSelFile";
 const int oneWorkbook = 0;
 const int folderOfWorkbooks = 1;
 
-const int localFoldersOnly = 0;
 const int informationIcon = 1;
 
 const int nameRole = Qt::UserRole;
@@ -212,8 +212,8 @@ void importExcelSelFile::slotClickedSelExcelFile() {
         QStringList filter{QStringLiteral("Excel文件"), QStringLiteral("xls"),
                            QStringLiteral("xlsx")};
         const QString path = zFileDialog::getOpenFileName(
-            self.need(), folder, &filter, localFoldersOnly, QStringLiteral("选择Excel文件"), true,
-            QString(), true, OpenFile);
+            self.need(), folder, &filter, newpro::LocalFolders, QStringLiteral("选择Excel文件"),
+            true, QString(), true, OpenFile);
         if (!self || path.isEmpty()) return;
         if (LibXLExcel::Open(path)) {
             self->acceptSource(oneWorkbook, path);
@@ -232,8 +232,8 @@ void importExcelSelFile::slotClickedSelExcelDir() {
         QStringList noFilter;
         const QString folder = zFileDialog::getCurrentPath();
         const QString path = zFileDialog::getOpenFileName(
-            self.need(), folder, &noFilter, localFoldersOnly, QStringLiteral("打开文件夹"), true,
-            QString(), true, OpenFolder);
+            self.need(), folder, &noFilter, newpro::LocalFolders, QStringLiteral("打开文件夹"),
+            true, QString(), true, OpenFolder);
         if (!path.isEmpty()) self->acceptSource(folderOfWorkbooks, path);
     });
 }

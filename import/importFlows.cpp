@@ -6,6 +6,7 @@
 
 #include "SharedInterface.h"
 #include "core/creationDialog.h"
+#include "core/fileDialogCodes.h"
 #include "core/firstPage.h"
 #include "core/guard.h"
 #include "core/hostMessages.h"
@@ -18,8 +19,6 @@ namespace {
 
 const int importExcelFunction = 11118;
 const int importLogColumn = 2;
-/// The tendering data may lie on a cloud disk as well.
-const int localAndCloudDisks = 2;
 
 /// @return the user's choice; nothing when the selection dialog was not accepted.
 std::optional<ExcelChoice> chooseExcelSource() {
@@ -40,8 +39,8 @@ QString chooseTenderFile(const QPointer<QWidget>& window) {
                        QStringLiteral("YFJT")};
     QString folder = zFileDialog::getCurrentPath();
     if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
-    return zFileDialog::getOpenFileName(window, folder, &filter, localAndCloudDisks, QString(),
-                                        true, QString(), true, OpenFile);
+    return zFileDialog::getOpenFileName(window, folder, &filter, CloudDisks, QString(), true,
+                                        QString(), true, OpenFile);
 }
 
 /// Forgets the file dialog's last cloud choice. The host relies on this order.
