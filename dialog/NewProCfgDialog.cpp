@@ -12,7 +12,6 @@
 #include "files/projectFileType.h"
 #include "import/importFlows.h"
 #include "import/templateProjects.h"
-#include "models/ProModelItemForm.h"
 #include "models/createProject.h"
 #include "models/estimateTemplates.h"
 
@@ -24,6 +23,8 @@ namespace {
 
 constexpr int designWidth = 880;
 constexpr int designHeight = 750;
+constexpr int nominalWidth = 860;  // as the host knows the dialog
+constexpr int nominalHeight = 735;
 
 using Parts = NewProCfgDialogPrivate;
 
@@ -48,7 +49,7 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         GetModelCfgAndInitData();
         parts.plugins = AppPluginManager::instance();
         initConnect();
-        InterfaceAdaptation::getInstance()->openMaxDialogMode(860, 735);
+        InterfaceAdaptation::getInstance()->openMaxDialogMode(nominalWidth, nominalHeight);
         setWindowTitle(QStringLiteral("新建工程"));
         setFocus(Qt::OtherFocusReason);
         setFixedSize(scaled(designWidth), scaled(designHeight));
@@ -115,16 +116,15 @@ void NewProCfgDialog::GetModelCfgAndInitData() {
 }
 
 void NewProCfgDialogPrivate::loadModels() {
-    const auto cardMade = [this](ProModelItemForm* card) {
-        QObject::connect(card, &ProModelItemForm::signalNewPro, q.need(),
-                         &NewProCfgDialog::slotNewPro);
+    const auto create = [dialog = q](const ProjectSettingSpace::TaxTemplateInfo& model) {
+        if (dialog) dialog->slotNewPro(model);
     };
     const auto modeFilled = [this](int taxMode) {
         const bool contracting = kind.programType == newpro::ContractingProgram;
         if (contracting && taxMode == newpro::BusinessTax) return;
         if (taxRow) taxRow->setShown(taxMode, true);
     };
-    catalogue.load(kind.appType, cardMade, modeFilled);
+    catalogue.load(kind.appType, create, modeFilled);
 }
 
 void NewProCfgDialog::ClearProTaxModelListWidget() {

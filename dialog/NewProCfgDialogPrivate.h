@@ -82,6 +82,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     void createTemplateTree();
     void clearTemplateTree();
     void fillTemplateTree();
+    void fitTemplateTree();
     std::unique_ptr<QWidget> templateRow(const QString& text, bool isFile, const QString& path);
     void showTemplateButton();
 

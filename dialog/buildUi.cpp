@@ -16,6 +16,8 @@ using Parts = NewProCfgDialogPrivate;
 
 namespace {
 
+constexpr double tenderImportVersion = 1.3;  // of the host's feature
+
 const QString& listStyle() {
     static const QString style = QStringLiteral(
         "/* QListWidget */QListWidget{background:transparent;}"
@@ -96,7 +98,8 @@ void NewProCfgDialogPrivate::buildMainPage() {
     buildTaxPages();
     page->panelLayout()->addWidget(taxPageArea, 1);
 
-    const bool open = showImportTender && CpfMain::GetInstance()->GetOpenVersion(1.3);
+    const bool open =
+        showImportTender && CpfMain::GetInstance()->GetOpenVersion(tenderImportVersion);
     if (!open) importTenderButton->hide();
 }
 

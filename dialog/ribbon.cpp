@@ -197,12 +197,8 @@ void NewProCfgDialogPrivate::emphasise(QAction* current) {
 
 bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
     return operateOr(d, false, [&](Parts& parts) {
-        const bool resized = event->type() == QEvent::Resize;
-        if (resized && parts.templateTree && watched == parts.templateTree) {
-            const int second = newpro::scaled(70);
-            parts.templateTree->setColumnWidth(0, parts.templateTree->width() - second);
-            parts.templateTree->setColumnWidth(1, second);
-        }
+        const bool ofTree = parts.templateTree && watched == parts.templateTree;
+        if (ofTree && event->type() == QEvent::Resize) parts.fitTemplateTree();
         // Ribbon entries never react to the keyboard.
         if (watched->objectName() == QLatin1String("curText")) {
             switch (event->type()) {

@@ -18,7 +18,8 @@ namespace {
 
 constexpr int pathRole = Qt::UserRole + 1;
 
-constexpr double rowWidth = 780.0;  // design pixels
+constexpr double rowWidth = 780.0;    // design pixels
+constexpr double buttonWidth = 70.0;  // design pixels; of a row's button, and of the second column
 
 constexpr int darkBelow = 128;         // lightness, of 255, below which a background is dark
 constexpr int darkRowLightness = 160;  // percent of the background's lightness
@@ -115,6 +116,12 @@ void NewProCfgDialogPrivate::createTemplateTree() {
         Qt::DirectConnection);
 }
 
+void NewProCfgDialogPrivate::fitTemplateTree() {
+    const int second = scaled(buttonWidth);
+    templateTree->setColumnWidth(0, templateTree->width() - second);
+    templateTree->setColumnWidth(1, second);
+}
+
 void NewProCfgDialogPrivate::clearTemplateTree() {
     if (templateTree) templateTree->clear();
     templateTreeHasFile = false;
@@ -173,7 +180,7 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     auto* create = new zBaseButton(QStringLiteral("新建"), row.get());
     create->setControlType(newpro::NewButton);
     create->setAutoDefault(false);
-    create->setFixedWidth(scaled(70));
+    create->setFixedWidth(scaled(buttonWidth));
     create->setAccessibleName(QStringLiteral("新建：") + text);
     layout->addWidget(create);
     QObject::connect(create, &QAbstractButton::clicked, q.need(), [this, path] {

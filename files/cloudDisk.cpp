@@ -16,7 +16,10 @@ const QLatin1String dataKey("data");
 const QLatin1String codeKey("code");
 const QLatin1String nameKey("wjjmc");
 const QLatin1String childrenKey("xjdata");
+// Codes of the service's answers.
+constexpr int grantedCode = 0;
 constexpr int refusedCode = 1;
+constexpr int noCode = -1;
 
 void refuseConnection() {
     refuse(QStringLiteral("无法连接到原云盘地址"));
@@ -85,7 +88,7 @@ QString download(const QJsonObject& file, const QString& folder) {
                                         exists ? QStringLiteral("1") : QStringLiteral("0"));
     const QString path = answer.value(dataKey).toString();
     // An answer without a code is none.
-    if (answer.value(codeKey).toInt(-1) == 0 && !path.isEmpty()) return path;
+    if (answer.value(codeKey).toInt(noCode) == grantedCode && !path.isEmpty()) return path;
     refuseConnection();
     return {};
 }

@@ -24,6 +24,12 @@ const char source[] = "TemplateProListItem";
 
 const int titleFontSize = 13;
 
+/// @return whether the host shows the dialog on its very first start.
+bool isFirstOpening() {
+    constexpr int firstOpening = 1;
+    return SharedInterface::firstOpenClose == firstOpening;
+}
+
 /// A margin of -1 is the style's own and must stay so at every scale.
 int scaledMargin(int margin) {
     return margin < 0 ? margin : scaled(margin);
@@ -155,7 +161,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
     guarded(source, [this] {
         ui->build(this);
         ui->dressFullCard();
-        if (SharedInterface::firstOpenClose == 1) ui->dressForFirstOpening();
+        if (isFirstOpening()) ui->dressForFirstOpening();
         InitWidgetDisplay();
     });
 }
@@ -165,7 +171,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
     guarded(source, [this] {
         ui->build(this);
         ui->dressPathCard();
-        if (SharedInterface::firstOpenClose == 1) ui->dressForFirstOpening();
+        if (isFirstOpening()) ui->dressForFirstOpening();
         InitWidgetDisplay();
     });
 }

@@ -29,7 +29,7 @@ void PricingModelCatalogue::clear() {
     clearList(lists[GeneralTax], pool);
 }
 
-void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMade,
+void PricingModelCatalogue::load(const QString& appType, const Create& create,
                                  const ModeFilled& modeFilled) {
     ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
     if (!helper) return;
@@ -41,7 +41,7 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
         const Part<QListWidget> list = lists[size_t(entry.taxMode)];
         if (!list) continue;
         for (int i = 0; i < entry.models.size(); ++i) {
-            place(entry.models.at(i), list, cardMade);
+            place(entry.models.at(i), list, create);
             if (i == 0) modeFilled(entry.taxMode);
         }
         // Follows the last entry of a mode, deliberately, and not the rows: the stack counts those.
@@ -50,14 +50,13 @@ void PricingModelCatalogue::load(const QString& appType, const CardMade& cardMad
 }
 
 void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
-                                  const Part<QListWidget>& list, const CardMade& cardMade) {
+                                  const Part<QListWidget>& list, const Create& create) {
     auto card = std::make_unique<ProModelItemForm>(model, nullptr);
-    ProModelItemForm* shown = card.get();
+    // The host was asked for the card's configuration, and may have taken the list away.
+    QObject::connect(card.get(), &ProModelItemForm::signalNewPro, list.need(), create);
     std::unique_ptr<QListWidgetItem> item = pool.take();
     item->setData(Qt::UserRole, QVariant::fromValue(model));
-    // The host was asked for the card's configuration, and may have taken the list away.
     appendCard(list.need(), std::move(item), std::move(card));
-    cardMade(shown);
 }
 
 }  // namespace newpro

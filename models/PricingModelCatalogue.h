@@ -9,8 +9,6 @@
 #include "core/listItemPool.h"
 #include "core/part.h"
 
-class ProModelItemForm;
-
 namespace newpro {
 
 /// Tax modes, as the configuration numbers them; also the page numbers of the tax-mode stack.
@@ -19,7 +17,7 @@ enum TaxMode { GeneralTax = 0, SimpleTax = 1, BusinessTax = 2, taxModeCount = 3 
 /// Fills and clears the three lists. A list that was never built is passed over.
 class PricingModelCatalogue {
   public:
-    using CardMade = std::function<void(ProModelItemForm* card)>;
+    using Create = std::function<void(const ProjectSettingSpace::TaxTemplateInfo& model)>;
     using ModeFilled = std::function<void(int taxMode)>;
 
     std::array<Part<QListWidget>, taxModeCount> lists;  ///< By tax mode.
@@ -30,16 +28,18 @@ class PricingModelCatalogue {
 
     /// Appends a card for each model of an application type to the list of its tax mode. Without
     /// configuration the lists stay as they are. After an exception the cards placed so far stay.
-    /// @param cardMade   called for each card placed. @param modeFilled called once for each entry
-    ///        of the configuration, after its first card.
-    void load(const QString& appType, const CardMade& cardMade, const ModeFilled& modeFilled);
+    /// @param create called with a card's model when the card asks for a project. It may delete
+    /// card
+    ///        and list. @param modeFilled called once for each entry of the configuration, after
+    ///        its first card.
+    void load(const QString& appType, const Create& create, const ModeFilled& modeFilled);
 
     /// Items for the lists' rows; those taken out wait here until they are used again.
     ListItemPool& items() { return pool; }
 
   private:
     void place(const ProjectSettingSpace::TaxTemplateInfo& model, const Part<QListWidget>& list,
-               const CardMade& cardMade);
+               const Create& create);
 
     ListItemPool pool;
 };

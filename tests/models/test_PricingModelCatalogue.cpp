@@ -33,10 +33,17 @@ class Catalogue : public testing::Test {
     }
     void load(const QString& appType = kvys) {
         filled.clear();
-        cards.clear();
         catalogue.load(
-            appType, [this](ProModelItemForm* card) { cards.append(card); },
+            appType, [this](const TaxTemplateInfo& model) { created.append(model.name); },
             [this](int mode) { filled.append(mode); });
+    }
+    /// @return the cards of all lists.
+    QVector<QPointer<ProModelItemForm>> cards() {
+        QVector<QPointer<ProModelItemForm>> all;
+        for (const auto& each : lists) {
+            for (ProModelItemForm* card : each->findChildren<ProModelItemForm*>()) all.append(card);
+        }
+        return all;
     }
     QListWidget& list(int mode) { return *lists[size_t(mode)]; }
     /// Names on the cards of a list, checked against the records in its items.
@@ -58,8 +65,8 @@ class Catalogue : public testing::Test {
     std::array<std::unique_ptr<QListWidget>, 3> lists;
     QListWidget templates;
     PricingModelCatalogue catalogue;
-    QVector<QPointer<ProModelItemForm>> cards;
     QVector<int> filled;
+    QStringList created;
 };
 
 const QString a = QStringLiteral("甲");
@@ -74,7 +81,32 @@ TEST_F(Catalogue, PlacesACardForEachModelInTheListOfItsTaxMode) {
     EXPECT_EQ(names(1), QStringList{c});
     EXPECT_EQ(names(2), QStringList{e});
     EXPECT_EQ(filled, (QVector<int>{1, 0, 2}));
-    EXPECT_EQ(cards.size(), 4);
+}
+
+TEST_F(Catalogue, ACardAsksForAProjectFromItsModel) {
+    configure({entry(0, {a, b})});
+    load();
+    list(0).show();
+    testing_support::click(
+        testing_support::child<zBaseButton>(list(0).itemWidget(list(0).item(1)), "btnNewProject"));
+    testing_support::doubleClick(list(0).itemWidget(list(0).item(0)));
+    EXPECT_EQ(created, (QStringList{b, a}));
+}
+
+TEST_F(Catalogue, AskingForAProjectMayDeleteTheWholeList) {
+    configure({entry(0, {a})});
+    QString chosen;
+    catalogue.load(
+        kvys,
+        [&](const TaxTemplateInfo& model) {
+            lists[0].reset();
+            chosen = model.name;
+        },
+        [](int) {});
+    list(0).show();
+    testing_support::doubleClick(list(0).itemWidget(list(0).item(0)));
+    EXPECT_FALSE(lists[0]);
+    EXPECT_EQ(chosen, a);
 }
 
 TEST_F(Catalogue, RowsAreEightyHighAndTheListHoldsAllOfThem) {
@@ -178,7 +210,8 @@ TEST_F(Catalogue, ClearingDisposesOfTheCardsAndEmptiesEveryList) {
     load();
     templates.addItem(QStringLiteral("card"));
     templates.setItemWidget(templates.item(0), new QWidget);
-    const QVector<QPointer<ProModelItemForm>> old = cards;
+    const QVector<QPointer<ProModelItemForm>> old = cards();
+    ASSERT_EQ(old.size(), 3);
     catalogue.clear();
     testing_support::settle();
     for (int mode : {0, 1, 2}) EXPECT_EQ(list(mode).count(), 0);
@@ -212,7 +245,7 @@ TEST_F(Catalogue, WithoutConfigurationTheListsStayEmpty) {
 
 TEST_F(Catalogue, AnUnknownApplicationTypeHasNoModels) {
     load(QStringLiteral("Kvjs"));
-    EXPECT_EQ(cards.size(), 0);
+    EXPECT_EQ(cards().size(), 0);
 }
 
 TEST_F(Catalogue, AListThatWasNotBuiltIsPassedOver) {
@@ -231,30 +264,35 @@ TEST_F(Catalogue, TheHostMayRebuildItsListWhileTheCardsAreMade) {
     // The host hands out a reference to a list of its own, which it may write to.
     auto& hosts = const_cast<List&>(
         ProjectSettingHelper::GetProjectSettingHelper()->GetProTaxTemplateInfoList(kvys, kvys));
-    catalogue.load(
-        kvys,
-        [&](ProModelItemForm*) {
-            host.clearModels();
-            for (ProjectSettingSpace::ProTaxTemplateInfo& mode : hosts) mode.models.clear();
-        },
-        [this](int mode) { filled.append(mode); });
+    QObject scope;
+    QObject::connect(&workbench::Journal::instance(), &workbench::Journal::recorded, &scope,
+                     [&](const QJsonObject& call) {
+                         if (call.value(QLatin1String("name")).toString() !=
+                             QLatin1String("ProjectSettingHelper::GetPricingModelInfoMap")) {
+                             return;
+                         }
+                         host.clearModels();
+                         for (ProjectSettingSpace::ProTaxTemplateInfo& mode : hosts)
+                             mode.models.clear();
+                     });
+    load();
+    EXPECT_TRUE(host.values().models.isEmpty());
     EXPECT_EQ(names(0), (QStringList{a, b}));
     EXPECT_EQ(names(1), QStringList{c});
     EXPECT_EQ(filled, (QVector<int>{0, 1}));
 }
 
 TEST_F(Catalogue, CardsPlacedBeforeAnExceptionStay) {
-    configure({entry(0, {a, b}), entry(1, {c})});
-    int placed = 0;
+    configure({entry(0, {a, b}), entry(1, {c, e}), entry(2, {a})});
+    const auto throwAtMode1 = [](int mode) {
+        if (mode == 1) throw 1;
+    };
     EXPECT_THROW(catalogue.load(
-                     kvys,
-                     [&placed](ProModelItemForm*) {
-                         if (++placed == 2) throw 1;
-                     },
-                     [](int) {}),
+                     kvys, [](const TaxTemplateInfo&) {}, throwAtMode1),
                  int);
     EXPECT_EQ(names(0), (QStringList{a, b}));
-    EXPECT_EQ(names(1), QStringList());
+    EXPECT_EQ(names(1), QStringList{c});
+    EXPECT_EQ(names(2), QStringList());
 }
 
 TEST_F(Catalogue, ACardWhoseConfigurationThrowsIsPlacedWithItsPlainButton) {
