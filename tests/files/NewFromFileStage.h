@@ -2,7 +2,7 @@
 #pragma once
 
 #include "files/newFromFile.h"
-#include "tests/files/RecordingDialog.h"
+#include "tests/files/FileTesting.h"
 
 namespace files_testing {
 
@@ -14,7 +14,7 @@ using testing_support::Lines;
 constexpr const char* service = R"(call osgi::ObjectHelper::GetService("firstPagePlugin"))";
 constexpr const char* isLoggedIn = "call UserInfo::IsLogin()";
 constexpr const char* showLogin = "call FirstPagePlugin::showLogin({})";
-constexpr const char* closed = "dialog dialog done 0";
+constexpr const char* closed = "dialog FakeDialog done 0";
 constexpr const char* start9001 = R"(call SharedInterface::UseFunc(9001, ""))";
 constexpr const char* end9001 = R"(call SharedInterface::EndUseFun(9001, ""))";
 constexpr const char* start20011 = R"(call SharedInterface::UseFunc(20011, ""))";
@@ -50,7 +50,7 @@ struct Stage {
     }
 
     testing_support::TemporaryInstallation host;
-    files_testing::RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
     FileFlow flow;
     FilePage page;
 };

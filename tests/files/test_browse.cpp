@@ -4,7 +4,7 @@
 
 #include "core/guard.h"
 #include "fileDialog.h"
-#include "tests/files/RecordingDialog.h"
+#include "tests/files/FileTesting.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ struct Stage {
     }
 
     testing_support::TemporaryInstallation host;
-    files_testing::RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
     FileFlow flow;
     newpro::FilePage page;
 };
@@ -65,9 +65,9 @@ TEST(Browse, EveryPageAsksForItsSuffixesAndMode) {
         ASSERT_FALSE(suffixes.isEmpty());
         testing_support::clearJournal();
         QWidget top;
-        stage.dialog.window->setParent(&top);
+        stage.dialog.widget()->setParent(&top);
         stage.run();
-        stage.dialog.window->setParent(nullptr);
+        stage.dialog.widget()->setParent(nullptr);
         const std::string getSuffix =
             "call SharedInterface::GetSuffix(" + std::to_string(row.kind) + ", 0)";
         EXPECT_EQ(testing_support::journalLines({"SharedInterface::GetSuffix"}), Lines{getSuffix});
@@ -200,11 +200,11 @@ TEST(Browse, ADialogThatGoesWhileTheFileDialogIsOpenIsNotTouchedAgain) {
                          [&](const QJsonObject& entry) {
                              const QString name = entry.value(QLatin1String("name")).toString();
                              if (name == QLatin1String("zFileDialog::getOpenFileName"))
-                                 stage.dialog.window.reset();
+                                 stage.dialog.destroy();
                          });
     stage.run();
     QObject::disconnect(connection);
-    EXPECT_FALSE(stage.dialog.window);
+    EXPECT_FALSE(stage.dialog.isAlive());
     EXPECT_EQ(countOf("zFileDialog::TbServerMsg"), 1);
     EXPECT_EQ(countOf("box"), 0);
 }

@@ -4,7 +4,7 @@
 
 #include "core/guard.h"
 #include "fileDialog.h"
-#include "tests/files/RecordingDialog.h"
+#include "tests/files/FileTesting.h"
 
 namespace {
 
@@ -50,7 +50,7 @@ class CloudDisk : public testing::Test {
     const QString company = QStringLiteral("企业云盘/甲/乙/工程.GCFX");
     const QString personal = QStringLiteral("个人云盘/我的/工程.GCFX");
     testing_support::TemporaryInstallation host;
-    files_testing::RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
     QString local = QStringLiteral("as before");
 };
 

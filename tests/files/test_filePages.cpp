@@ -1,6 +1,6 @@
 #include "files/filePages.h"
 
-#include "tests/files/RecordingDialog.h"
+#include "tests/files/FileTesting.h"
 
 namespace {
 
@@ -18,7 +18,7 @@ class FilePagesTest : public testing::Test {
     const FilePage& page() { return dialog.pages.audit; }
 
     testing_support::TemporaryInstallation host;
-    files_testing::RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
 };
 
 TEST_F(FilePagesTest, SelectsTheFirstItemWithExactlyThisText) {

@@ -1,6 +1,6 @@
 #include "files/historyLists.h"
 
-#include "tests/files/RecordingDialog.h"
+#include "tests/files/FileTesting.h"
 
 namespace {
 
@@ -22,7 +22,7 @@ class HistoryLists : public testing::Test {
     QStringList estimate() const { return itemsOf(*dialog.pages.estimate.fileCombo); }
 
     testing_support::TemporaryInstallation host;
-    files_testing::RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
 };
 
 TEST_F(HistoryLists, EveryPageTakesTheSuffixesThatSuitIt) {
@@ -108,7 +108,7 @@ TEST_F(HistoryLists, AFlagThatIsNotSetLeavesItsBoxAlone) {
         {{false, false, false, false}, {0, 0, 0, 0}},
     };
     for (const auto& row : rows) {
-        files_testing::RecordingDialog fresh;
+        testing_support::FakeDialog fresh;
         newpro::refillHistory(history, fresh.pages, row.flags);
         const QVector<int> counts{
             fresh.pages.audit.fileCombo->count(), fresh.pages.contracting.fileCombo->count(),

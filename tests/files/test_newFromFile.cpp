@@ -91,7 +91,7 @@ TEST(NewFromFile, TheEstimateWithoutItsOptionStartsFromTheTemplate) {
                                              "ProjectSettingHelper::GetSysSettingInfo",
                                              "ProjectSettingHelper::SetSysSettingInfo", "dialog"}),
               (Lines{"osgi::ObjectHelper::GetService", "ProjectSettingHelper::GetSysSettingInfo",
-                     "ProjectSettingHelper::SetSysSettingInfo", "dialog"}));
+                     "ProjectSettingHelper::SetSysSettingInfo", "FakeDialog"}));
     const Lines end(lines.end() - 4, lines.end());
     EXPECT_EQ(end, (Lines{closed, start9001,
                           created(R"({"GcLj":"","GsMb":"某计价模式","TemplateName":"某模板"})", 6),

@@ -120,7 +120,7 @@ TEST(NewFromFile, ADialogThatGoesWhenItClosesIsNotTouchedAgain) {
         SCOPED_TRACE(int(flow));
         Stage stage(flow);
         stage.host.switches().account.loggedIn = true;
-        stage.dialog.goesWhenClosed = true;
+        stage.dialog.onDone = [&] { stage.dialog.destroy(); };
         const Lines lines = stage.linesOf(cloudFile);
         EXPECT_EQ(countOf("createFromPage"), 0);
         EXPECT_EQ(countOf("Communication::SendMsgToPlugin"), flow == FileFlow::Contracting ? 1 : 0);
@@ -145,7 +145,7 @@ TEST(NewFromFile, ADialogThatGoesDuringTheLogInEndsTheFlow) {
         Stage stage(flow);
         stage.host.switches().account.login = Login::Accepted;
         stage.type(cloudFile);
-        runWith(stage, "FirstPagePlugin::showLogin", [&] { stage.dialog.window.reset(); });
+        runWith(stage, "FirstPagePlugin::showLogin", [&] { stage.dialog.destroy(); });
         EXPECT_EQ(flowLines(), framed(flow, {isLoggedIn, showLogin, isLoggedIn}));
     }
 }
@@ -153,14 +153,9 @@ TEST(NewFromFile, ADialogThatGoesDuringTheLogInEndsTheFlow) {
 /// The host deletes the page of the flow while it carries out `call`.
 void runWithoutPage(Stage& stage, const char* call) {
     stage.type(cloudFile);
-    runWith(stage, call, [&] {
-        for (QWidget* field :
-             stage.dialog.window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-            delete field;
-        }
-    });
+    runWith(stage, call, [&] { stage.dialog.destroyPages(); });
     EXPECT_FALSE(stage.page.fileCombo);
-    EXPECT_TRUE(stage.dialog.window);
+    EXPECT_TRUE(stage.dialog.isAlive());
 }
 
 TEST(NewFromFile, APageThatGoesWhileTheServiceIsAskedForEndsTheFlowSilently) {

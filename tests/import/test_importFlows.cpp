@@ -5,7 +5,7 @@
 #include "fileDialog.h"
 #include "import/importExcelSelFile.h"
 #include "tests/import/ExcelFiles.h"
-#include "tests/import/FakeDialog.h"
+#include "tests/support/FakeDialog.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 
 namespace {
@@ -26,6 +26,7 @@ struct ImportFlow : testing::Test {
     ImportFlow() {
         workbench::Host::instance().setMainWindow(&mainWindow);
         installation.switches().fileDialogPrepared = true;
+        dialog.plugins = AppPluginManager::instance();
         clearJournal();
     }
     void answerWith(const QString& path) {
@@ -148,10 +149,11 @@ TEST_F(ExcelImport, asks_over_the_main_window_and_leaves_no_dialog_behind) {
 TEST_F(ExcelImport, touches_no_dialog_that_is_deleted_on_acceptance_or_meanwhile) {
     for (const bool atOnce : {true, false}) {
         FakeDialog other;
-        clearJournal();
-        other.onAccept = [&] {
+        other.plugins = dialog.plugins;
+        other.onDone = [&] {
             if (atOnce) other.destroy();
         };
+        clearJournal();
         answerWith(folder);
         const auto driver = whenModal<importExcelSelFile>([&](importExcelSelFile* shown) {
             other.destroy();
@@ -354,7 +356,7 @@ TEST_F(TenderImport, ends_after_closing_where_the_host_is_not_ready) {
 }
 
 TEST_F(TenderImport, touches_no_dialog_that_is_deleted_on_acceptance) {
-    dialog.onAccept = [this] { dialog.destroy(); };
+    dialog.onDone = [this] { dialog.destroy(); };
     answerWith(file);
     const Lines lines = run();
     EXPECT_EQ(lines.at(5), asked(installation.folder().toStdString(), "null"));

@@ -5,7 +5,7 @@
 #include "core/listItemPool.h"
 #include "import/TemplateProListItem.h"
 #include "import/templateProjects.h"
-#include "tests/import/FakeDialog.h"
+#include "tests/support/FakeDialog.h"
 
 namespace {
 
@@ -235,12 +235,12 @@ TEST_F(TemplateCreation, reports_the_program_type_of_the_application_type) {
 }
 
 TEST_F(TemplateCreation, touches_no_dialog_that_its_host_deleted_on_acceptance) {
-    dialog.onAccept = [this] { dialog.destroy(); };
+    dialog.onDone = [this] { dialog.destroy(); };
     EXPECT_EQ(run(newpro::createFromTemplateCard), Lines({accepted, service, query, message}));
 }
 
 TEST_F(TemplateCreation, by_tree_touches_no_dialog_that_its_host_deleted_on_acceptance) {
-    dialog.onAccept = [this] { dialog.destroy(); };
+    dialog.onDone = [this] { dialog.destroy(); };
     EXPECT_EQ(run(newpro::createFromTemplateTree), Lines({service, query, accepted}));
 }
 

@@ -1,6 +1,6 @@
 #include "models/createProject.h"
 
-#include "tests/support/TestSupport.h"
+#include "tests/support/FakeDialog.h"
 
 namespace {
 
@@ -8,31 +8,6 @@ using testing_support::clearJournal;
 using testing_support::flowLines;
 using testing_support::Lines;
 using workbench::FirstPage;
-using workbench::Journal;
-
-/// Stands for the dialog and puts what a flow does with it into the same journal.
-class RecordingDialog : public newpro::CreationDialog {
-  public:
-    QWidget* widget() override { return window.get(); }
-    void acceptDialog() override { Journal::instance().dialogDone(QStringLiteral("dialog"), 1); }
-    void closeDialog() override { Journal::instance().dialogDone(QStringLiteral("dialog"), 0); }
-    bool programTypeOfAppType(int& type) override {
-        if (programType >= 0) type = programType;
-        return known;
-    }
-    AppPluginManager* pluginManager() override { return AppPluginManager::instance(); }
-    void emitCreatePro(int type, const QVariant& map) override {
-        Journal::instance().signal(QStringLiteral("SignalCreatePro"), {type, 95});
-        sent = map;
-    }
-    void emitCreateMB(int, const QString&) override { ADD_FAILURE() << "not a template"; }
-    void createFromPage(const QVariantMap&, int) override { ADD_FAILURE() << "not a page"; }
-
-    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
-    int programType = 4;
-    bool known = true;
-    QVariant sent;
-};
 
 class CreateFromModel : public testing::Test {
   protected:
@@ -49,10 +24,10 @@ class CreateFromModel : public testing::Test {
     }
 
     testing_support::TemporaryInstallation host;
-    RecordingDialog dialog;
+    testing_support::FakeDialog dialog;
 };
 
-const char* const accepted = "dialog dialog done 1";
+const char* const accepted = "dialog FakeDialog done 1";
 const char* const service = R"(call osgi::ObjectHelper::GetService("firstPagePlugin"))";
 const char* const asked = "call FirstPagePlugin::canStartNew(true)";
 const char* const used = R"(call SharedInterface::UseFunc(13015, ""))";
@@ -96,7 +71,7 @@ TEST_F(CreateFromModel, ABusyFirstPageEndsIt) {
 }
 
 TEST_F(CreateFromModel, AnUnknownApplicationTypeIsSentAsMinusOne) {
-    dialog.programType = -1;
+    dialog.appType = QStringLiteral("unknown");
     create("某模式");
     EXPECT_EQ(flowLines().back(), "signal SignalCreatePro(-1, 95)");
 }
@@ -114,12 +89,10 @@ TEST_F(CreateFromModel, TheFeeModeOfTheModelDecidesTheFlag) {
 }
 
 TEST_F(CreateFromModel, ADialogThatGoesWhileItIsAcceptedIsNotTouchedAgain) {
-    struct Vanishing : RecordingDialog {
-        void acceptDialog() override { window.reset(); }
-    } vanishing;
-    newpro::createFromModel(vanishing, testing_support::model(QStringLiteral("某模式")));
-    EXPECT_EQ(testing_support::countOf("signal"), 0);
-    EXPECT_FALSE(vanishing.sent.isValid());
+    dialog.onDone = [this] { dialog.destroy(); };
+    create("某模式");
+    EXPECT_EQ(flowLines(), (Lines{accepted, service, asked, used, endLine()}));
+    EXPECT_FALSE(dialog.sent.isValid());
 }
 
 class CreateFromPageData : public testing::Test {
