@@ -1,5 +1,7 @@
 #include "core/hostMessages.h"
 
+#include <QJsonDocument>
+
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -15,65 +17,61 @@ const QVariantMap pageValues{
     {QStringLiteral("JsMb"), QStringLiteral("结")},
 };
 
-/// One case of a page's message, stated so that no two cases overlap.
-struct PageCase {
-    int mask;
-    int bits;  ///< The case holds where (kind & mask) == bits.
-    int code;
-    int client;  ///< 0: the kind value unchanged.
-    const char* appType;
-    std::vector<const char*> copied;
-};
-
-const int everyBit = ~0;
-const std::vector<PageCase> pageCases = {
-    {4 | 2, 4 | 2, 102, 0, nullptr, {"GsMb", "GcLj"}},
-    {4 | 2 | 1, 4 | 1, 103, 4, "Kvys", {"GcLj"}},
-    {4 | 2 | 1, 4, 100, 0, "Kvys", {}},
-    {4 | 16 | 1, 16 | 1, 103, 16, "Kvzcb", {"GcLj"}},
-    {4 | 16 | 1, 16, 105, 0, "Kvzcb", {}},
-    {everyBit, 8, 104, 8, "Kvjs", {"JsMb", "GcLj"}},
-};
-
-QJsonObject bodyOf(const PageCase& each) {
-    QJsonObject body{{QStringLiteral("GcLx"), QStringLiteral("型")}};
-    if (each.appType) body.insert(QStringLiteral("apptype"), QString::fromUtf8(each.appType));
-    for (const char* key : each.copied) {
-        body.insert(QLatin1String(key), pageValues.value(QLatin1String(key)).toString());
-    }
-    return body;
-}
-
-TEST(PageMessage, FollowsTheTableForEveryKind) {
-    for (int kind = -1; kind <= 255; ++kind) {
-        const PageCase* found = nullptr;
-        for (const PageCase& each : pageCases) {
-            if ((kind & each.mask) != each.bits) continue;
-            ASSERT_FALSE(found) << "two cases for " << kind;
-            found = &each;
-        }
-        const PageCase none{0, 0, 0, 0, nullptr, {}};
-        if (!found) found = &none;
-        const PluginMessage message = newpro::pageMessage(pageValues, kind);
-        EXPECT_EQ(message.code, found->code) << kind;
-        EXPECT_EQ(message.client, found->client ? found->client : kind) << kind;
-        EXPECT_EQ(message.body, bodyOf(*found)) << kind;
-    }
-}
-
-TEST(PageMessage, NamedKindsGetTheirCodes) {
+TEST(PageMessage, EveryKindHasItsCodeItsClientAndItsBody) {
+    const char* const plain = R"({"GcLx":"型"})";
+    const char* const estimate = R"({"GcLj":"/p.gcf","GcLx":"型","GsMb":"概"})";
+    const char* const budgetFile = R"({"GcLj":"/p.gcf","GcLx":"型","apptype":"Kvys"})";
+    const char* const budget = R"({"GcLx":"型","apptype":"Kvys"})";
+    const char* const contractingFile = R"({"GcLj":"/p.gcf","GcLx":"型","apptype":"Kvzcb"})";
+    const char* const contracting = R"({"GcLx":"型","apptype":"Kvzcb"})";
+    const char* const settlement = R"({"GcLj":"/p.gcf","GcLx":"型","JsMb":"结","apptype":"Kvjs"})";
     const struct {
         int kind;
         int code;
         int client;
-    } rows[] = {{4, 100, 4},   {5, 103, 4},   {6, 102, 6},   {7, 102, 7},   {8, 104, 8},
-                {9, 0, 9},     {10, 0, 10},   {12, 100, 12}, {13, 103, 4},  {16, 105, 16},
-                {17, 103, 16}, {18, 105, 18}, {20, 100, 20}, {24, 105, 24}, {32, 0, 32},
-                {0, 0, 0},     {1, 0, 1},     {2, 0, 2}};
+        const char* body;
+    } rows[] = {
+        // The kinds by name.
+        {4, 100, 4, budget},
+        {5, 103, 4, budgetFile},
+        {6, 102, 6, estimate},
+        {8, 104, 8, settlement},
+        {16, 105, 16, contracting},
+        {17, 103, 16, contractingFile},
+        {32, 0, 32, plain},
+        // Of several bits the budget's come first, and of those the estimate's.
+        {7, 102, 7, estimate},
+        {14, 102, 14, estimate},
+        {22, 102, 22, estimate},
+        {255, 102, 255, estimate},
+        {-1, 102, -1, estimate},
+        {13, 103, 4, budgetFile},
+        {21, 103, 4, budgetFile},
+        {37, 103, 4, budgetFile},
+        {12, 100, 12, budget},
+        {20, 100, 20, budget},
+        {36, 100, 36, budget},
+        {19, 103, 16, contractingFile},
+        {25, 103, 16, contractingFile},
+        {49, 103, 16, contractingFile},
+        {18, 105, 18, contracting},
+        {24, 105, 24, contracting},
+        {48, 105, 48, contracting},
+        // The settlement's number is no bit.
+        {9, 0, 9, plain},
+        {10, 0, 10, plain},
+        {40, 0, 40, plain},
+        {0, 0, 0, plain},
+        {1, 0, 1, plain},
+        {2, 0, 2, plain},
+        {3, 0, 3, plain},
+        {64, 0, 64, plain},
+    };
     for (const auto& row : rows) {
         const PluginMessage message = newpro::pageMessage(pageValues, row.kind);
         EXPECT_EQ(message.code, row.code) << row.kind;
         EXPECT_EQ(message.client, row.client) << row.kind;
+        EXPECT_EQ(message.body, QJsonDocument::fromJson(row.body).object()) << row.kind;
     }
 }
 

@@ -77,7 +77,7 @@ TEST_F(Templates, are_the_files_with_the_suffix_hidden_ones_included) {
                                      QStringLiteral("lower")}));
 }
 
-TEST_F(Templates, of_the_same_age_keep_the_order_of_the_folder_listing) {
+TEST_F(Templates, of_the_same_age_go_backwards_by_name) {
     const QDateTime then = QDateTime::currentDateTime().addDays(-1);
     for (const char* name : {"m.MODX", "z.MODX", "a.MODX", "k.MODX"}) {
         QFile file(add(QLatin1String(name), 1));
@@ -86,15 +86,8 @@ TEST_F(Templates, of_the_same_age_keep_the_order_of_the_folder_listing) {
     }
     add(QStringLiteral("newest.MODX"), 0);
     add(QStringLiteral("oldest.MODX"), 60 * 24 * 9);
-    QStringList listed;
-    for (const QFileInfo& file : QDir(newpro::templateFolder(QStringLiteral("kvys")))
-                                     .entryInfoList(QDir::Files, QDir::Time | QDir::Reversed)) {
-        listed += file.completeBaseName();
-    }
     fill();
-    EXPECT_EQ(titles(), listed);
-    EXPECT_EQ(titles().constFirst(), QStringLiteral("oldest"));
-    EXPECT_EQ(titles().constLast(), QStringLiteral("newest"));
+    EXPECT_EQ(titles().join(QLatin1Char(' ')), QStringLiteral("oldest z m k a newest"));
 }
 
 TEST_F(Templates, of_a_missing_folder_leave_the_list_empty_without_a_word) {

@@ -110,12 +110,11 @@ TEST_F(Catalogue, AskingForAProjectMayDeleteTheWholeList) {
 }
 
 TEST_F(Catalogue, RowsAreEightyHighAndTheListHoldsAllOfThem) {
-    for (double scale : {1.0, 1.5}) {
+    for (const auto& [scale, row] : {std::pair(1.0, 80), std::pair(1.5, 120)}) {
         workbench::Host::instance().setScale(scale);
         catalogue.clear();
         configure({entry(0, {a, b, c})});
         load();
-        const int row = qRound(80 * scale);
         const QSize hint = list(0).item(0)->data(Qt::SizeHintRole).toSize();
         EXPECT_EQ(hint.height(), row);
         EXPECT_EQ(list(0).minimumHeight(), 3 * row);

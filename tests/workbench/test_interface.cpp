@@ -126,20 +126,4 @@ TEST(InterfacePage, EveryLinkedScenarioCanBeRead) {
     EXPECT_GT(scenarios, 0);
 }
 
-TEST(InterfacePage, TheFileTypeIsAnsweredThroughTheMetaObject) {
-    const testing_support::TemporaryInstallation installation;
-    NewProCfgDialog dialog(0, true);
-    const struct {
-        const char* suffix;
-        int type;
-    } table[] = {{"GCFX", 4}, {" bakz ", 16}, {"GCFG", 2}, {"SGCFZ", 17}, {"spmw", 5}, {"GCF", 0}};
-    for (const auto& row : table) {
-        int type = -1;
-        ASSERT_TRUE(QMetaObject::invokeMethod(&dialog, "getDkType", Qt::DirectConnection,
-                                              Q_RETURN_ARG(int, type),
-                                              Q_ARG(QString, QLatin1String(row.suffix))));
-        EXPECT_EQ(type, row.type) << row.suffix;
-    }
-}
-
 }  // namespace
