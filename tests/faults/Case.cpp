@@ -9,12 +9,12 @@ namespace faults {
 
 namespace {
 
-constexpr Deed throwing[] = {Deed::ThrowLiteral, Deed::ThrowString, Deed::ThrowStdException,
-                             Deed::ThrowOther};
-constexpr Deed answering[] = {Deed::AnswerMissing, Deed::AnswerRefusing, Deed::AnswerEmpty,
-                              Deed::AnswerBroken,  Deed::RunEventLoop,   Deed::OpenSecondDialog,
-                              Deed::DeleteDialog,  Deed::DeleteParent,   Deed::DeleteCards,
-                              Deed::DeletePages};
+constexpr Action throwing[] = {Action::ThrowLiteral, Action::ThrowString, Action::ThrowStdException,
+                               Action::ThrowOther};
+constexpr Action answering[] = {
+    Action::AnswerMissing, Action::AnswerRefusing,   Action::AnswerEmpty,  Action::AnswerBroken,
+    Action::RunEventLoop,  Action::OpenSecondDialog, Action::DeleteDialog, Action::DeleteParent,
+    Action::DeleteCards,   Action::DeletePages};
 
 QString callerOf(const Place& place) {
     return place.site == 0 ? QStringLiteral("Qt") : enclosing(functionAt(place.site));
@@ -37,37 +37,37 @@ QVector<Place> firstAndLastOfEach(const QVector<Place>& places) {
 
 }  // namespace
 
-QString nameOf(Deed deed) {
-    switch (deed) {
-        case Deed::None:
+QString nameOf(Action action) {
+    switch (action) {
+        case Action::None:
             return QStringLiteral("none");
-        case Deed::ThrowLiteral:
+        case Action::ThrowLiteral:
             return QStringLiteral("throws a literal");
-        case Deed::ThrowString:
+        case Action::ThrowString:
             return QStringLiteral("throws a QString");
-        case Deed::ThrowStdException:
+        case Action::ThrowStdException:
             return QStringLiteral("throws a std::exception");
-        case Deed::ThrowOther:
+        case Action::ThrowOther:
             return QStringLiteral("throws an int");
-        case Deed::AnswerMissing:
+        case Action::AnswerMissing:
             return QStringLiteral("services missing from here");
-        case Deed::AnswerRefusing:
+        case Action::AnswerRefusing:
             return QStringLiteral("services refusing from here");
-        case Deed::AnswerEmpty:
+        case Action::AnswerEmpty:
             return QStringLiteral("answers empty from here");
-        case Deed::AnswerBroken:
+        case Action::AnswerBroken:
             return QStringLiteral("answers broken from here");
-        case Deed::RunEventLoop:
+        case Action::RunEventLoop:
             return QStringLiteral("runs the event loop");
-        case Deed::OpenSecondDialog:
+        case Action::OpenSecondDialog:
             return QStringLiteral("opens a second dialog");
-        case Deed::DeleteDialog:
+        case Action::DeleteDialog:
             return QStringLiteral("deletes the dialog");
-        case Deed::DeleteParent:
+        case Action::DeleteParent:
             return QStringLiteral("deletes the dialog's parent");
-        case Deed::DeleteCards:
+        case Action::DeleteCards:
             return QStringLiteral("deletes the cards");
-        case Deed::DeletePages:
+        case Action::DeletePages:
             return QStringLiteral("deletes the pages");
     }
     return {};
@@ -77,7 +77,7 @@ QString describe(const Case& one) {
     return QStringLiteral("%1 #%2 of %3 %4")
         .arg(demangled(operationName(one.place.operation)))
         .arg(one.place.nth)
-        .arg(callerOf(one.place), nameOf(one.deed));
+        .arg(callerOf(one.place), nameOf(one.action));
 }
 
 bool isService(int operation) {
@@ -129,9 +129,9 @@ QVector<Case> casesFor(const QVector<Place>& places, bool quick) {
             ++turn;
             continue;
         }
-        for (const Deed deed : throwing) cases.append({place, deed});
+        for (const Action action : throwing) cases.append({place, action});
         if (!service) continue;
-        for (const Deed deed : answering) cases.append({place, deed});
+        for (const Action action : answering) cases.append({place, action});
     }
     return cases;
 }

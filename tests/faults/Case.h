@@ -18,7 +18,7 @@ struct Place {
 };
 
 /// What happens at the place.
-enum class Deed {
+enum class Action {
     None,
     // The operation throws.
     ThrowLiteral,
@@ -39,22 +39,23 @@ enum class Deed {
     DeletePages,
 };
 
-inline bool throws(Deed deed) {
-    return deed >= Deed::ThrowLiteral && deed <= Deed::ThrowOther;
+inline bool throws(Action action) {
+    return action >= Action::ThrowLiteral && action <= Action::ThrowOther;
 }
 
-/// @return whether the deed takes the dialog or a part of it away, which no user would go on with.
-inline bool deletes(Deed deed) {
-    return deed >= Deed::DeleteDialog;
+/// @return whether the action takes the dialog or a part of it away, which no user would go on
+/// with.
+inline bool deletes(Action action) {
+    return action >= Action::DeleteDialog;
 }
 
 struct Case {
     Place place;
-    Deed deed = Deed::None;
+    Action action = Action::None;
 };
 
 /// @return a name for people and for the command line.
-QString nameOf(Deed deed);
+QString nameOf(Action action);
 QString describe(const Case& one);
 
 /// @return whether an operation is a service, which may answer otherwise or re-enter; the others
@@ -70,7 +71,7 @@ bool takesWindow(int operation);
 bool isEvent(int operation);
 
 /// @return the cases for the places of a flow.
-/// @param quick the first and the last of each call only, with the deeds taken in turn.
+/// @param quick the first and the last of each call only, with the actions taken in turn.
 QVector<Case> casesFor(const QVector<Place>& places, bool quick);
 
 }  // namespace faults

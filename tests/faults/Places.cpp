@@ -65,7 +65,7 @@ void PlaceWatch::note(int operation, const void* site) {
     Place place{operation, inModule(site) ? offsetOf(site) : 0, 1};
     place.nth = ++times[{place.operation, place.site}];
     seen.append(place);
-    if (hasFired || wanted.deed == Deed::None) return;
+    if (hasFired || wanted.action == Action::None) return;
     if (!place.sameCall(wanted.place) || place.nth != wanted.place.nth) return;
     fire();
 }
@@ -76,18 +76,18 @@ void PlaceWatch::fire() {
         if (inModule(address)) frames.append(functionAt(offsetOf(address)));
     }
     {
-        // What the deed does itself is no call of this run.
+        // What the action does itself is no call of this run.
         const QScopedValueRollback<bool> quiet(counting, false);
         act();
     }
-    switch (wanted.deed) {
-        case Deed::ThrowLiteral:
+    switch (wanted.action) {
+        case Action::ThrowLiteral:
             throw static_cast<const char*>(thrownText);
-        case Deed::ThrowString:
+        case Action::ThrowString:
             throw QString::fromLatin1(thrownText);
-        case Deed::ThrowStdException:
+        case Action::ThrowStdException:
             throw std::runtime_error(thrownText);
-        case Deed::ThrowOther:
+        case Action::ThrowOther:
             throw 1;
         default:
             break;

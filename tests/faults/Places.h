@@ -1,4 +1,4 @@
-/// Counts the host calls of a run, and does a deed at one of them.
+/// Counts the host calls of a run, and does an action at one of them.
 #pragma once
 
 #include <QHash>
@@ -12,8 +12,8 @@ namespace faults {
 /// While it lives, it listens to the places. One at a time.
 class PlaceWatch {
   public:
-    /// @param wanted what to do at which place; Deed::None only records.
-    /// @param act    called there, before an exception is thrown; does the deed that is none.
+    /// @param wanted what to do at which place; Action::None only records.
+    /// @param act    called there, before an exception is thrown; does what is no exception.
     PlaceWatch(const Case& wanted, std::function<void()> act);
     ~PlaceWatch();
     PlaceWatch(const PlaceWatch&) = delete;
@@ -24,7 +24,7 @@ class PlaceWatch {
 
     const QVector<Place>& places() const { return seen; }
     bool fired() const { return hasFired; }
-    /// @return the module's functions on the stack when the deed was done, the innermost first.
+    /// @return the module's functions on the stack when the action was done, the innermost first.
     const QStringList& stack() const { return frames; }
 
   private:

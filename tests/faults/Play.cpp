@@ -5,7 +5,7 @@
 #include <QJsonArray>
 #include <algorithm>
 
-#include "tests/faults/Deed.h"
+#include "tests/faults/Action.h"
 #include "tests/faults/Places.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/ProjectStore.h"
@@ -134,9 +134,15 @@ class Run {
   private:
     /// A window that an operation was given must not go before the operation has used it.
     void actOrWait() {
+        if (wanted.action == Action::DeleteParent && makesImportDialog(watch.stack())) return;
+<<<<<<< HEAD
         if (wanted.deed == Deed::DeleteParent && makesImportDialog(watch.stack())) return;
         if (!deletes(wanted.deed) || !takesWindow(wanted.place.operation)) {
             act(wanted.deed, stage);
+=======
+        if (!deletes(wanted.action) || !takesWindow(wanted.place.operation)) {
+            act(wanted.action, stage);
+>>>>>>> 64a41e0 (The scenario player and the fault matrix go by plain words)
             return;
         }
         const QString name = nameOf(wanted.place.operation);
@@ -144,7 +150,7 @@ class Run {
                                     [this, name](const QJsonObject& entry) {
                                         if (entry.value(QLatin1String("name")) != name) return;
                                         QObject::disconnect(atItsEnd);
-                                        act(wanted.deed, stage);
+                                        act(wanted.action, stage);
                                     });
     }
 
@@ -184,7 +190,7 @@ class Run {
     /// In the dialog itself where it is still open.
     Scenario secondTry() {
         Scenario again = flow;
-        if (outcome.dialogLeft && beginsWithDialog(flow) && !deletes(wanted.deed)) {
+        if (outcome.dialogLeft && beginsWithDialog(flow) && !deletes(wanted.action)) {
             again.steps.removeFirst();
         } else {
             delete stage.dialog;

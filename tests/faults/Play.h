@@ -20,7 +20,7 @@ struct Record {
 struct Outcome {
     QVector<Place> places;
     bool fired = false;
-    QStringList stack;  ///< Of the deed, by function.
+    QStringList stack;  ///< Of the action, by function.
     Record faulty;
     bool dialogLeft = false;  ///< The dialog was open after the faulty play, and was used on.
     Record again;             ///< The second try, without a fault.
@@ -30,7 +30,7 @@ struct Outcome {
 
 /// @param flow  a scenario without expectations. One that only opens the dialog counts the calls of
 ///        its making; the others count from where the dialog stands.
-/// @param wanted what to do at which call; Deed::None for a play without a fault.
+/// @param wanted what to do at which call; Action::None for a play without a fault.
 Outcome playWith(const workbench::Scenario& flow, const Case& wanted);
 
 }  // namespace faults

@@ -48,15 +48,15 @@ QString reporterOn(const QStringList& stack) {
     return {};
 }
 
-QString textOf(Deed deed) {
-    return deed == Deed::ThrowOther ? QStringLiteral("未知异常") : QLatin1String(thrownText);
+QString textOf(Action action) {
+    return action == Action::ThrowOther ? QStringLiteral("未知异常") : QLatin1String(thrownText);
 }
 
 bool escaped(const Record& record) {
     return record.ended.contains(QLatin1String("an exception escaped"));
 }
 
-void judgeThrow(Deed deed, const Outcome& outcome, QStringList& faults) {
+void judgeThrow(Action action, const Outcome& outcome, QStringList& faults) {
     const QStringList& reports = outcome.faulty.reports;
     const QString reporter = reporterOn(outcome.stack);
     const bool hostsOwn = reporter.isEmpty() && reports.isEmpty();
@@ -74,7 +74,7 @@ void judgeThrow(Deed deed, const Outcome& outcome, QStringList& faults) {
     const QStringList parts = reports[0].split(QLatin1Char('|'));
     if (!parts[1].startsWith(parts[0] + QLatin1String("::")))
         faults += QStringLiteral("source and function differ: ") + reports[0];
-    if (parts[2] != textOf(deed)) faults += QStringLiteral("text: ") + reports[0];
+    if (parts[2] != textOf(action)) faults += QStringLiteral("text: ") + reports[0];
 #ifdef GUARDS_ON_STACK
     if (parts[1] != reporter)
         faults += QStringLiteral("reported by %1, not by %2").arg(parts[1], reporter);
@@ -89,8 +89,8 @@ void judgeMessages(const QStringList& found, QStringList allowed, const char* wh
     }
 }
 
-bool changesAnswers(Deed deed) {
-    return deed >= Deed::AnswerMissing && deed <= Deed::AnswerBroken;
+bool changesAnswers(Action action) {
+    return action >= Action::AnswerMissing && action <= Action::AnswerBroken;
 }
 
 bool whileChoosing(const QStringList& stack) {
@@ -101,40 +101,40 @@ bool whileChoosing(const QStringList& stack) {
 
 }  // namespace
 
-QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& sound) {
+QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& reference) {
     QStringList faults;
     if (!outcome.fired) {
         if (isEvent(wanted.place.operation)) return {};  // how many come is a matter of time
         return {QStringLiteral("the place was not reached again")};
     }
-    if (throws(wanted.deed)) {
-        judgeThrow(wanted.deed, outcome, faults);
+    if (throws(wanted.action)) {
+        judgeThrow(wanted.action, outcome, faults);
     } else {
         if (!outcome.faulty.reports.isEmpty())
             faults += QStringLiteral("reports: ") + outcome.faulty.reports.join(QLatin1Char(' '));
         if (escaped(outcome.faulty)) faults += outcome.faulty.ended;
     }
-    if (changesAnswers(wanted.deed)) {
+    if (changesAnswers(wanted.action)) {
         // Other answers may well make another message or box of it; never more of them.
-        if (outcome.faulty.messages.size() > qMax(1, sound.faulty.messages.size()))
+        if (outcome.faulty.messages.size() > qMax(1, reference.faulty.messages.size()))
             faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
     } else if (whileChoosing(outcome.stack)) {
         // What the import dialog could not load is missing in its message.
-        if (outcome.faulty.messages.size() > sound.faulty.messages.size())
+        if (outcome.faulty.messages.size() > reference.faulty.messages.size())
             faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
     } else {
-        judgeMessages(outcome.faulty.messages, sound.faulty.messages, "sent: ", faults);
-        judgeMessages(outcome.faulty.boxes, sound.faulty.boxes, "said: ", faults);
+        judgeMessages(outcome.faulty.messages, reference.faulty.messages, "sent: ", faults);
+        judgeMessages(outcome.faulty.boxes, reference.faulty.boxes, "said: ", faults);
     }
-    if (!outcome.again.ended.isEmpty() && outcome.again.ended != sound.again.ended)
+    if (!outcome.again.ended.isEmpty() && outcome.again.ended != reference.again.ended)
         faults += QStringLiteral("second try: ") + outcome.again.ended;
     if (!outcome.again.reports.isEmpty())
         faults +=
             QStringLiteral("second try reports: ") + outcome.again.reports.join(QLatin1Char(' '));
-    if (outcome.again.messages != sound.again.messages)
+    if (outcome.again.messages != reference.again.messages)
         faults += QStringLiteral("second try sends %1, not %2")
                       .arg(outcome.again.messages.join(QLatin1Char(' ')),
-                           sound.again.messages.join(QLatin1Char(' ')));
+                           reference.again.messages.join(QLatin1Char(' ')));
     if (!outcome.warnings.isEmpty())
         faults += QStringLiteral("warnings: ") + outcome.warnings.join(QLatin1String("; "));
     if (!outcome.strays.isEmpty())

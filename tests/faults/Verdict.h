@@ -5,8 +5,8 @@
 
 namespace faults {
 
-/// @param sound the same flow without a fault.
+/// @param reference the same flow without a fault.
 /// @return what does not hold, a line each; empty if all does.
-QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& sound);
+QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& reference);
 
 }  // namespace faults

@@ -71,28 +71,29 @@ int work(const QString& name, bool quick, int from, const QString& only) {
         return 2;
     }
     playWith(flow, {});  // warms up what is made once a process
-    const Outcome sound = playWith(flow, {});
+    const Outcome reference = playWith(flow, {});
     if (from == 0) {
-        for (const QString& fault : judge({}, sound, sound)) {
+        for (const QString& fault : judge({}, reference, reference)) {
             if (!fault.startsWith(QLatin1String("the place")))
                 say(QStringLiteral("fault ") + fault);
         }
-        if (!sound.faulty.ended.isEmpty()) say(QStringLiteral("fault ") + sound.faulty.ended);
-        if (!samePlaces(sound.places, playWith(flow, {}).places))
+        if (!reference.faulty.ended.isEmpty())
+            say(QStringLiteral("fault ") + reference.faulty.ended);
+        if (!samePlaces(reference.places, playWith(flow, {}).places))
             say(QStringLiteral("fault the calls of this flow differ from play to play"));
     }
-    const QVector<Case> cases = casesFor(sound.places, quick);
+    const QVector<Case> cases = casesFor(reference.places, quick);
     for (int i = from; i < cases.size(); ++i) {
         if (!describe(cases[i]).contains(only)) continue;
         say(QStringLiteral("case %1 %2").arg(i).arg(describe(cases[i])));
-        for (const QString& fault : judge(cases[i], playWith(flow, cases[i]), sound))
+        for (const QString& fault : judge(cases[i], playWith(flow, cases[i]), reference))
             say(QStringLiteral("fault ") + fault);
         const bool last = i + 1 == cases.size();
         if ((last || i % leakCheckEvery == leakCheckEvery - 1) && leaks())
             say(QStringLiteral("fault a leak in this case or one of the %1 before it")
                     .arg(leakCheckEvery - 1));
     }
-    say(QStringLiteral("done %1 %2").arg(cases.size()).arg(sound.places.size()));
+    say(QStringLiteral("done %1 %2").arg(cases.size()).arg(reference.places.size()));
     return 0;
 }
 

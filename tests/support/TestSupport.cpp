@@ -176,7 +176,7 @@ void ModalDriver::look() {
     }
     // A window that fades in may be behind another for a moment; one that stays blocks the test.
     constexpr int patience = 2000;
-    if (++strangers < patience) return;
+    if (++otherWindows < patience) return;
     ADD_FAILURE() << "another modal window came: " << window->metaObject()->className();
     window->close();
 }

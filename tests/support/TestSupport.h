@@ -132,7 +132,7 @@ class ModalDriver {
     Accepts accepts;
     std::function<void(QWidget*)> drive;
     QTimer timer;
-    int strangers = 0;
+    int otherWindows = 0;
     bool driven = false;
 };
 

@@ -142,13 +142,13 @@ class VerbTest : public testing::Test {
     }
     ~VerbTest() override { delete stage.dialog; }
 
-    std::string lackingFor(const char* from) {
+    std::string reasonToWait(const char* from) {
         const QJsonObject args{{QStringLiteral("name"), QStringLiteral("A")},
                                {QStringLiteral("from"), QLatin1String(from)}};
         const workbench::Plan plan =
             workbench::verbNamed(QStringLiteral("template"))->plan(stage, args);
-        EXPECT_FALSE(plan.hopeless);
-        return plan.lacking.toStdString();
+        EXPECT_FALSE(plan.impossible);
+        return plan.reason.toStdString();
     }
 
     testing_support::TemporaryInstallation installation;
@@ -163,14 +163,14 @@ TEST_F(VerbTest, ARowThatHasNoWidgetYetIsWaitedFor) {
     EXPECT_EQ(workbench::templateRow(tree, QStringLiteral("A.MODX")), row);
     tree->removeItemWidget(row, 0);
     testing_support::settle();
-    EXPECT_EQ(lackingFor("tree"), "there is no template row \"A\"");
+    EXPECT_EQ(reasonToWait("tree"), "there is no template row \"A\"");
 }
 
 TEST_F(VerbTest, ACardThatHasNoButtonYetIsWaitedFor) {
-    EXPECT_EQ(lackingFor("cards"), "");
+    EXPECT_EQ(reasonToWait("cards"), "");
     auto* list = testing_support::child<QListWidget>(stage.dialog, "lswTemplateEng");
     testing_support::child<QWidget>(list, "btnNewProject")->setObjectName(QString());
-    EXPECT_EQ(lackingFor("cards"), "the template card has no button");
+    EXPECT_EQ(reasonToWait("cards"), "the template card has no button");
 }
 
 TEST_F(ScenarioTest, AFailedCheckIsADifferenceAndNotAnEnd) {

@@ -15,8 +15,8 @@ namespace workbench {
 
 namespace {
 
-const int glanceMs = 5;    ///< Between two looks for a target.
-const int personMs = 900;  ///< Between two steps at a person's pace.
+const int pollMs = 5;          ///< Between two looks for a target.
+const int personPaceMs = 900;  ///< Between two steps at a person's pace.
 
 }  // namespace
 
@@ -38,15 +38,15 @@ QString Player::run() {
     return reason;
 }
 
-void Player::goOn() {
+void Player::scheduleNext() {
     const bool freshStep = !planning;
-    const int pause = options.watch && freshStep ? personMs : 0;
+    const int pause = options.watch && freshStep ? personPaceMs : 0;
     QTimer::singleShot(pause, this, &Player::tick);
 }
 
 bool Player::mustWait() const {
-    // A deed that has brought up a window waits for what the next steps do there. One that has not
-    // is still working, such as waiting for a slow cloud disk.
+    // An action that has brought up a window waits for what the next steps do there. One that has
+    // not is still working, such as waiting for a slow cloud disk.
     if (busy.isEmpty()) return false;
     const QWidget* top = topWindow();
     return !top || top == busy.last();
@@ -66,11 +66,11 @@ bool Player::takeNextStep() {
 }
 
 void Player::tick() {
-    if (over) return clearUp();
+    if (isOver) return clearUp();
     if (mustWait()) {
         if (stepClock.elapsed() > options.stepLimit)
             end(QStringLiteral("the step has not come to its end"));
-        QTimer::singleShot(glanceMs, this, &Player::tick);
+        QTimer::singleShot(pollMs, this, &Player::tick);
         return;
     }
     if (takeNextStep()) return attempt(planning());
@@ -81,29 +81,29 @@ void Player::tick() {
 }
 
 void Player::attempt(const Plan& plan) {
-    if (plan.deed) return perform(plan);
+    if (plan.action) return perform(plan);
     const bool late = stepClock.elapsed() > (skips() ? options.skipAfter : options.stepLimit);
-    if (plan.hopeless || late) giveUp(plan.lacking, late);
-    QTimer::singleShot(planning ? glanceMs : 0, this, &Player::tick);
+    if (plan.impossible || late) giveUp(plan.reason, late);
+    QTimer::singleShot(planning ? pollMs : 0, this, &Player::tick);
 }
 
-void Player::giveUp(const QString& lacking, bool late) {
+void Player::giveUp(const QString& why, bool late) {
     if (skips()) {
         planning = {};
         ++skipped;
         return;
     }
     const QWidget* top = topWindow();
-    const bool stranger = late && top && top != stage.dialog;
-    end(stranger ? QStringLiteral("%1; open is %2").arg(lacking, described(top)) : lacking);
+    const bool unexpected = late && top && top != stage.dialog;
+    end(unexpected ? QStringLiteral("%1; open is %2").arg(why, described(top)) : why);
 }
 
 void Player::perform(const Plan& plan) {
     planning = plan.then;
     busy.append(topWindow());
-    goOn();
+    scheduleNext();
     try {
-        plan.deed();
+        plan.action();
     } catch (const StepFailure& failure) {
         giveUp(failure.reason, false);
     } catch (const std::exception& escaped) {
@@ -115,8 +115,8 @@ void Player::perform(const Plan& plan) {
 }
 
 void Player::end(const QString& why) {
-    if (over) return;
-    over = true;
+    if (isOver) return;
+    isOver = true;
     if (!why.isEmpty()) reason = place() + QStringLiteral(": ") + why;
     Q_EMIT ending();
     feedWatchdog(reason);
@@ -130,7 +130,7 @@ void Player::clearUp() {
         dialog->reject();
     else if (top)
         top->close();
-    QTimer::singleShot(glanceMs, this, &Player::tick);
+    QTimer::singleShot(pollMs, this, &Player::tick);
 }
 
 QString Player::place() const {
@@ -153,7 +153,7 @@ void Player::watchDialog(NewProCfgDialog* dialog) {
     // The dialog may be done in the middle of a slot of its own: never delete it at once.
     connect(dialog, &QDialog::finished, this, [this, dialog] {
         // Closed to clear up, it may be in the middle of a slot that never returns.
-        if (!over && !dialogNeededLater()) dialog->deleteLater();
+        if (!isOver && !dialogNeededLater()) dialog->deleteLater();
     });
 }
 

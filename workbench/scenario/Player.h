@@ -43,12 +43,12 @@ struct PlayResult {
 
 /// Plays one scenario on a temporary copy of its installation. The host is reset before and after,
 /// and the journal starts anew. It always returns: a step that finds no target in time, or a modal
-/// window that no step expects, ends the scenario. Only a deed that neither returns nor has a
+/// window that no step expects, ends the scenario. Only an action that neither returns nor has a
 /// window to close cannot be left: then the process ends with 1, its reason and the differences so
 /// far.
 PlayResult play(const Scenario& scenario, const PlayOptions& options);
 
-/// Runs the steps from the event loop, one by one. A step's deed may open a modal window with an
+/// Runs the steps from the event loop, one by one. A step's action may open a modal window with an
 /// event loop of its own; the next step then runs inside that loop.
 class Player : public QObject {
     Q_OBJECT
@@ -66,11 +66,11 @@ class Player : public QObject {
 
   private:
     void tick();
-    void goOn();
+    void scheduleNext();
     bool mustWait() const;
     bool takeNextStep();
     void attempt(const Plan& plan);
-    void giveUp(const QString& lacking, bool late);
+    void giveUp(const QString& why, bool late);
     bool skips() const { return options.skipAfter >= 0; }
     void perform(const Plan& plan);
     void end(const QString& reason);
@@ -88,10 +88,10 @@ class Player : public QObject {
     std::unique_ptr<Watchdog> watchdog;
     int step = -1;                    ///< Index of the current step.
     std::function<Plan()> planning;   ///< What is left of the current step; empty: it is done.
-    QVector<QPointer<QWidget>> busy;  ///< Per running deed: the window on top when it began.
+    QVector<QPointer<QWidget>> busy;  ///< Per running action: the window on top when it began.
     QString reason;
     int skipped = 0;
-    bool over = false;
+    bool isOver = false;
 };
 
 }  // namespace workbench

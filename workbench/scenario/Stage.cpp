@@ -24,7 +24,7 @@ QWidget* Stage::window() const {
     return dialog && dialog->isVisible() ? dialog.data() : nullptr;
 }
 
-QString Stage::trouble() const {
+QString Stage::obstacle() const {
     QWidget* top = topWindow();
     if (top && top != dialog)
         return QStringLiteral("an unexpected window is open: %1").arg(described(top));

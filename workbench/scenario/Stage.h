@@ -12,21 +12,22 @@ namespace workbench {
 
 class ProjectStore;
 
-/// What a step comes to at this moment: a deed, or the reason why there is none.
+/// What a step comes to at this moment: an action, or the reason why there is none.
 struct Plan {
-    std::function<void()> deed;
-    QString lacking;
-    bool hopeless = false;       ///< Waiting will not help.
-    std::function<Plan()> then;  ///< The step's next part; it may run inside the deed's event loop.
+    std::function<void()> action;
+    QString reason;
+    bool impossible = false;  ///< Waiting will not help.
+    std::function<Plan()>
+        then;  ///< The step's next part; it may run inside the action's event loop.
 
-    static Plan act(std::function<void()> deed, std::function<Plan()> then = {}) {
-        return {std::move(deed), {}, false, std::move(then)};
+    static Plan act(std::function<void()> action, std::function<Plan()> then = {}) {
+        return {std::move(action), {}, false, std::move(then)};
     }
-    static Plan wait(const QString& lacking) { return {{}, lacking, false, {}}; }
-    static Plan giveUp(const QString& lacking) { return {{}, lacking, true, {}}; }
+    static Plan wait(const QString& reason) { return {{}, reason, false, {}}; }
+    static Plan giveUp(const QString& reason) { return {{}, reason, true, {}}; }
 };
 
-/// Thrown by a deed that could not be done.
+/// Thrown by an action that could not be done.
 struct StepFailure {
     QString reason;
 };
@@ -48,7 +49,7 @@ struct Stage {
     /// @return the window that a person works in: pop-up, modal window or dialog; null if none.
     QWidget* window() const;
     /// @return empty if the dialog can be used; else what stands in the way.
-    QString trouble() const;
+    QString obstacle() const;
 };
 
 /// @return class name and title of a window, for people.

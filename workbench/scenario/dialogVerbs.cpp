@@ -188,8 +188,8 @@ Plan create(Stage& stage, const QJsonObject&) {
 /// Runs a verb only while the dialog can be used.
 template <Plan (*verb)(Stage&, const QJsonObject&)>
 Plan onDialog(Stage& stage, const QJsonObject& args) {
-    const QString trouble = stage.trouble();
-    return trouble.isEmpty() ? verb(stage, args) : Plan::giveUp(trouble);
+    const QString obstacle = stage.obstacle();
+    return obstacle.isEmpty() ? verb(stage, args) : Plan::giveUp(obstacle);
 }
 
 Field name(const char* key) {

@@ -72,7 +72,7 @@ void pressTwice(QWidget* widget, QPoint at) {
     QTest::mouseDClick(window, Qt::LeftButton, Qt::NoModifier, inWindow(widget, at));
 }
 
-void pressHastily(const QVector<QWidget*>& widgets) {
+void pressRapidly(const QVector<QWidget*>& widgets) {
     for (QWidget* widget : widgets) {
         const QPointer<QWindow> window = widget->window()->windowHandle();
         const QPoint at = inWindow(widget, widget->rect().center());

@@ -24,7 +24,7 @@ void press(QWidget* widget);
 void pressTwice(QWidget* widget, QPoint at);
 /// Clicks widgets one after another, faster than their window answers: all clicks are under way
 /// before the first arrives, and the later ones arrive whatever the earlier ones have done.
-void pressHastily(const QVector<QWidget*>& widgets);
+void pressRapidly(const QVector<QWidget*>& widgets);
 
 /// Closes a window by its close button; one without that button as its title bar would.
 void pressClose(QWidget* window);

@@ -52,11 +52,11 @@ Plan history(Stage& stage, const QJsonObject& args) {
 Plan call(Stage& stage, const QJsonObject& args) {
     if (!stage.dialog) return Plan::giveUp(QStringLiteral("there is no dialog"));
     QString error;
-    const auto deed = slotCall(stage.dialog, text(args, "slot"),
-                               args.value(QLatin1String("args")).toArray(), error);
-    if (!deed) return Plan::giveUp(error);
-    return Plan::act([deed] {
-        if (!deed()) throw StepFailure{QStringLiteral("the slot could not be called")};
+    const auto action = slotCall(stage.dialog, text(args, "slot"),
+                                 args.value(QLatin1String("args")).toArray(), error);
+    if (!action) return Plan::giveUp(error);
+    return Plan::act([action] {
+        if (!action()) throw StepFailure{QStringLiteral("the slot could not be called")};
     });
 }
 
@@ -75,7 +75,7 @@ Plan key(Stage& stage, const QJsonObject& args) {
 }
 
 /// @param found set to the widget called `on`. @return what stands in the way of a click; a plan
-///        that lacks nothing if nothing does.
+///        without reason if nothing does.
 Plan findToClick(QWidget* window, const QString& on, QWidget*& found) {
     found = anything(window, on);
     if (!found) return nothingCalled(window, on);
@@ -90,7 +90,7 @@ Plan click(Stage& stage, const QJsonObject& args) {
     if (!window) return noWindow();
     QWidget* target = nullptr;
     const Plan obstacle = findToClick(window, text(args, "on"), target);
-    if (!obstacle.lacking.isEmpty()) return obstacle;
+    if (!obstacle.reason.isEmpty()) return obstacle;
     const bool twice = args.value(QLatin1String("twice")).toBool();
     return Plan::act(
         [target, twice] { twice ? pressTwice(target, target->rect().center()) : press(target); });
@@ -103,9 +103,9 @@ Plan clicks(Stage& stage, const QJsonObject& args) {
     for (const QString& on : args.value(QLatin1String("on")).toVariant().toStringList()) {
         targets.append(nullptr);
         const Plan obstacle = findToClick(window, on, targets.last());
-        if (!obstacle.lacking.isEmpty()) return obstacle;
+        if (!obstacle.reason.isEmpty()) return obstacle;
     }
-    return Plan::act([targets] { pressHastily(targets); });
+    return Plan::act([targets] { pressRapidly(targets); });
 }
 
 void compare(Stage& stage, const QWidget* target, const QJsonObject& args) {

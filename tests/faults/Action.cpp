@@ -1,4 +1,4 @@
-#include "tests/faults/Deed.h"
+#include "tests/faults/Action.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -95,31 +95,31 @@ void deletePages(const QWidget* dialog) {
 
 }  // namespace
 
-void act(Deed deed, Stage& stage) {
-    switch (deed) {
-        case Deed::AnswerMissing:
+void act(Action action, Stage& stage) {
+    switch (action) {
+        case Action::AnswerMissing:
             return answerMissing();
-        case Deed::AnswerRefusing:
+        case Action::AnswerRefusing:
             return answerRefusing();
-        case Deed::AnswerEmpty:
+        case Action::AnswerEmpty:
             return answerEmpty();
-        case Deed::AnswerBroken:
+        case Action::AnswerBroken:
             return answerBroken();
-        case Deed::RunEventLoop:
+        case Action::RunEventLoop:
             return runEventLoop();
-        case Deed::OpenSecondDialog:
+        case Action::OpenSecondDialog:
             return openSecondDialog(stage);
-        case Deed::DeleteDialog:
+        case Action::DeleteDialog:
             delete stage.dialog;
             return;
-        case Deed::DeleteParent:
+        case Action::DeleteParent:
             // A dialog that is being made cannot be taken away: it is nobody's yet.
             if (stage.dialog) delete stage.mainWindow;
             return;
-        case Deed::DeleteCards:
+        case Action::DeleteCards:
             if (stage.dialog) deleteCards(stage.dialog);
             return;
-        case Deed::DeletePages:
+        case Action::DeletePages:
             if (stage.dialog) deletePages(stage.dialog);
             return;
         default:

@@ -9,8 +9,8 @@ struct Stage;
 
 namespace faults {
 
-/// Does a deed that is no exception.
+/// Does an action that is no exception.
 /// @param stage the running flow's.
-void act(Deed deed, workbench::Stage& stage);
+void act(Action action, workbench::Stage& stage);
 
 }  // namespace faults
