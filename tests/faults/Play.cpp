@@ -135,14 +135,8 @@ class Run {
     /// A window that an operation was given must not go before the operation has used it.
     void actOrWait() {
         if (wanted.action == Action::DeleteParent && makesImportDialog(watch.stack())) return;
-<<<<<<< HEAD
-        if (wanted.deed == Deed::DeleteParent && makesImportDialog(watch.stack())) return;
-        if (!deletes(wanted.deed) || !takesWindow(wanted.place.operation)) {
-            act(wanted.deed, stage);
-=======
         if (!deletes(wanted.action) || !takesWindow(wanted.place.operation)) {
             act(wanted.action, stage);
->>>>>>> 64a41e0 (The scenario player and the fault matrix go by plain words)
             return;
         }
         const QString name = nameOf(wanted.place.operation);
