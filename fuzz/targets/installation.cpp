@@ -28,9 +28,9 @@ bool equal(const Installation& a, const Installation& b) {
     return one.modelName == other.modelName && one.estimateTemplate == other.estimateTemplate &&
            one.settlementTemplate == other.settlementTemplate && one.others == other.others &&
            a.basicSettings.projectFolder == b.basicSettings.projectFolder &&
-           a.basicSettings.others == b.basicSettings.others && a.areaConfig == b.areaConfig &&
-           a.transactions == b.transactions && a.suffixes == b.suffixes && a.history == b.history &&
-           a.prodAreaYN == b.prodAreaYN && a.firstOpenClose == b.firstOpenClose;
+           a.basicSettings.others == b.basicSettings.others && a.hostSettings == b.hostSettings &&
+           a.suffixes == b.suffixes && a.history == b.history &&
+           a.firstOpenClose == b.firstOpenClose;
 }
 
 /// The two writers write what the loader reads, and leave all else as it was.

@@ -4,9 +4,9 @@
 #include "fuzz/support.h"
 #include "fuzz/targets.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/Scenario.h"
-#include "workbench/scenario/hostSettings.h"
 #include "workbench/scenario/judge.h"
 #include "workbench/scenario/verbs.h"
 
@@ -45,7 +45,7 @@ void requireMet(const workbench::Expectations& expect) {
 void requireApplied(const QJsonObject& settings) {
     require(workbench::difference(settings, settings).isEmpty(), "a value does not differ");
     require(workbench::filledIn(settings, placeholder) == settings, "texts are left as they are");
-    workbench::applyHostSettings(settings, folder());
+    workbench::applyHostSettings(settings);
     const Host& host = Host::instance();
     require(host.scale() >= 1 && host.scale() <= 3, "the scale is one that the host has");
     for (const auto& answer : Host::instance().switches().fileAnswers) {

@@ -9,10 +9,10 @@
 #include "tests/faults/Places.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/ProjectStore.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/Player.h"
 #include "workbench/scenario/TemporaryCopy.h"
-#include "workbench/scenario/hostSettings.h"
 
 namespace faults {
 
@@ -155,8 +155,7 @@ class Run {
         if (!error.isEmpty()) qFatal("%s", qPrintable(error));
         host.switches().boxesAnswerThemselves = true;
         host.switches().fileDialogPrepared = true;
-        workbench::applyHostSettings(workbench::filledIn(flow.host, copy.folder()).toObject(),
-                                     copy.folder());
+        workbench::applyHostSettings(workbench::filledIn(flow.host, copy.folder()).toObject());
         switches = host.switches();
         installation = host.installation();
     }

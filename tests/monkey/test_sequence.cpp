@@ -9,7 +9,7 @@
 #include "tests/monkey/sequence.h"
 #include "tests/monkey/words.h"
 #include "tests/support/TestSupport.h"
-#include "workbench/scenario/hostSettings.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/verbs.h"
 
 namespace {

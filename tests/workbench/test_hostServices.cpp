@@ -138,7 +138,7 @@ TEST(HostServices, SwitchesStandOverTheInstallationsOwnSettings) {
     EXPECT_EQ(main->GetAreaConfigValue(area), QStringLiteral("JL2"));
 
     EXPECT_EQ(action->JudageValue(key, QStringLiteral("f")), QStringLiteral("f"));
-    installation.values().transactions.insert(key, QStringLiteral("1"));
+    installation.switches().transactions.insert(key, QStringLiteral("1"));
     EXPECT_EQ(action->JudageValue(key, QString()), QStringLiteral("1"));
     installation.switches().transactions.insert(key, QString());
     EXPECT_EQ(action->JudageValue(key, QStringLiteral("f")), QString());

@@ -81,7 +81,8 @@ TEST(Installation, BothSamplesAreRead) {
             << error.toStdString();
         EXPECT_FALSE(sample.models.value(QStringLiteral("Kvys")).isEmpty());
         EXPECT_FALSE(sample.history.isEmpty());
-        EXPECT_EQ(sample.prodAreaYN, QLatin1String(folder) == QLatin1String(YUNNAN_INSTALLATION));
+        EXPECT_EQ(sample.hostSettings.value(QStringLiteral("prodAreaYN")),
+                  QLatin1String(folder) == QLatin1String(YUNNAN_INSTALLATION));
     }
 }
 
@@ -215,7 +216,7 @@ TEST(Installation, KeysWithDotsBracketsAndEscapesAreTakenAsTheyAre) {
                                           {QStringLiteral(""), QStringLiteral("5")},
                                           {QStringLiteral("\x1f"), QStringLiteral("6")},
                                           {QStringLiteral("\x1f\x1f"), QStringLiteral("7")}};
-    EXPECT_EQ(installation.values().transactions, expected);
+    EXPECT_EQ(installation.switches().transactions, expected);
 }
 
 TEST(Installation, TaxModesBeyondTheNamedOnesAreLoadedAsNumbers) {

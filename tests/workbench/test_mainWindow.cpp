@@ -188,21 +188,20 @@ TEST_F(MainWindowTest, EveryChoiceOfThePanelChangesTheHost) {
         const char* name;
         std::function<bool()> before;
         std::function<bool()> after;  ///< One entry further down.
-    } choices[] = {
-        {"firstPageSwitch", [this] { return host.switches().firstPage == FirstPage::Ready; },
-         [this] { return host.switches().firstPage == FirstPage::Busy; }},
-        {"firstPageSwitch", [this] { return host.switches().firstPage == FirstPage::Busy; },
-         [this] { return host.switches().firstPage == FirstPage::Absent; }},
-        {"areaSwitch", [this] { return !host.switches().prodAreaYN; },
-         [this] { return host.switches().prodAreaYN; }},
-        {"versionSwitch", [this] { return host.switches().openVersion == 1.3; },
-         [this] { return host.switches().openVersion == 1.2; }},
-        {"loginSwitch", [this] { return host.switches().account.login == Login::Ask; },
-         [this] { return host.switches().account.login == Login::Accepted; }},
-        {"skinSwitch", [] { return Host::instance().skin() == QLatin1String("light"); },
-         [] { return Host::instance().skin() == QLatin1String("dark"); }},
-        {"scaleSwitch", [] { return Host::instance().scale() == 1; },
-         [] { return Host::instance().scale() == 1.25; }}};
+    } choices[] = {{"firstPage", [this] { return host.switches().firstPage == FirstPage::Ready; },
+                    [this] { return host.switches().firstPage == FirstPage::Busy; }},
+                   {"firstPage", [this] { return host.switches().firstPage == FirstPage::Busy; },
+                    [this] { return host.switches().firstPage == FirstPage::Absent; }},
+                   {"prodAreaYN", [this] { return !host.switches().prodAreaYN; },
+                    [this] { return host.switches().prodAreaYN; }},
+                   {"openVersion", [this] { return host.switches().openVersion == 1.3; },
+                    [this] { return host.switches().openVersion == 1.2; }},
+                   {"account.login", [this] { return host.switches().account.login == Login::Ask; },
+                    [this] { return host.switches().account.login == Login::Accepted; }},
+                   {"skin", [] { return Host::instance().skin() == QLatin1String("light"); },
+                    [] { return Host::instance().skin() == QLatin1String("dark"); }},
+                   {"scale", [] { return Host::instance().scale() == 1; },
+                    [] { return Host::instance().scale() == 1.25; }}};
     for (const auto& choice : choices) {
         EXPECT_TRUE(choice.before()) << choice.name;
         key(part<QComboBox>(choice.name), Qt::Key_Down);
@@ -215,16 +214,15 @@ TEST_F(MainWindowTest, EveryTickOfThePanelChangesTheHost) {
         const char* name;
         bool before;
         std::function<bool()> isOn;
-    } ticks[] = {
-        {"configurationSwitch", true, [this] { return host.switches().configurationPresent; }},
-        {"loggedInSwitch", false, [this] { return host.switches().account.loggedIn; }},
-        {"cloudSlowSwitch", false, [this] { return host.switches().cloud.slow; }},
-        {"cloudRefusedSwitch", false, [this] { return host.switches().cloud.refused; }},
-        {"cloudBrokenSwitch", false, [this] { return host.switches().cloud.broken; }},
-        {"managerSwitch", true, [this] { return host.switches().pluginManagerPresent; }},
-        {"plugin4Switch", false, [this] { return host.switches().plugins.value(4); }},
-        {"plugin8Switch", false, [this] { return host.switches().plugins.value(8); }},
-        {"plugin16Switch", false, [this] { return host.switches().plugins.value(16); }}};
+    } ticks[] = {{"configuration", true, [this] { return host.switches().configurationPresent; }},
+                 {"account.loggedIn", false, [this] { return host.switches().account.loggedIn; }},
+                 {"cloud.slow", false, [this] { return host.switches().cloud.slow; }},
+                 {"cloud.refused", false, [this] { return host.switches().cloud.refused; }},
+                 {"cloud.broken", false, [this] { return host.switches().cloud.broken; }},
+                 {"pluginManager", true, [this] { return host.switches().pluginManagerPresent; }},
+                 {"plugins.4", false, [this] { return host.switches().plugins.value(4); }},
+                 {"plugins.8", false, [this] { return host.switches().plugins.value(8); }},
+                 {"plugins.16", false, [this] { return host.switches().plugins.value(16); }}};
     for (const auto& tick : ticks) {
         auto* box = part<QCheckBox>(tick.name);
         for (const bool before : {tick.before, !tick.before}) {
@@ -237,7 +235,7 @@ TEST_F(MainWindowTest, EveryTickOfThePanelChangesTheHost) {
 }
 
 TEST_F(MainWindowTest, TheAccountOfThePanelIsTheHosts) {
-    auto* user = part<QLineEdit>("userSwitch");
+    auto* user = part<QLineEdit>("account.userId");
     EXPECT_EQ(user->text(), host.switches().account.userId);
     user->selectAll();
     QTest::keyClicks(user, QStringLiteral("u27"));
@@ -245,14 +243,14 @@ TEST_F(MainWindowTest, TheAccountOfThePanelIsTheHosts) {
 }
 
 TEST_F(MainWindowTest, ThePanelShowsWhatElseChangesTheHost) {
-    auto* skin = part<QComboBox>("skinSwitch");
+    auto* skin = part<QComboBox>("skin");
     part<QAction>("skinAction")->trigger();
     EXPECT_EQ(Host::instance().skin(), QStringLiteral("dark"));
     EXPECT_EQ(skin->currentText(), QStringLiteral("深色"));
     part<QAction>("skinAction")->trigger();
     EXPECT_EQ(skin->currentText(), QStringLiteral("浅色"));
     Host::instance().setScale(2);
-    EXPECT_EQ(part<QComboBox>("scaleSwitch")->currentText(), QStringLiteral("200 %"));
+    EXPECT_EQ(part<QComboBox>("scale")->currentText(), QStringLiteral("200 %"));
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include <QFileInfo>
 #include <cstdio>
 
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/TemporaryCopy.h"
-#include "workbench/scenario/hostSettings.h"
 
 namespace workbench {
 
@@ -34,7 +34,7 @@ void describe(QCommandLineParser& parser) {
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
          {text("pictures"), text("Keep pictures in this folder."), text("DIR")},
-         {text("skin"), text("light or dark."), text("SKIN")},
+         {text("skin"), hostField("skin").words.join(text(" or ")) + text("."), text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
          {text("watch"), text("Play visibly, at a person's pace.")}});
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
@@ -70,15 +70,17 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
 }
 
 bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& error) {
-    into.skin = parser.value(QStringLiteral("skin"));
-    if (!QStringList{QString(), QStringLiteral("light"), QStringLiteral("dark")}.contains(
-            into.skin))
-        error = QStringLiteral("--skin: must be light or dark");
+    const QString skin = parser.value(QStringLiteral("skin"));
+    const QStringList skins = hostField("skin").words;
+    if (skins.contains(skin))
+        into.host.insert(QStringLiteral("skin"), skin);
+    else if (!skin.isEmpty())
+        error = QStringLiteral("--skin: must be ") + skins.join(QLatin1String(" or "));
     if (!parser.isSet(QStringLiteral("scale"))) return error.isEmpty();
     QString scale = parser.value(QStringLiteral("scale"));
     if (scale.endsWith(QLatin1Char('%'))) scale.chop(1);
-    into.scale = scaleFactor(scale.toDouble());
-    if (into.scale <= 0)
+    into.host.insert(QStringLiteral("scale"), scale.toDouble());
+    if (!hostField("scale").fault(scale.toDouble()).isEmpty())
         error = QStringLiteral("--scale: must be 100 to 300 percent, or a factor from 1 to 3");
     return error.isEmpty();
 }
@@ -101,13 +103,6 @@ bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& err
 }
 
 }  // namespace
-
-QJsonObject CommandLine::hostSettings() const {
-    QJsonObject settings;
-    if (!skin.isEmpty()) settings.insert(QStringLiteral("skin"), skin);
-    if (scale > 0) settings.insert(QStringLiteral("scale"), scale);
-    return settings;
-}
 
 QString sampleInstallation() {
     return firstFolder(WORKBENCH_SOURCE_DIR "/workbench/installation",

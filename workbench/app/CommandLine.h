@@ -15,12 +15,8 @@ struct CommandLine {
     QString installation;  ///< Absolute folder.
     QString journal;       ///< Empty: not written.
     QString pictures;      ///< Empty: not kept.
-    QString skin;          ///< Empty: not given.
-    double scale = 0;      ///< A factor; 0: not given.
+    QJsonObject host;      ///< Skin and scale, where they are given, as a scenario has them.
     bool watch = false;
-
-    /// Skin and scale as a scenario has them.
-    QJsonObject hostSettings() const;
 };
 
 /// Reads the program's arguments.

@@ -8,6 +8,10 @@ class QFormLayout;
 
 namespace workbench {
 
+struct HostSwitch;
+
+/// Shows what the table of switches gives captions to. A widget is named by the switch's key; a
+/// tick of one choice by the key, a dot and the choice's value.
 class HostPanel : public QScrollArea {
     Q_OBJECT
   public:
@@ -17,21 +21,12 @@ class HostPanel : public QScrollArea {
     void refresh();
 
   private:
-    struct Choice {
-        QString text;
-        std::function<bool()> isSet;
-        std::function<void()> set;
-    };
-
+    void add(const HostSwitch& each);
     void addHeading(const QString& text);
-    void addChoices(const QString& caption, const char* objectName, const QVector<Choice>& choices);
-    void addSwitch(const QString& text, const char* objectName, std::function<bool()> isOn,
-                   std::function<void(bool)> set);
-    void addUserId();
-    void addHostSwitches();
-    void addAccountSwitches();
-    void addServiceSwitches();
-    void addLook();
+    void addText(const HostSwitch& each);
+    void addList(const HostSwitch& each);
+    void addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
+                 std::function<void(bool)> set);
     void adaptToScale();
 
     QFormLayout* form;

@@ -174,8 +174,7 @@ void MainWindow::adaptToLook() {
 
 void MainWindow::toggleSkin() {
     Host& host = Host::instance();
-    host.setSkin(host.skin() == QLatin1String("dark") ? QStringLiteral("light")
-                                                      : QStringLiteral("dark"));
+    host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
 }
 
 void MainWindow::newProject(const QString& kind) {

@@ -5,10 +5,10 @@
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/TemporaryCopy.h"
-#include "workbench/scenario/hostSettings.h"
 
 namespace {
 
@@ -66,7 +66,7 @@ int showWindow(const CommandLine& line) {
         line.installation.isEmpty() ? workbench::workingInstallation(error) : line.installation;
     if (error.isEmpty()) error = host.loadInstallation(folder);
     if (!error.isEmpty()) return wrong(error);
-    workbench::applyHostSettings(line.hostSettings(), folder);
+    workbench::applyHostSettings(line.host);
     workbench::MainWindow window;
     window.show();
     return QApplication::exec();

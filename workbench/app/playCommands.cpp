@@ -40,7 +40,7 @@ PlayOptions optionsOf(const CommandLine& line) {
     options.installation = line.installation.isEmpty() ? sampleInstallation() : line.installation;
     options.pictureFolder = line.pictures;
     options.watch = line.watch;
-    options.host = line.hostSettings();
+    options.host = line.host;
     return options;
 }
 

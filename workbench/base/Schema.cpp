@@ -34,6 +34,8 @@ void requireSound(const JsonPlace& place, const Field& field) {
     if (!fault.isEmpty()) place.fail(fault);
 }
 
+}  // namespace
+
 /// Reading a value as what it must be throws where it is not.
 void requireShape(const JsonPlace& place, const Field& field) {
     switch (field.shape) {
@@ -81,8 +83,6 @@ void requireShape(const JsonPlace& place, const Field& field) {
             break;
     }
 }
-
-}  // namespace
 
 Field field(const char* key, Shape shape, bool required) {
     return {QLatin1String(key), shape, required};

@@ -5,7 +5,7 @@
 #include <QJsonArray>
 
 #include "workbench/base/Schema.h"
-#include "workbench/scenario/hostSettings.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/verbs.h"
 
 namespace workbench {

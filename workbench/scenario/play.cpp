@@ -2,10 +2,10 @@
 #include <QEvent>
 
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/Player.h"
 #include "workbench/scenario/TemporaryCopy.h"
-#include "workbench/scenario/hostSettings.h"
 #include "workbench/scenario/judge.h"
 
 namespace workbench {
@@ -22,7 +22,7 @@ class HostScope {
         host.switches().boxesAnswerThemselves = true;
         host.switches().fileDialogPrepared = true;
         for (const QJsonObject& each : {base, settings})
-            applyHostSettings(filledIn(each, folder).toObject(), folder);
+            applyHostSettings(filledIn(each, folder).toObject());
         Journal::instance().clear();
     }
     ~HostScope() { Host::instance().reset(); }

@@ -3,9 +3,9 @@
 #include <QJsonArray>
 #include <QPixmap>
 
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/Stage.h"
 #include "workbench/scenario/hands.h"
-#include "workbench/scenario/hostSettings.h"
 #include "workbench/scenario/journalText.h"
 #include "workbench/scenario/slotCall.h"
 #include "workbench/scenario/targets.h"
@@ -172,8 +172,8 @@ QString targetsFault(const QJsonValue& on) {
                : QString();
 }
 
-Plan host(Stage& stage, const QJsonObject& args) {
-    return Plan::act([&stage, args] { applyHostSettings(args, stage.folder); });
+Plan host(Stage&, const QJsonObject& args) {
+    return Plan::act([args] { applyHostSettings(args); });
 }
 
 }  // namespace

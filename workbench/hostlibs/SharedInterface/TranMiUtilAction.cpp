@@ -9,8 +9,6 @@ TranMiUtilAction* TranMiUtilAction::Instance() {
 
 QString TranMiUtilAction::JudageValue(const QString& key, const QString& fallback) {
     return workbench::journalled("TranMiUtilAction::JudageValue", {key, fallback}, [&] {
-        workbench::Host& host = workbench::Host::instance();
-        return host.switches().transactions.value(
-            key, host.installation().transactions.value(key, fallback));
+        return workbench::Host::instance().switches().transactions.value(key, fallback);
     });
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/journal/Journal.h"
 
 int SharedInterface::firstOpenClose = 0;
@@ -17,7 +18,7 @@ struct Host::Data {
     Installation installation;
     QPointer<QWidget> mainWindow;
     double scale = 1.0;
-    QString skin = QStringLiteral("light");
+    QString skin = lightSkin;
     Receiver receiver;
 };
 
@@ -79,7 +80,9 @@ Installation& Host::installation() {
 QString Host::loadInstallation(const QString& folder) {
     QString error;
     if (!Installation::load(folder, d->installation, error)) return error;
-    d->switches.prodAreaYN = d->installation.prodAreaYN;
+    d->switches.areaConfig.clear();
+    d->switches.transactions.clear();
+    applyHostSettings(d->installation.hostSettings);
     SharedInterface::firstOpenClose = d->installation.firstOpenClose;
     return {};
 }

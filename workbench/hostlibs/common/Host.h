@@ -16,6 +16,10 @@ namespace workbench {
 /// Stands for the main logic where a plug-in's program type is expected.
 constexpr int mainLogic = NoProgram;
 
+/// The skins, by the words that name them everywhere.
+const QLatin1String lightSkin("light");
+const QLatin1String darkSkin("dark");
+
 /// Everything that host operations share. Host libraries read it; the program, the scenario player
 /// and tests set it. `reset` brings it back to a fresh host without installation.
 class WORKBENCH_API Host : public QObject {
@@ -33,7 +37,7 @@ class WORKBENCH_API Host : public QObject {
     QWidget* mainWindow() const;
     void setMainWindow(QWidget* window);
 
-    /// Screen scale, 1.0 to 3.0, and skin, "light" or "dark". Both take effect at once.
+    /// Screen scale, 1.0 to 3.0, and skin, one of the two. Both take effect at once.
     double scale() const;
     void setScale(double scale);
     QString skin() const;

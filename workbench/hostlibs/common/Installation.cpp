@@ -4,11 +4,11 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 #include "workbench/base/FileLock.h"
 #include "workbench/base/JsonReader.h"
 #include "workbench/base/wholeFile.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 
 namespace workbench {
 
@@ -104,10 +104,15 @@ void readModels(const QString& path, Installation& into) {
     }
 }
 
-void readArea(const JsonPlace& area, Installation& into) {
-    area.allowOnly(keys({"prodAreaYN", "configuration"}));
-    into.prodAreaYN = area.member("prodAreaYN").boolean();
-    into.areaConfig = area.member("configuration").textMap();
+void readHostSettings(const JsonPlace& settings, Installation& into) {
+    settings.member("area").allowOnly(keys({"prodAreaYN", "configuration"}));
+    for (const HostSwitch& each : hostSwitches()) {
+        if (each.setting.isEmpty()) continue;
+        JsonPlace place = settings;
+        for (const QString& step : each.setting.split(QLatin1Char('.'))) place = place.member(step);
+        requireShape(place, each.field);
+        into.hostSettings.insert(each.key, place.raw());
+    }
 }
 
 void readSuffixes(const JsonPlace& suffixes, Installation& into) {
@@ -143,7 +148,7 @@ void readSettings(const QString& path, Installation& into) {
     const JsonPlace root(file);
     root.allowOnly(keys({"area", "firstOpenClose", "basicSettings", "systemSettings",
                          "transactions", "suffixes", "groupedTemplates"}));
-    readArea(root.member("area"), into);
+    readHostSettings(root, into);
     into.firstOpenClose = root.member("firstOpenClose").integer();
     const JsonPlace basic = root.member("basicSettings");
     basic.allowOnly(keys({"projectFolder", "others"}));
@@ -151,7 +156,6 @@ void readSettings(const QString& path, Installation& into) {
         basic.member("projectFolder").filePath().replace(placeholder, into.folder);
     into.basicSettings.others = basic.member("others").textMap();
     readSystemSettings(root.member("systemSettings"), into);
-    into.transactions = root.member("transactions").textMap();
     readSuffixes(root.member("suffixes"), into);
     readGroupedTemplates(root.member("groupedTemplates"), into);
 }

@@ -1,6 +1,7 @@
 /// A workbench installation: a folder of readable JSON and real files.
 #pragma once
 
+#include <QJsonObject>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -27,12 +28,10 @@ struct WORKBENCH_API Installation {
     QMap<QString, QList<ProjectSettingSpace::JLTaxTemplateInfo>> groupedTemplates;
     ProjectSettingSpace::BasicSettingsInfo basicSettings;
     ProjectSettingSpace::SysSettingInfo systemSettings;
-    QMap<QString, QString> areaConfig;
-    QMap<QString, QString> transactions;
     QMap<int, QStringList> suffixes;  ///< By kind of project file.
     QStringList history;              ///< Most recent first.
     QStringList unwritten;            ///< Its entries that could not be written to disk yet.
-    bool prodAreaYN = false;
+    QJsonObject hostSettings;         ///< The switches that it sets; see hostSwitches.h.
     int firstOpenClose = 0;
 
     /// Reads an installation folder. Nothing is guessed: a wrong type, a missing key, an unknown

@@ -43,7 +43,7 @@ constexpr Shade shades[] = {
 static_assert(sizeof(shades) / sizeof(*shades) == static_cast<size_t>(Tint::Count));
 
 bool dark() {
-    return Host::instance().skin() == QLatin1String("dark");
+    return Host::instance().skin() == darkSkin;
 }
 
 QImage drawn(const QString& file, const QSize& pixels, Qt::AspectRatioMode mode) {

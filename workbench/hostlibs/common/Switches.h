@@ -52,8 +52,8 @@ struct Switches {
     bool pluginManagerPresent = true;
     bool prodAreaYN = false;
     double openVersion = 1.3;             ///< Features up to this version are open.
-    QMap<QString, QString> areaConfig;    ///< Over the installation's area configuration.
-    QMap<QString, QString> transactions;  ///< Over the installation's transactions.
+    QMap<QString, QString> areaConfig;    ///< As the installation has it, until it is set.
+    QMap<QString, QString> transactions;  ///< Likewise.
     Account account;
     QMap<int, bool> plugins;             ///< Program type → loaded. Not named: not loaded.
     std::optional<int> lastAskedPlugin;  ///< Program type that a load without one means.

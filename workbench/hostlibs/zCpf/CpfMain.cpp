@@ -22,8 +22,6 @@ bool CpfMain::GetOpenVersion(double version) const {
 }
 
 QString CpfMain::GetAreaConfigValue(const QString& key) const {
-    return journalled("CpfMain::GetAreaConfigValue", {key}, [&] {
-        Host& host = Host::instance();
-        return host.switches().areaConfig.value(key, host.installation().areaConfig.value(key));
-    });
+    return journalled("CpfMain::GetAreaConfigValue", {key},
+                      [&] { return Host::instance().switches().areaConfig.value(key); });
 }
