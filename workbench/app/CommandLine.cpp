@@ -34,7 +34,8 @@ void describe(QCommandLineParser& parser) {
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
          {text("pictures"), text("Keep pictures in this folder."), text("DIR")},
-         {text("skin"), hostField("skin").words.join(text(" or ")) + text("."), text("SKIN")},
+         {text("skin"), fieldNamed(hostFields(), "skin").words.join(text(" or ")) + text("."),
+          text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
          {text("watch"), text("Play visibly, at a person's pace.")}});
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
@@ -71,7 +72,7 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
 
 bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& error) {
     const QString skin = parser.value(QStringLiteral("skin"));
-    const QStringList skins = hostField("skin").words;
+    const QStringList skins = fieldNamed(hostFields(), "skin").words;
     if (skins.contains(skin))
         into.host.insert(QStringLiteral("skin"), skin);
     else if (!skin.isEmpty())
@@ -80,7 +81,7 @@ bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& erro
     QString scale = parser.value(QStringLiteral("scale"));
     if (scale.endsWith(QLatin1Char('%'))) scale.chop(1);
     into.host.insert(QStringLiteral("scale"), scale.toDouble());
-    if (!hostField("scale").fault(scale.toDouble()).isEmpty())
+    if (!fieldNamed(hostFields(), "scale").fault(scale.toDouble()).isEmpty())
         error = QStringLiteral("--scale: must be 100 to 300 percent, or a factor from 1 to 3");
     return error.isEmpty();
 }

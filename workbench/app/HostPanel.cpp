@@ -17,15 +17,12 @@ namespace workbench {
 
 namespace {
 
-QString nameOf(const QJsonValue& value) {
-    return value.toVariant().toString();
-}
-
-/// @return the value of a choice as the switch takes it.
-QJsonValue valueOf(const HostSwitch& each, const HostSwitch::Choice& choice) {
-    if (each.field.shape == workbench::Shape::Number) return choice.value.toDouble();
-    if (each.field.shape == workbench::Shape::Truth) return choice.value == nameOf(true);
-    return choice.value;
+/// @return a word of the switch as the value that it stands for.
+QJsonValue valueOf(const HostSwitch& each, int word) {
+    const QString& text = each.field.words.at(word);
+    if (each.field.shape == workbench::Shape::Number) return text.toDouble();
+    if (each.field.shape == workbench::Shape::Truth) return word == 1;
+    return text;
 }
 
 }  // namespace
@@ -57,23 +54,26 @@ void HostPanel::refresh() {
 }
 
 void HostPanel::add(const HostSwitch& each) {
-    if (!each.heading.isEmpty()) addHeading(each.heading);
-    if (!each.get) return;
-    if (each.field.shape == workbench::Shape::Text) return addText(each);
-    if (each.caption.isEmpty()) {
-        for (const auto& [value, caption] : each.choices)
-            addTick(
-                caption, each.key + QLatin1Char('.') + value,
-                [&each, value = value] { return each.get()[value].toBool(); },
-                [&each, value = value](bool on) {
-                    each.set(QJsonObject{{value, on}});
-                });
-        return;
-    }
-    if (each.choices.isEmpty() || each.choices.first().caption.isEmpty())
+    if (!each.access.get) return;
+    if (*each.heading) addHeading(QString::fromUtf8(each.heading));
+    const QString caption = QString::fromUtf8(each.caption);
+    const QStringList captions =
+        QString::fromUtf8(each.captions).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    if (each.field.shape == workbench::Shape::Text) return addText(each, caption);
+    if (captions.isEmpty())
         return addTick(
-            each.caption, each.key, [&each] { return each.get().toBool(); }, each.set);
-    addList(each);
+            caption, each.field.key, [&each] { return each.get().toBool(); },
+            [&each](bool on) { each.set(on); });
+    if (!caption.isEmpty()) return addList(each, caption, captions);
+    for (int i = 0; i < captions.size(); ++i) {
+        const QString& word = each.field.words.at(i);
+        addTick(
+            captions[i], each.field.key + QLatin1Char('.') + word,
+            [&each, word] { return each.get()[word].toBool(); },
+            [&each, word](bool on) {
+                each.set(QJsonObject{{word, on}});
+            });
+    }
 }
 
 void HostPanel::addHeading(const QString& text) {
@@ -82,29 +82,30 @@ void HostPanel::addHeading(const QString& text) {
     form->addRow(heading);
 }
 
-void HostPanel::addText(const HostSwitch& each) {
+void HostPanel::addText(const HostSwitch& each, const QString& caption) {
     auto* line = new QLineEdit;
-    line->setObjectName(each.key);
-    line->setAccessibleName(each.caption);
-    connect(line, &QLineEdit::textEdited, this, each.set);
+    line->setObjectName(each.field.key);
+    line->setAccessibleName(caption);
+    connect(line, &QLineEdit::textEdited, this, [&each](const QString& text) { each.set(text); });
     refreshers.append([line, &each] {
         if (line->text() != each.get().toString()) line->setText(each.get().toString());
     });
-    form->addRow(each.caption, line);
+    form->addRow(caption, line);
 }
 
-void HostPanel::addList(const HostSwitch& each) {
+void HostPanel::addList(const HostSwitch& each, const QString& caption,
+                        const QStringList& captions) {
     auto* box = new QComboBox;
-    box->setObjectName(each.key);
-    box->setAccessibleName(each.caption);
-    for (const auto& choice : each.choices) box->addItem(choice.caption, choice.value);
+    box->setObjectName(each.field.key);
+    box->setAccessibleName(caption);
+    box->addItems(captions);
     connect(box, QOverload<int>::of(&QComboBox::activated), this,
-            [&each](int index) { each.set(valueOf(each, each.choices[index])); });
+            [&each](int index) { each.set(valueOf(each, index)); });
     refreshers.append([box, &each] {
-        const int index = box->findData(nameOf(each.get()));
-        if (index >= 0) box->setCurrentIndex(index);
+        for (int i = 0; i < box->count(); ++i)
+            if (valueOf(each, i) == each.get()) box->setCurrentIndex(i);
     });
-    form->addRow(each.caption, box);
+    form->addRow(caption, box);
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,

@@ -11,7 +11,7 @@ namespace workbench {
 struct HostSwitch;
 
 /// Shows what the table of switches gives captions to. A widget is named by the switch's key; a
-/// tick of one choice by the key, a dot and the choice's value.
+/// tick of one word by the key, a dot and the word.
 class HostPanel : public QScrollArea {
     Q_OBJECT
   public:
@@ -23,8 +23,8 @@ class HostPanel : public QScrollArea {
   private:
     void add(const HostSwitch& each);
     void addHeading(const QString& text);
-    void addText(const HostSwitch& each);
-    void addList(const HostSwitch& each);
+    void addText(const HostSwitch& each, const QString& caption);
+    void addList(const HostSwitch& each, const QString& caption, const QStringList& captions);
     void addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
                  std::function<void(bool)> set);
     void adaptToScale();

@@ -36,46 +36,40 @@ void requireSound(const JsonPlace& place, const Field& field) {
 
 }  // namespace
 
+const Field& fieldNamed(const Fields& fields, const char* key) {
+    return *std::find_if(fields.begin(), fields.end(),
+                         [key](const Field& field) { return field.key == QLatin1String(key); });
+}
+
 /// Reading a value as what it must be throws where it is not.
 void requireShape(const JsonPlace& place, const Field& field) {
     switch (field.shape) {
         case Shape::Text:
-            place.text();
-            break;
+            return void(place.text());
         case Shape::Path:
-            place.filePath();
-            break;
+            return void(place.filePath());
         case Shape::Whole:
-            place.integer();
-            break;
+            return void(place.integer());
         case Shape::Number:
-            requireType(place, QJsonValue::Double, "a number");
-            break;
+            return requireType(place, QJsonValue::Double, "a number");
         case Shape::Truth:
-            place.boolean();
-            break;
+            return void(place.boolean());
         case Shape::Texts:
-            place.texts();
-            break;
+            return void(place.texts());
         case Shape::Array:
-            place.items();
-            break;
+            return void(place.items());
         case Shape::Word:
-            requireWord(place, field);
-            break;
+            return requireWord(place, field);
         case Shape::Words:
             if (!place.raw().isArray()) return requireWord(place, field);
             for (const JsonPlace& item : place.items()) requireWord(item, field);
             break;
         case Shape::TextMap:
-            place.textMap();
-            break;
+            return void(place.textMap());
         case Shape::TruthMap:
-            requireTruths(place);
-            break;
+            return requireTruths(place);
         case Shape::Object:
-            requireFields(place, field.members);
-            break;
+            return requireFields(place, field.members);
         case Shape::Objects:
             for (const JsonPlace& item : place.items()) requireFields(item, field.members);
             break;

@@ -45,6 +45,9 @@ WORKBENCH_API Field word(const char* key, const char* words, bool required = fal
 /// @return the field with a judge of its values. @see Field::fault
 WORKBENCH_API Field sound(Field field, QString (*fault)(const QJsonValue&));
 
+/// @return the field of a key, which must be one.
+WORKBENCH_API const Field& fieldNamed(const Fields& fields, const char* key);
+
 /// Throws JsonError where the value is not of the field's shape.
 WORKBENCH_API void requireShape(const JsonPlace& place, const Field& field);
 /// Throws JsonError for the first member that is unknown, missing or of another shape, or if the

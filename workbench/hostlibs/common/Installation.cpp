@@ -107,11 +107,12 @@ void readModels(const QString& path, Installation& into) {
 void readHostSettings(const JsonPlace& settings, Installation& into) {
     settings.member("area").allowOnly(keys({"prodAreaYN", "configuration"}));
     for (const HostSwitch& each : hostSwitches()) {
-        if (each.setting.isEmpty()) continue;
+        if (!*each.setting) continue;
         JsonPlace place = settings;
-        for (const QString& step : each.setting.split(QLatin1Char('.'))) place = place.member(step);
+        for (const QString& step : QString::fromUtf8(each.setting).split(QLatin1Char('.')))
+            place = place.member(step);
         requireShape(place, each.field);
-        into.hostSettings.insert(each.key, place.raw());
+        into.hostSettings.insert(each.field.key, place.raw());
     }
 }
 

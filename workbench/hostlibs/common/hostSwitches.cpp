@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QJsonArray>
-#include <algorithm>
+#include <type_traits>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
@@ -42,18 +42,8 @@ QString answerFault(const QJsonValue& answer) {
     return QStringLiteral("must be {\"cancel\": true} or have a \"path\" and no \"cancel\"");
 }
 
-Fields answerFields() {
-    return {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
-            field("cloudPath", Shape::Path), field("cancel", Shape::Truth)};
-}
-
 // In the order of ThrowRule::As.
 const char* const thrownWords = "literal QString std::exception other";
-
-Fields throwFields() {
-    return {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
-            word("as", thrownWords, true), field("text", Shape::Text)};
-}
 
 // In the order of the words of "cloud".
 constexpr bool CloudMode::*cloudParts[] = {&CloudMode::slow, &CloudMode::refused,
@@ -61,21 +51,12 @@ constexpr bool CloudMode::*cloudParts[] = {&CloudMode::slow, &CloudMode::refused
 
 // The values of the host as JSON. The words of an enumeration stand in the order of its values.
 
-QJsonValue read(bool value, const Field&) {
-    return value;
-}
-
-QJsonValue read(double value, const Field&) {
-    return value;
-}
-
-QJsonValue read(const QString& value, const Field&) {
-    return value;
-}
-
-template <typename Enumeration>
-auto read(Enumeration value, const Field& field) -> decltype(field.words.at(int(value))) {
-    return field.words.at(int(value));
+template <typename Value>
+QJsonValue read(const Value& value, const Field& field) {
+    if constexpr (std::is_enum_v<Value>)
+        return field.words.at(int(value));
+    else
+        return value;
 }
 
 QJsonValue read(const QMap<int, bool>& map, const Field&) {
@@ -97,18 +78,12 @@ void write(bool& value, const QJsonValue& json, const Field& field) {
     value = json.isBool() ? json.toBool() : json == field.words.value(0);
 }
 
-void write(double& value, const QJsonValue& json, const Field&) {
-    value = json.toDouble();
-}
-
-void write(QString& value, const QJsonValue& json, const Field&) {
-    value = json.toString();
-}
-
-template <typename Enumeration>
-auto write(Enumeration& value, const QJsonValue& json, const Field& field)
-    -> std::enable_if_t<std::is_enum_v<Enumeration>> {
-    value = Enumeration(field.words.indexOf(json.toString()));
+template <typename Value>
+void write(Value& value, const QJsonValue& json, const Field& field) {
+    if constexpr (std::is_enum_v<Value>)
+        value = Value(field.words.indexOf(json.toString()));
+    else
+        value = json.toVariant().value<Value>();
 }
 
 void write(QMap<QString, QString>& map, const QJsonValue& json, const Field&) {
@@ -159,11 +134,7 @@ void write(QVector<ThrowRule>& rules, const QJsonValue& json, const Field&) {
     }
 }
 
-/// How a switch is got from the host and set there.
-struct Access {
-    std::function<QJsonValue(const Field&)> get;
-    std::function<void(const QJsonValue&, const Field&)> set;
-};
+using Access = HostSwitch::Access;
 
 /// @param members the way into the host's switches.
 template <typename... Member>
@@ -177,189 +148,108 @@ template <typename... Member>
 Access at(Member... members) {
     Access access = writing(members...);
     access.get = [=](const Field& field) {
-        return QJsonValue(read((Host::instance().switches().*....*members), field));
+        return read((Host::instance().switches().*....*members), field);
     };
     return access;
 }
 
-Access scale() {
-    return {
-        [](const Field&) { return qRound(Host::instance().scale() * 100); },
-        [](const QJsonValue& json, const Field&) { Host::instance().setScale(scaleFactor(json)); }};
+const Access scale = {
+    [](const Field&) { return qRound(Host::instance().scale() * 100); },
+    [](const QJsonValue& json, const Field&) { Host::instance().setScale(scaleFactor(json)); }};
+
+const Access skin = {
+    [](const Field&) { return Host::instance().skin(); },
+    [](const QJsonValue& json, const Field&) { Host::instance().setSkin(json.toString()); }};
+
+/// Makers of fields, beside those of Schema.h.
+Field offering(Field field, const QStringList& words) {
+    field.words = words;
+    return field;
 }
 
-Access skin() {
-    return {
-        [](const Field&) { return Host::instance().skin(); },
-        [](const QJsonValue& json, const Field&) { Host::instance().setSkin(json.toString()); }};
-}
-
-/// A row as it is written down. Its choices are "value=caption", with "|" between them; where the
-/// values are words, they are the field's.
-struct Row {
-    const char* key;
-    Shape shape;
-    Access access;
-    const char* caption;
-    QString choices;
-    const char* text;
-    const char* heading = "";
-    const char* setting = "";
-    Fields members = {};
-    QString (*fault)(const QJsonValue&) = nullptr;
-};
-
-HostSwitch made(const Row& row) {
-    HostSwitch made;
-    made.key = key(row.key);
-    made.field = {
-        made.key.section(QLatin1Char('.'), -1), row.shape, false, {}, row.members, row.fault};
-    for (const QString& choice : row.choices.split(QLatin1Char('|'), Qt::SkipEmptyParts)) {
-        const QString value = choice.section(QLatin1Char('='), 0, 0);
-        made.choices.append({value, choice.section(QLatin1Char('='), 1)});
-        if (row.shape == Shape::Word || row.shape == Shape::Words) made.field.words.append(value);
-    }
-    if (row.access.get)
-        made.get = [get = row.access.get, field = made.field] { return get(field); };
-    made.set = [set = row.access.set, field = made.field](const QJsonValue& v) { set(v, field); };
-    made.text = QString::fromUtf8(row.text);
-    made.caption = QString::fromUtf8(row.caption);
-    made.heading = QString::fromUtf8(row.heading);
-    made.setting = key(row.setting);
-    return made;
+Field objects(const char* name, const Fields& members) {
+    return {key(name), Shape::Objects, false, {}, members};
 }
 
 /// @return "`a`, `b` or `c`".
 QString listed(const QStringList& words) {
-    QString list = QLatin1Char('`') + words.join(QLatin1String("`, `")) + QLatin1Char('`');
-    const int last = list.lastIndexOf(QLatin1String(", "));
-    return last < 0 ? list : list.replace(last, 2, QLatin1String(" or "));
+    const QString list = words.mid(0, words.size() - 1).join(QLatin1String("`, `"));
+    return QStringLiteral("`%1` or `%2`").arg(list, words.last());
 }
 
 }  // namespace
 
 const QVector<HostSwitch>& hostSwitches() {
-    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
-    static const Row rows[] = {
-        {"firstPage", Shape::Word, at(&Switches::firstPage), "首页插件",
-         text("ready=就绪|busy=忙|absent=不存在"), "", "主程序"},
-        {"prodAreaYN", Shape::Truth, at(&Switches::prodAreaYN), "地区",
-         text("false=四川|true=云南"), "`true`: the Yunnan area", "", "area.prodAreaYN"},
-        {"openVersion", Shape::Number, at(&Switches::openVersion), "开放版本",
-         text("1.3=1.3|1.2=1.2"), "number: features up to this version are open"},
-        {"configuration", Shape::Word, at(&Switches::configurationPresent), "计价配置已加载",
-         text("present|absent"), ": whether the host has a pricing configuration"},
-        {"areaConfig",
-         Shape::TextMap,
-         writing(&Switches::areaConfig),
-         "",
-         {},
-         "object of texts: the area's configuration, key to value",
-         "",
-         "area.configuration"},
-        {"transactions",
-         Shape::TextMap,
-         writing(&Switches::transactions),
-         "",
-         {},
-         "object of texts: the configured transactions, key to value",
-         "",
-         "transactions"},
-        {"account.userId",
-         Shape::Text,
-         at(&Switches::account, &Account::userId),
-         "账号",
-         {},
-         "text: who is logged in, or would be",
-         "云账号与云盘"},
-        {"account.loggedIn",
-         Shape::Truth,
-         at(&Switches::account, &Account::loggedIn),
-         "已登录",
-         {},
-         "`true`: somebody is logged in to the cloud account"},
-        {"account.login", Shape::Word, at(&Switches::account, &Account::login), "登录窗口",
-         text("ask=由我回答|accepted=自动登录|cancelled=自动取消"),
-         ": what the log-in window does"},
-        {"cloud", Shape::Words, at(&Switches::cloud), "",
-         text("slow=云盘应答缓慢|refused=云盘拒绝请求|broken=云盘数据损坏"),
-         ", or an array of them"},
-        {"fileDialog",
-         Shape::Objects,
+    const auto number = [](auto value) { return QString::number(value); };
+    static const QVector<HostSwitch> table = {
+        {word("firstPage", "ready busy absent"), at(&Switches::firstPage), "", "", "首页插件",
+         "就绪|忙|不存在", "主程序"},
+        {offering(field("prodAreaYN", Shape::Truth), {key("false"), key("true")}),
+         at(&Switches::prodAreaYN), "`true`: the Yunnan area", "area.prodAreaYN", "地区",
+         "四川|云南"},
+        {offering(field("openVersion", Shape::Number), {number(1.3), number(1.2)}),
+         at(&Switches::openVersion), "number: features up to this version are open", "", "开放版本",
+         "1.3|1.2"},
+        {word("configuration", "present absent"), at(&Switches::configurationPresent),
+         ": whether the host has a pricing configuration", "", "计价配置已加载"},
+        {field("areaConfig", Shape::TextMap), writing(&Switches::areaConfig),
+         "object of texts, key to value: the configuration of the area", "area.configuration"},
+        {field("transactions", Shape::TextMap), writing(&Switches::transactions),
+         "object of texts, key to value", "transactions"},
+        {field("account.userId", Shape::Text), at(&Switches::account, &Account::userId),
+         "text: whose cloud account it is", "", "账号", "", "云账号与云盘"},
+        {field("account.loggedIn", Shape::Truth), at(&Switches::account, &Account::loggedIn),
+         "`true`: the account is logged in", "", "已登录"},
+        {word("account.login", "ask accepted cancelled"), at(&Switches::account, &Account::login),
+         ": what the log-in window does", "", "登录窗口", "由我回答|自动登录|自动取消"},
+        {offering(field("cloud", Shape::Words), {key("slow"), key("refused"), key("broken")}),
+         at(&Switches::cloud), ", or an array of them", "", "",
+         "云盘应答缓慢|云盘拒绝请求|云盘数据损坏"},
+        {sound(objects("fileDialog",
+                       {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
+                        field("cloudPath", Shape::Path), field("cancel", Shape::Truth)}),
+               answerFault),
          writing(&Switches::fileAnswers),
-         "",
-         {},
          "answers used in turn, `{\"path\", \"place\", \"cloudPath\"}` with at least a path, or "
-         "`{\"cancel\": true}`; after the last: cancel. The folder choice of the Excel import "
-         "takes "
-         "one too. Relative paths start at the installation; `place` is from 0 to 4, of which 3 "
-         "and 4 are the personal and the enterprise cloud disk",
-         "",
-         "",
-         answerFields(),
-         answerFault},
-        {"pluginManager",
-         Shape::Truth,
-         at(&Switches::pluginManagerPresent),
-         "插件管理器可用",
-         {},
-         nullptr,
-         "插件"},
-        {"plugins", Shape::TruthMap, at(&Switches::plugins), "",
-         text("%1=预算插件已加载|%2=结算插件已加载|%3=总承包插件已加载")
-             .arg(BudgetProgram)
-             .arg(SettlementProgram)
-             .arg(ContractingProgram),
-         "program type to whether its plug-in is loaded"},
-        {"throw",
-         Shape::Objects,
+         "`{\"cancel\": true}`; after the last: cancel. The folder choice of the Excel import takes"
+         " one too. Relative paths start at the installation; `place` is from 0 to 4, of which 3 "
+         "and 4 are the personal and the enterprise cloud disk"},
+        {field("pluginManager", Shape::Truth), at(&Switches::pluginManagerPresent), nullptr, "",
+         "插件管理器可用", "", "插件"},
+        {offering(field("plugins", Shape::TruthMap),
+                  {number(BudgetProgram), number(SettlementProgram), number(ContractingProgram)}),
+         at(&Switches::plugins), "program type to whether its plug-in is loaded", "", "",
+         "预算插件已加载|结算插件已加载|总承包插件已加载"},
+        {objects("throw",
+                 {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
+                  word("as", thrownWords, true), field("text", Shape::Text)}),
          writing(&Switches::throws),
-         "",
-         {},
          "list of `{\"call\", \"nth\", \"as\", \"text\"}`: the `nth` call (from 1, the default) of "
-         "the operation throws `as` a %1",
-         "",
-         "",
-         throwFields()},
-        {"skin", Shape::Word, skin(), "皮肤", lightSkin + text("=浅色|") + darkSkin + text("=深色"),
-         "", "外观"},
-        {"scale",
-         Shape::Number,
-         scale(),
-         "缩放",
-         text("100=100 %|125=125 %|150=150 %|200=200 %|300=300 %"),
-         "factor from 1 to 3, or percentage from 100 to 300",
-         "",
-         "",
-         {},
-         scaleFault}};
-    static const QVector<HostSwitch> table = [] {
-        QVector<HostSwitch> table;
-        for (const Row& row : rows) table.append(made(row));
-        return table;
-    }();
+         "the operation throws `as` a %1"},
+        {offering(field("skin", Shape::Word), {lightSkin, darkSkin}), skin, "", "", "皮肤",
+         "浅色|深色", "外观"},
+        {sound(offering(field("scale", Shape::Number),
+                        {number(100), number(125), number(150), number(200), number(300)}),
+               scaleFault),
+         scale, "factor from 1 to 3, or percentage from 100 to 300", "", "缩放",
+         "100 %|125 %|150 %|200 %|300 %"}};
     return table;
-}
-
-const Field& hostField(const char* key) {
-    const auto& table = hostSwitches();
-    return std::find_if(table.begin(), table.end(),
-                        [key](const HostSwitch& each) { return each.key == QLatin1String(key); })
-        ->field;
 }
 
 const Fields& hostFields() {
     static const Fields fields = [] {
         Fields fields;
         for (const HostSwitch& each : hostSwitches()) {
-            if (each.text.isNull()) continue;
-            const QString object = each.key.section(QLatin1Char('.'), 0, -2);
+            if (!each.text) continue;
+            Field field = each.field;
+            const QString object = field.key.section(QLatin1Char('.'), 0, -2);
+            field.key = field.key.section(QLatin1Char('.'), -1);
             if (object.isEmpty())
-                fields.append(each.field);
+                fields.append(field);
             else if (fields.last().key == object)
-                fields.last().members.append(each.field);
+                fields.last().members.append(field);
             else
-                fields.append({object, Shape::Object, false, {}, {each.field}});
+                fields.append({object, Shape::Object, false, {}, {field}});
         }
         return fields;
     }();
@@ -369,7 +259,7 @@ const Fields& hostFields() {
 void applyHostSettings(const QJsonObject& settings) {
     for (const HostSwitch& each : hostSwitches()) {
         QJsonValue value = settings;
-        for (const QString& step : each.key.split(QLatin1Char('.'))) value = value[step];
+        for (const QString& step : each.field.key.split(QLatin1Char('.'))) value = value[step];
         if (!value.isUndefined()) each.set(value);
     }
 }
@@ -377,11 +267,12 @@ void applyHostSettings(const QJsonObject& settings) {
 QStringList hostPageRows() {
     QStringList rows;
     for (const HostSwitch& each : hostSwitches()) {
-        if (each.text.isNull()) continue;
-        QString text = each.text;
+        if (!each.text) continue;
+        const Shape shape = each.field.shape;
+        QString text = QString::fromUtf8(each.text);
         text.replace(QLatin1String("%1"), listed(key(thrownWords).split(QLatin1Char(' '))));
-        if (!each.field.words.isEmpty()) text.prepend(listed(each.field.words));
-        rows.append(QStringLiteral("| `%1` | %2 |").arg(each.key, text));
+        if (shape == Shape::Word || shape == Shape::Words) text.prepend(listed(each.field.words));
+        rows.append(QStringLiteral("| `%1` | %2 |").arg(each.field.key, text));
     }
     return rows;
 }

@@ -11,29 +11,25 @@ namespace workbench {
 
 /// One switch: a row of the table.
 struct HostSwitch {
-    /// A value that the panel offers, and its caption.
-    struct Choice {
-        QString value;
-        QString caption;
-    };
+    /// Key in a scenario's "host", where a dot leads into an object, and kind of value. The words
+    /// are those of an enumeration, else the values that the panel offers.
+    Field field;
+    struct Access {
+        std::function<QJsonValue(const Field&)> get;  ///< None for what the panel does not show.
+        std::function<void(const QJsonValue&, const Field&)> set;
+    } access;
+    const char* text;           ///< For the page; null for a switch of the panel alone.
+    const char* setting = "";   ///< Its place in an installation's settings.json, if it has one.
+    const char* caption = "";   ///< In the panel; empty where each word is a tick of its own.
+    const char* captions = "";  ///< Of the words, with "|" between them.
+    const char* heading = "";   ///< Of the panel's part that begins here.
 
-    QString key;   ///< In a scenario's "host", where a dot leads into an object.
-    Field field;   ///< Kind of value, with the words of an enumeration.
-    QString text;  ///< For the page on scenarios; null for a switch of the panel alone.
-
-    std::function<QJsonValue()> get;             ///< Null for a switch that is not in the panel.
-    std::function<void(const QJsonValue&)> set;  ///< Takes what the field lets through.
-
-    QString caption;          ///< In the panel; empty where each choice is a tick of its own.
-    QVector<Choice> choices;  ///< In the panel, from the top down.
-    QString heading;          ///< Of the panel's part that begins here.
-    QString setting;          ///< Its place in an installation's settings.json; empty for none.
+    QJsonValue get() const { return access.get(field); }
+    void set(const QJsonValue& value) const { access.set(value, field); }
 };
 
 /// @return all switches, in the order of the panel.
 WORKBENCH_API const QVector<HostSwitch>& hostSwitches();
-/// @param key of a row of the table. @return its field.
-WORKBENCH_API const Field& hostField(const char* key);
 
 /// @return the members of a scenario's "host" and of its "host" steps.
 WORKBENCH_API const Fields& hostFields();
