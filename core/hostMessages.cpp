@@ -62,7 +62,8 @@ PluginMessage pageMessage(const QVariantMap& values, int kind) {
     message.body.insert(QLatin1String("GcLx"),
                         values.value(QStringLiteral("TemplateName")).toString());
     if (hasBits(kind, BudgetProgram | estimateBit)) {
-        // No "apptype" here: deliberate.
+        // No "apptype" here: deliberate. The estimate's is the budget's, and would tell the plug-in
+        // the wrong kind.
         message.code = CreateEstimate;
         copy(QLatin1String("GsMb"));
         copy(file);

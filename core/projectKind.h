@@ -22,11 +22,13 @@ enum ProgramType {
 
 /// One kind, and what choosing it sets.
 struct ProjectKind {
-    QString label;       ///< Ribbon label and display name.
-    int programType;     ///< The kind's number.
-    QString appType;     ///< Application type. Budget, estimate and audit share "Kvys".
-    QString appTypeKey;  ///< Lower-case form; null where choosing the kind leaves it unchanged,
-                         ///< which is deliberate: only budget and general contracting rewrite it.
+    QString label;    ///< Ribbon label and display name.
+    int programType;  ///< The kind's number.
+    QString appType;  ///< Application type. Budget, estimate and audit share "Kvys".
+    /// Lower-case form; null where choosing the kind leaves it unchanged, which is deliberate: it
+    /// names the folder of the templates, and only budget and general contracting have one. A kind
+    /// with a key of its own would show none.
+    QString appTypeKey;
 };
 
 /// The kind that the dialog is in. It starts as the budget kind.

@@ -100,7 +100,7 @@ void SlidingStackedWidget::startSlide(QWidget* leaving, QWidget* coming, const Q
     coming->raise();
 
     // Deliberately not `target - offset`: in a vertical slide the coming page starts on the side to
-    // which the leaving page goes.
+    // which the leaving page goes. It would come from the other side.
     const QPoint start(target.x() - offset.x(), target.y() + offset.y());
     auto* animations = new QParallelAnimationGroup(this);
     animations->addAnimation(slide(leaving, pnow, pnow + offset));

@@ -116,7 +116,8 @@ void NewProCfgDialogPrivate::dispatch(QAction* action) {
         } else if (built && chosen->programType == newpro::ContractingProgram) {
             chooseContracting(*chosen);
         } else {
-            // The other kinds share the lists of the kind before them: deliberate, no reload.
+            // The other kinds share the lists of the kind before them: deliberate, no reload. It
+            // would empty them where the configuration has no models for the kind's own type.
             kind.choose(*chosen);
         }
     }
@@ -150,7 +151,8 @@ void NewProCfgDialogPrivate::chooseBudget(const newpro::ProjectKind& budget) {
 }
 
 // Deliberately not the order of the budget kind: here the models are reloaded before the tree is
-// rebuilt, in every area, and the lists are not refreshed.
+// rebuilt, in every area, and the lists are not refreshed. Hosts see the order in what they are
+// asked.
 void NewProCfgDialogPrivate::chooseContracting(const newpro::ProjectKind& contracting) {
     leavePage(newpro::BusinessPage);
     taxRow->setShown(newpro::BusinessPage, false);

@@ -136,7 +136,8 @@ void TemplateProListItem::Form::dressFullCard() {
 void TemplateProListItem::Form::dressPathCard() {
     label->hide();
     label_2->hide();
-    // Deliberately not used: this card keeps the plain font, cursor, types and heights.
+    // The host is asked for the font, and it is deliberately not used: this card keeps the plain
+    // font, cursor, types and heights, and would pass for the full card otherwise.
     TBaseTool::GetDefFont(scaled(titleFontSize), QFont::Normal);
 }
 

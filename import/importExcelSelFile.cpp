@@ -70,7 +70,8 @@ QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
 
 importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
     guarded(source, [this] {
-        // Opened and never closed, deliberately.
+        // Opened and never closed, deliberately: closing names no dialog, and would close the mode
+        // of the new-project dialog, which may still be there and closes it itself.
         InterfaceAdaptation::getInstance()->openMaxDialogMode(580, 420);
         resize(scaled(580), scaled(420));
         SetCaption(QStringLiteral("导入Excel新建"));
@@ -135,7 +136,8 @@ void importExcelSelFile::loadJjms(const QString& appType) {
         m_strAppGc = appType;
         combo->clear();
 
-        // The empty tax mode is deliberate: this list asks for the models of all of them.
+        // The empty tax mode is deliberate: this list asks for the models of all of them, and with
+        // one it would lack those of the others.
         const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
             settings->GetProTaxTemplateInfoList(appType, QStringLiteral(""));
         if (!combo) return;

@@ -138,7 +138,8 @@ void importExcelSelFile::addTiles(QHBoxLayout* row) {
         row->addWidget(m_pZcbTile);
         m_pZcbTile->setObjectName(QStringLiteral("zcbTile"));
         m_pZcbTile->installEventFilter(this);
-        // Deliberately out of reach: this dialog imports budget projects only.
+        // Deliberately out of reach: this dialog imports budget projects only. A click would send
+        // the workbook to the general-contracting plug-in.
         m_pZcbTile->hide();
     }
 }

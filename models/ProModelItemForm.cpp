@@ -213,7 +213,8 @@ zBaseMenu* ProModelItemForm::feeModeMenu(const QStringList& feeModes, zBaseButto
     menu->setFixedWidth(scaled(240));
     for (const QString& mode : feeModes) {
         // Deliberately set here, while the menu is built, and not when the entry is picked: a pick
-        // creates with whatever the field holds by then.
+        // creates with whatever the field holds by then. Set by the pick, "整体计费" would create
+        // with other fees than it does.
         if (mode == newpro::perUnitFee) model.feeMode = mode;
         QAction* action = menu->addAction(feeModeText(mode));
         connect(action, &QAction::triggered, this, [this, menu, create] {
