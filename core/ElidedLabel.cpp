@@ -35,7 +35,8 @@ QString onOneLine(QString text) {
 QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width) {
     // A Chinese character is about two thirds as wide as its line is high; of narrower letters more
     // have to be tried.
-    int tried = qMax(8, 8 + width * 3 / (2 * metrics.height()));
+    constexpr int fewest = 8;
+    int tried = qMax(fewest, fewest + width * 3 / (2 * metrics.height()));
     for (; tried < text.size(); tried *= 2) {
         const QString part = text.left(tried);
         const QString shown = metrics.elidedText(part, Qt::ElideRight, width);

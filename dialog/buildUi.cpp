@@ -58,7 +58,10 @@ void NewProCfgDialogPrivate::buildHeader(QVBoxLayout* column) {
     header->panelLayout()->setContentsMargins(0, 0, 0, 0);
     column->addWidget(header);
 
-    ribbon = new RibbonNavigationBar(1, 1, 1, header);
+    constexpr int style = 1;
+    constexpr int alignment = 1;
+    constexpr int exclusive = 1;
+    ribbon = new RibbonNavigationBar(style, alignment, exclusive, header);
     ribbon->setObjectName(QStringLiteral("ribbon"));
     ribbon->setContentsMargins(scaled(6), 0, scaled(4), scaled(10));
     ribbon->panelLayout()->setSpacing(scaled(5));

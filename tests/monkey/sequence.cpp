@@ -175,14 +175,14 @@ Args check(Dice& dice) {
             {key("is"), true}};
 }
 
-struct Deed {
+struct Action {
     const char* verb;
     int weight;
     Args (*args)(Dice&);
 };
 
-const QVector<Deed>& deeds() {
-    static const QVector<Deed> table = {
+const QVector<Action>& actions() {
+    static const QVector<Action> table = {
         {"open", 24, open},
         {"ribbon", 16, [](Dice& d) { return named(d, "entry", ribbonEntries()); }},
         {"taxMode", 10, [](Dice& d) { return named(d, "entry", taxModes()); }},
@@ -216,9 +216,9 @@ const QVector<Deed>& deeds() {
 
 QJsonObject step(Dice& dice) {
     int total = 0;
-    for (const Deed& deed : deeds()) total += deed.weight;
+    for (const Action& action : actions()) total += action.weight;
     int ticket = dice.below(total);
-    const Deed* drawn = deeds().constData();
+    const Action* drawn = actions().constData();
     while (ticket >= drawn->weight) ticket -= (drawn++)->weight;
     QJsonObject step = drawn->args(dice);
     step.insert(key("do"), key(drawn->verb));
@@ -283,9 +283,9 @@ void follow(Dice& dice, QJsonArray& steps) {
     QJsonArray purpose;
     dice.among(habits())(dice, purpose);
     steps.append(done("open"));
-    for (const QJsonValue& deed : qAsConst(purpose)) {
+    for (const QJsonValue& action : qAsConst(purpose)) {
         if (dice.onceIn(4)) steps.append(step(dice));
-        steps.append(deed);
+        steps.append(action);
     }
 }
 
@@ -317,7 +317,7 @@ QJsonObject sequence(quint32 seed) {
 
 QStringList sequenceVerbs() {
     QStringList verbs;
-    for (const Deed& deed : deeds()) verbs.append(key(deed.verb));
+    for (const Action& action : actions()) verbs.append(key(action.verb));
     return verbs;
 }
 
