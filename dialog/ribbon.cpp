@@ -199,8 +199,9 @@ void NewProCfgDialogPrivate::emphasise(QAction* current) {
 
 bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
     return operateOr(d, false, [&](Parts& parts) {
-        const bool ofTree = parts.templateTree && watched == parts.templateTree;
-        if (ofTree && event->type() == QEvent::Resize) parts.fitTemplateTree();
+        // The type first: a tree that is being deleted still sends events, and is no tree any more.
+        if (event->type() == QEvent::Resize && watched == parts.templateTree)
+            parts.fitTemplateTree();
         // Ribbon entries never react to the keyboard.
         if (watched->objectName() == QLatin1String("curText")) {
             switch (event->type()) {

@@ -197,4 +197,16 @@ TEST_F(Robustness, AParentTakesTheDialogWithIt) {
     EXPECT_EQ(countOf("exception"), 0);
 }
 
+// While it goes, the tree still sends events to the dialog; the sanitizers see whether they are used.
+TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
+    open();
+    delete tree();
+    settle();
+    EXPECT_TRUE(dialog->isVisible());
+    addKindOnMainPage(contractingLabel);
+    pick(contractingLabel);
+    pick(budgetLabel);
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
 }  // namespace
