@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev fonts-noto-cjk)
 test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils)
-lint_packages=(clang-format clang-tidy shellcheck pyflakes3)
+lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev)
 tools_packages=(gcovr python3)
 fuzz_packages=(clang libclang-rt-14-dev)
