@@ -7,6 +7,7 @@
 #include "import/TemplateProListItem.h"
 #include "import/importExcelSelFile.h"
 #include "tests/support/TestSupport.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/Scenario.h"
 
 namespace {
@@ -124,6 +125,13 @@ TEST(InterfacePage, EveryLinkedScenarioCanBeRead) {
         }
     }
     EXPECT_GT(scenarios, 0);
+}
+
+TEST(ScenarioPage, HasTheTableOfTheHostsSwitches) {
+    const QString chapter = contents(docs + QStringLiteral("scenarios.md"))
+                                .section(QStringLiteral("\n### `host`"), 1)
+                                .section(QStringLiteral("\n### "), 0, 0);
+    EXPECT_EQ(captures(chapter, "^(\\| `.*)$"), workbench::hostPageRows());
 }
 
 }  // namespace

@@ -15,18 +15,6 @@
 
 namespace workbench {
 
-namespace {
-
-/// @return a word of the switch as the value that it stands for.
-QJsonValue valueOf(const HostSwitch& each, int word) {
-    const QString& text = each.field.words.at(word);
-    if (each.field.shape == workbench::Shape::Number) return text.toDouble();
-    if (each.field.shape == workbench::Shape::Truth) return word == 1;
-    return text;
-}
-
-}  // namespace
-
 HostPanel::HostPanel(QWidget* parent) : QScrollArea(parent), form(new QFormLayout) {
     auto* content = new QWidget;
     content->setLayout(form);
@@ -98,12 +86,12 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
     auto* box = new QComboBox;
     box->setObjectName(each.field.key);
     box->setAccessibleName(caption);
-    box->addItems(captions);
+    for (int i = 0; i < captions.size(); ++i) box->addItem(captions[i], each.field.words.at(i));
     connect(box, QOverload<int>::of(&QComboBox::activated), this,
-            [&each](int index) { each.set(valueOf(each, index)); });
+            [box, &each](int index) { each.set(box->itemData(index).toString()); });
     refreshers.append([box, &each] {
-        for (int i = 0; i < box->count(); ++i)
-            if (valueOf(each, i) == each.get()) box->setCurrentIndex(i);
+        const int index = box->findData(each.get().toVariant().toString());
+        if (index >= 0) box->setCurrentIndex(index);
     });
     form->addRow(caption, box);
 }

@@ -58,6 +58,10 @@ class WORKBENCH_API JsonPlace {
     [[noreturn]] void fail(const QString& message) const;
     /// Throws when the object has a key beside these.
     void allowOnly(const QStringList& keys) const;
+    /// @param keys separated by blanks.
+    void allowOnly(const char* keys) const {
+        allowOnly(QString::fromLatin1(keys).split(QLatin1Char(' ')));
+    }
     bool has(const char* name) const;
     /// @return a member of the object; a missing one is an error.
     JsonPlace member(const QString& name) const;

@@ -82,6 +82,10 @@ Field field(const char* key, Shape shape, bool required) {
     return {QLatin1String(key), shape, required};
 }
 
+Field needed(const char* key, Shape shape) {
+    return field(key, shape, true);
+}
+
 Field word(const char* key, const char* words, bool required) {
     return {QLatin1String(key), Shape::Word, required,
             QString::fromLatin1(words).split(QLatin1Char(' '))};

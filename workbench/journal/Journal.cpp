@@ -1,19 +1,9 @@
 #include "workbench/journal/Journal.h"
 
-#include <QJsonDocument>
-
 #include "workbench/base/wholeFile.h"
+#include "workbench/journal/toJson.h"
 
 namespace workbench {
-
-namespace {
-
-QByteArray compact(const QJsonValue& value) {
-    const QByteArray inArray = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return inArray.mid(1, inArray.size() - 2);
-}
-
-}  // namespace
 
 Journal::Journal() {
     clock.start();

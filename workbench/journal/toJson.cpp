@@ -1,6 +1,7 @@
 #include "workbench/journal/toJson.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QObject>
 
@@ -42,6 +43,11 @@ QJsonValue toJson(const QVariant& value) {
     const QJsonValue json = QJsonValue::fromVariant(value);
     if (!json.isNull() || value.userType() == QMetaType::QJsonValue) return json;
     return QLatin1String("<") + QLatin1String(value.typeName()) + QLatin1Char('>');
+}
+
+QByteArray compact(const QJsonValue& value) {
+    const QByteArray inArray = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return inArray.mid(1, inArray.size() - 2);
 }
 
 QJsonValue toJson(const QStringList& texts) {

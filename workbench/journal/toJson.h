@@ -16,6 +16,8 @@ namespace workbench {
 ///         lists with their members; null for an invalid value; a text naming the type for a value
 ///         that JSON cannot hold.
 WORKBENCH_API QJsonValue toJson(const QVariant& value);
+/// @return the value in one line of UTF-8.
+WORKBENCH_API QByteArray compact(const QJsonValue& value);
 /// @return an array of the texts.
 WORKBENCH_API QJsonValue toJson(const QStringList& texts);
 /// @return the object's class name; null for no object.

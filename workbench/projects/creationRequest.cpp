@@ -23,34 +23,20 @@ struct Creation {
 };
 
 const QVector<Creation>& creations() {
-    const QString model = QStringLiteral("GcLx");
-    const QString file = QStringLiteral("GcLj");
+    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
+    const QString model = text("GcLx");
+    const QString file = text("GcLj");
     static const QVector<Creation> table = {
-        {95,
-         ofClient,
-         QStringLiteral("m_strProjectType"),
-         {},
-         false,
-         QStringLiteral("按计价模式“%1”新建")},
-        {44, ofClient, {}, QStringLiteral(""), true, QStringLiteral("由模板工程“%2”新建")},
-        {100, BudgetProgram, model, {}, false, QStringLiteral("按“%1”新建预算")},
-        {102, EstimateFile, model, file, false, QStringLiteral("新建概算")},
-        {103, AuditProgram, {}, file, true, QStringLiteral("由工程文件“%2”新建审核")},
-        {104, SettlementProgram, model, file, false, QStringLiteral("新建结算")},
-        {105, ContractingProgram, model, {}, false, QStringLiteral("按“%1”新建总承包")},
-        {107, ofClient, {}, QStringLiteral("path"), true, QStringLiteral("由Excel“%2”导入")},
-        {108,
-         BudgetProgram,
-         {},
-         QStringLiteral("dzb_file"),
-         true,
-         QStringLiteral("由电子招投标数据“%2”导入")},
-        {114,
-         ContractingProgram,
-         {},
-         QStringLiteral("pro_file"),
-         true,
-         QStringLiteral("由工程文件“%2”新建总承包")},
+        {95, ofClient, text("m_strProjectType"), {}, false, text("按计价模式“%1”新建")},
+        {44, ofClient, {}, text(""), true, text("由模板工程“%2”新建")},
+        {100, BudgetProgram, model, {}, false, text("按“%1”新建预算")},
+        {102, EstimateFile, model, file, false, text("新建概算")},
+        {103, AuditProgram, {}, file, true, text("由工程文件“%2”新建审核")},
+        {104, SettlementProgram, model, file, false, text("新建结算")},
+        {105, ContractingProgram, model, {}, false, text("按“%1”新建总承包")},
+        {107, ofClient, {}, text("path"), true, text("由Excel“%2”导入")},
+        {108, BudgetProgram, {}, text("dzb_file"), true, text("由电子招投标数据“%2”导入")},
+        {114, ContractingProgram, {}, text("pro_file"), true, text("由工程文件“%2”新建总承包")},
     };
     return table;
 }

@@ -192,25 +192,21 @@ Plan onDialog(Stage& stage, const QJsonObject& args) {
     return obstacle.isEmpty() ? verb(stage, args) : Plan::giveUp(obstacle);
 }
 
-Field name(const char* key) {
-    return field(key, Shape::Text, true);
-}
-
 }  // namespace
 
 const QVector<Verb>& dialogVerbs() {
     static const QVector<Verb> verbs = {
         {QStringLiteral("open"), {word("dialog", "NewProCfgDialog xzGcLxDialog")}, open},
-        {QStringLiteral("ribbon"), {name("entry")}, onDialog<ribbon>},
-        {QStringLiteral("taxMode"), {name("entry")}, onDialog<taxMode>},
+        {QStringLiteral("ribbon"), {needed("entry")}, onDialog<ribbon>},
+        {QStringLiteral("taxMode"), {needed("entry")}, onDialog<taxMode>},
         {QStringLiteral("model"),
-         {name("name"), word("use", "new double-click menu"), field("mode", Shape::Text)},
+         {needed("name"), word("use", "new double-click menu"), field("mode", Shape::Text)},
          onDialog<model>},
         {QStringLiteral("template"),
-         {name("name"), word("from", "cards tree"), word("use", "new double-click")},
+         {needed("name"), word("from", "cards tree"), word("use", "new double-click")},
          onDialog<useTemplate>},
-        {QStringLiteral("file"), {name("text")}, onDialog<file>},
-        {QStringLiteral("pick"), {name("text")}, onDialog<pick>},
+        {QStringLiteral("file"), {needed("text")}, onDialog<file>},
+        {QStringLiteral("pick"), {needed("text")}, onDialog<pick>},
         {QStringLiteral("browse"), {}, onDialog<browse>},
         {QStringLiteral("create"), {}, onDialog<create>}};
     return verbs;

@@ -2,9 +2,9 @@
 
 #include <QHash>
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include "workbench/journal/Journal.h"
+#include "workbench/journal/toJson.h"
 
 namespace workbench {
 
@@ -24,8 +24,7 @@ QString argsText(const QJsonArray& args) {
 
 QString valueText(const QJsonValue& value) {
     if (value.isUndefined()) return QStringLiteral("nothing");
-    const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(json.mid(1, json.size() - 2));
+    return QString::fromUtf8(compact(value));
 }
 
 QString entryText(const QJsonObject& entry) {

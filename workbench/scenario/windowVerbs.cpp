@@ -149,14 +149,6 @@ Plan close(Stage& stage, const QJsonObject&) {
     return Plan::act([window] { pressClose(window); });
 }
 
-Field needed(const char* key, Shape shape = Shape::Text) {
-    return field(key, shape, true);
-}
-
-Field optional(const char* key, Shape shape = Shape::Text) {
-    return field(key, shape);
-}
-
 QString keyFault(const QJsonValue& keys) {
     return isKey(keys.toString()) ? QString() : QStringLiteral("there is no such key");
 }
@@ -182,14 +174,14 @@ const QVector<Verb>& windowVerbs() {
     static const QVector<Verb> verbs = {
         {QStringLiteral("excel"), {word("choose", "file folder close", true)}, excel},
         {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
-        {QStringLiteral("call"), {needed("slot"), optional("args", Shape::Array)}, call},
-        {QStringLiteral("key"), {sound(needed("key"), keyFault), optional("on")}, key},
+        {QStringLiteral("call"), {needed("slot"), field("args", Shape::Array)}, call},
+        {QStringLiteral("key"), {sound(needed("key"), keyFault), field("on")}, key},
         {QStringLiteral("click"),
-         {sound(needed("on"), targetFault), optional("twice", Shape::Truth)},
+         {sound(needed("on"), targetFault), field("twice", Shape::Truth)},
          click},
         {QStringLiteral("clicks"), {sound(needed("on", Shape::Texts), targetsFault)}, clicks},
         {QStringLiteral("check"),
-         {optional("on"), needed("property"), needed("is", Shape::Anything)},
+         {field("on"), needed("property"), needed("is", Shape::Anything)},
          check},
         {QStringLiteral("picture"), {needed("file", Shape::Path)}, picture},
         {QStringLiteral("close"), {}, close},

@@ -5,6 +5,7 @@
 using workbench::Host;
 using workbench::Installation;
 using workbench::Journal;
+using workbench::toJson;
 
 namespace {
 
@@ -12,22 +13,9 @@ Installation& installation() {
     return Host::instance().installation();
 }
 
-QJsonObject objectOf(const QMap<QString, QString>& map) {
-    QJsonObject object;
-    for (auto it = map.begin(); it != map.end(); ++it) object.insert(it.key(), it.value());
-    return object;
-}
-
-QJsonObject toJson(const ProjectSettingSpace::SysSettingInfo& info) {
-    return {{QStringLiteral("modelName"), info.modelName},
-            {QStringLiteral("estimateTemplate"), info.estimateTemplate},
-            {QStringLiteral("settlementTemplate"), info.settlementTemplate},
-            {QStringLiteral("others"), objectOf(info.others)}};
-}
-
 QJsonObject toJson(const ProjectSettingSpace::BasicSettingsInfo& info) {
     return {{QStringLiteral("projectFolder"), info.projectFolder},
-            {QStringLiteral("others"), objectOf(info.others)}};
+            {QStringLiteral("others"), workbench::toJson(info.others)}};
 }
 
 const auto countOf = [](const auto& records) { return QJsonValue(records.size()); };

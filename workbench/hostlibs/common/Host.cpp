@@ -31,16 +31,9 @@ const char* lasting(const QString& text) {
 }
 
 [[noreturn]] void throwAs(ThrowRule::As type, const QString& text) {
-    switch (type) {
-        case ThrowRule::As::Literal:
-            throw lasting(text);
-        case ThrowRule::As::String:
-            throw text;
-        case ThrowRule::As::Other:
-            throw 1;
-        case ThrowRule::As::StdException:
-            break;
-    }
+    if (type == ThrowRule::As::Literal) throw lasting(text);
+    if (type == ThrowRule::As::String) throw text;
+    if (type == ThrowRule::As::Other) throw 1;
     throw std::runtime_error(text.toStdString());
 }
 

@@ -20,22 +20,14 @@ using ProjectSettingSpace::ProTaxTemplateInfo;
 // Stands in the installation's files for the folder that they lie in, wherever that is.
 const QLatin1String placeholder("{installation}");
 
-QStringList keys(std::initializer_list<const char*> names) {
-    QStringList list;
-    for (const char* name : names) list.append(QLatin1String(name));
-    return list;
-}
-
 QString optionalText(const JsonPlace& object, const char* name) {
     return object.has(name) ? object.member(name).text() : QString();
 }
 
 TaxTemplateInfo modelOf(const JsonPlace& object) {
-    static const QStringList known =
-        keys({"name", "key", "description", "basis", "basisDocument", "carriedText", "feeMode",
-              "alternativeFeeMode", "flag", "leadingBasisDocument", "feeModes", "defaultFeeMode",
-              "normName", "quotaBooks", "specialities", "parameters"});
-    object.allowOnly(known);
+    object.allowOnly(
+        "name key description basis basisDocument carriedText feeMode alternativeFeeMode flag "
+        "leadingBasisDocument feeModes defaultFeeMode normName quotaBooks specialities parameters");
     TaxTemplateInfo model;
     model.name = object.member("name").text();
     model.key = object.member("key").text();
@@ -89,7 +81,7 @@ void readModels(const QString& path, Installation& into) {
         // Models of one name, in other tax modes for example, each keep their record.
         QMultiMap<QString, PricingModelInfo> pricing;
         for (const JsonPlace& entry : root.member(appType).items()) {
-            entry.allowOnly(keys({"taxMode", "models"}));
+            entry.allowOnly("taxMode models");
             ProTaxTemplateInfo mode;
             mode.taxMode = taxModeOf(entry.member("taxMode"));
             for (const JsonPlace& object : entry.member("models").items()) {
@@ -105,7 +97,7 @@ void readModels(const QString& path, Installation& into) {
 }
 
 void readHostSettings(const JsonPlace& settings, Installation& into) {
-    settings.member("area").allowOnly(keys({"prodAreaYN", "configuration"}));
+    settings.member("area").allowOnly("prodAreaYN configuration");
     for (const HostSwitch& each : hostSwitches()) {
         if (!*each.setting) continue;
         JsonPlace place = settings;
@@ -130,14 +122,14 @@ void readGroupedTemplates(const JsonPlace& groups, Installation& into) {
     for (const QString& name : groups.memberNames()) {
         auto& templates = into.groupedTemplates[name];
         for (const JsonPlace& object : groups.member(name).items()) {
-            object.allowOnly(keys({"name", "file"}));
+            object.allowOnly("name file");
             templates.append({object.member("name").text(), object.member("file").filePath()});
         }
     }
 }
 
 void readSystemSettings(const JsonPlace& system, Installation& into) {
-    system.allowOnly(keys({"modelName", "estimateTemplate", "settlementTemplate", "others"}));
+    system.allowOnly("modelName estimateTemplate settlementTemplate others");
     into.systemSettings.modelName = system.member("modelName").text();
     into.systemSettings.estimateTemplate = system.member("estimateTemplate").text();
     into.systemSettings.settlementTemplate = system.member("settlementTemplate").text();
@@ -147,12 +139,12 @@ void readSystemSettings(const JsonPlace& system, Installation& into) {
 void readSettings(const QString& path, Installation& into) {
     const JsonFile file(path);
     const JsonPlace root(file);
-    root.allowOnly(keys({"area", "firstOpenClose", "basicSettings", "systemSettings",
-                         "transactions", "suffixes", "groupedTemplates"}));
+    root.allowOnly(
+        "area firstOpenClose basicSettings systemSettings transactions suffixes groupedTemplates");
     readHostSettings(root, into);
     into.firstOpenClose = root.member("firstOpenClose").integer();
     const JsonPlace basic = root.member("basicSettings");
-    basic.allowOnly(keys({"projectFolder", "others"}));
+    basic.allowOnly("projectFolder others");
     into.basicSettings.projectFolder =
         basic.member("projectFolder").filePath().replace(placeholder, into.folder);
     into.basicSettings.others = basic.member("others").textMap();
@@ -164,7 +156,7 @@ void readSettings(const QString& path, Installation& into) {
 QStringList readHistory(const QString& path, const QString& folder) {
     const JsonFile file(path);
     const JsonPlace root(file);
-    root.allowOnly(keys({"entries"}));
+    root.allowOnly("entries");
     QStringList history = root.member("entries").texts();
     // With the separator, as it is written: a file's own name may hold the placeholder's text.
     return history.replaceInStrings(placeholder + QLatin1Char('/'), folder + QLatin1Char('/'));
@@ -199,13 +191,20 @@ QStringList withAtHead(const QStringList& head, QStringList history) {
     return head + history;
 }
 
-QJsonObject objectOf(const QMap<QString, QString>& map) {
+}  // namespace
+
+QJsonObject toJson(const QMap<QString, QString>& texts) {
     QJsonObject object;
-    for (auto it = map.begin(); it != map.end(); ++it) object.insert(it.key(), it.value());
+    for (auto it = texts.begin(); it != texts.end(); ++it) object.insert(it.key(), it.value());
     return object;
 }
 
-}  // namespace
+QJsonObject toJson(const ProjectSettingSpace::SysSettingInfo& info) {
+    return {{QStringLiteral("modelName"), info.modelName},
+            {QStringLiteral("estimateTemplate"), info.estimateTemplate},
+            {QStringLiteral("settlementTemplate"), info.settlementTemplate},
+            {QStringLiteral("others"), toJson(info.others)}};
+}
 
 bool Installation::load(const QString& folder, Installation& into, QString& error) {
     Installation read;
@@ -243,11 +242,7 @@ QString Installation::addToHistory(const QString& entry) {
 
 QString Installation::saveSystemSettings() {
     const QString path = folder + QLatin1String("/settings.json");
-    const QJsonObject settings{
-        {QStringLiteral("modelName"), systemSettings.modelName},
-        {QStringLiteral("estimateTemplate"), systemSettings.estimateTemplate},
-        {QStringLiteral("settlementTemplate"), systemSettings.settlementTemplate},
-        {QStringLiteral("others"), objectOf(systemSettings.others)}};
+    const QJsonObject settings = toJson(systemSettings);
     return changed(path, [&settings](const QString& path) {
         const JsonFile file(path);
         // Only this object's text is replaced: the rest stays as its writer laid it out.

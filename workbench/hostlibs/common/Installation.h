@@ -49,4 +49,8 @@ struct WORKBENCH_API Installation {
     QString saveSystemSettings();
 };
 
+/// The settings as they stand in settings.json and in the journal.
+QJsonObject toJson(const ProjectSettingSpace::SysSettingInfo& info);
+QJsonObject toJson(const QMap<QString, QString>& texts);
+
 }  // namespace workbench

@@ -16,7 +16,8 @@ QString key(const char* ascii) {
 }
 
 double scaleFactor(const QJsonValue& scale) {
-    return scale.toDouble() >= 100 ? scale.toDouble() / 100 : scale.toDouble();
+    const double number = scale.toVariant().toDouble();
+    return number >= 100 ? number / 100 : number;
 }
 
 QString scaleFault(const QJsonValue& scale) {
@@ -72,10 +73,10 @@ QJsonValue read(const CloudMode& mode, const Field& field) {
     return object;
 }
 
-// And JSON as values of the host. Of two words, the first stands for true.
+// And JSON as values of the host, from the panel in words. Of two, the second stands for true.
 
 void write(bool& value, const QJsonValue& json, const Field& field) {
-    value = json.isBool() ? json.toBool() : json == field.words.value(0);
+    value = json.isBool() ? json.toBool() : json == field.words.value(1);
 }
 
 template <typename Value>
@@ -190,7 +191,7 @@ const QVector<HostSwitch>& hostSwitches() {
         {offering(field("openVersion", Shape::Number), {number(1.3), number(1.2)}),
          at(&Switches::openVersion), "number: features up to this version are open", "", "开放版本",
          "1.3|1.2"},
-        {word("configuration", "present absent"), at(&Switches::configurationPresent),
+        {word("configuration", "absent present"), at(&Switches::configurationPresent),
          ": whether the host has a pricing configuration", "", "计价配置已加载"},
         {field("areaConfig", Shape::TextMap), writing(&Switches::areaConfig),
          "object of texts, key to value: the configuration of the area", "area.configuration"},

@@ -51,15 +51,6 @@ void set(const char* operation, QString& value, const QString& newValue) {
     value = newValue;
 }
 
-/// @return an answer of the cloud service after its time, journalled.
-template <typename Operation>
-QJsonObject cloudCall(const char* name, const QJsonArray& args, Operation&& operation) {
-    return journalled(name, args, [&] {
-        workbench::cloud::waitForAnswer();
-        return operation();
-    });
-}
-
 /// A tree has far too many nodes for a line of the journal: their number stands for them.
 QJsonValue withCountedNodes(const QJsonObject& answer) {
     QJsonObject counted = answer;
@@ -68,15 +59,19 @@ QJsonValue withCountedNodes(const QJsonObject& answer) {
     return counted;
 }
 
+/// @return an answer of the cloud service after its time, journalled.
 template <typename Operation>
-QJsonObject treeCall(const char* name, const QJsonArray& args, Operation&& operation) {
-    return Journal::instance().call(
-        name, args,
-        [&] {
-            workbench::cloud::waitForAnswer();
-            return operation();
-        },
-        withCountedNodes);
+QJsonObject cloudCall(const char* name, const QJsonArray& args, Operation&& operation,
+                      QJsonValue (*json)(const QJsonObject&) = withCountedNodes) {
+    const auto served = [&] {
+        workbench::cloud::waitForAnswer();
+        return operation();
+    };
+    return Journal::instance().call(name, args, served, json);
+}
+
+QJsonValue whole(const QJsonObject& answer) {
+    return answer;
 }
 
 }  // namespace
@@ -133,26 +128,27 @@ void zFileDialog::TbServerMsg(const QString& path) {
 }
 
 QJsonObject zFileDialog::LoadGrypData() {
-    return treeCall("zFileDialog::LoadGrypData", {}, workbench::cloud::personalTree);
+    return cloudCall("zFileDialog::LoadGrypData", {}, workbench::cloud::personalTree);
 }
 
 QJsonObject zFileDialog::LoadQyypData() {
-    return treeCall("zFileDialog::LoadQyypData", {}, workbench::cloud::companyTop);
+    return cloudCall("zFileDialog::LoadQyypData", {}, workbench::cloud::companyTop);
 }
 
 QJsonObject zFileDialog::LoadQyypMlData(const QString& folderId, const QString& enterpriseId) {
-    return treeCall("zFileDialog::LoadQyypMlData", {folderId, enterpriseId},
-                    [&] { return workbench::cloud::companyFolder(folderId, enterpriseId); });
+    return cloudCall("zFileDialog::LoadQyypMlData", {folderId, enterpriseId},
+                     [&] { return workbench::cloud::companyFolder(folderId, enterpriseId); });
 }
 
 QJsonObject zFileDialog::IsExistDownLoadfile(const QString& fileName, const QString& folderPath) {
-    return cloudCall("zFileDialog::IsExistDownLoadfile", {fileName, folderPath},
-                     [&] { return workbench::cloud::localCopy(fileName, folderPath); });
+    return cloudCall(
+        "zFileDialog::IsExistDownLoadfile", {fileName, folderPath},
+        [&] { return workbench::cloud::localCopy(fileName, folderPath); }, whole);
 }
 
 QJsonObject zFileDialog::downLoadYunpanFile(const QString& fileName, const QString& link,
                                             const QString& localPath, const QString& isExist) {
-    return cloudCall("zFileDialog::downLoadYunpanFile", {fileName, link, localPath, isExist}, [&] {
-        return workbench::cloud::download(fileName, link, localPath, isExist);
-    });
+    return cloudCall(
+        "zFileDialog::downLoadYunpanFile", {fileName, link, localPath, isExist},
+        [&] { return workbench::cloud::download(fileName, link, localPath, isExist); }, whole);
 }

@@ -21,63 +21,47 @@ struct Tints {
 
 /// How a kind of button looks. Padding and radius in design pixels.
 struct Face {
-    int type;
-    double padding, height, radius;
+    struct {
+        int type;
+        double padding, height, radius;
+    } body;
     Tints states[StateCount];
 };
 
 constexpr int kPill = -1;  // a checkable button with the checked background
 
 constexpr Face faces[] = {
-    {workbench::PlainType,
-     12,
-     24,
-     4,
+    {{workbench::PlainType, 12, 24, 4},
      {{Tint::Card, Tint::Border, Tint::Text},
       {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
       {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
       {Tint::Selected, Tint::AccentLine, Tint::AccentLine},
       {Tint::Surface, Tint::Divider, Tint::Faint}}},
-    {kPill,
-     14,
-     28,
-     4,
+    {{kPill, 14, 28, 4},
      {{Tint::Card, Tint::Border, Tint::Text},
       {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
       {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
       {Tint::Accent, Tint::Accent, Tint::OnAccent},
       {Tint::Surface, Tint::Divider, Tint::Faint}}},
-    {workbench::DefaultActionType,
-     12,
-     28,
-     4,
+    {{workbench::DefaultActionType, 12, 28, 4},
      {{Tint::Accent, Tint::Accent, Tint::OnAccent},
       {Tint::AccentHover, Tint::AccentHover, Tint::OnAccent},
       {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
       {Tint::Accent, Tint::Accent, Tint::OnAccent},
       {Tint::Divider, Tint::Divider, Tint::Faint}}},
-    {workbench::NewButtonType,
-     10,
-     24,
-     4,
+    {{workbench::NewButtonType, 10, 24, 4},
      {{Tint::None, Tint::AccentLine, Tint::AccentLine},
       {Tint::Accent, Tint::Accent, Tint::OnAccent},
       {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
       {Tint::Accent, Tint::Accent, Tint::OnAccent},
       {Tint::None, Tint::Border, Tint::Faint}}},
-    {workbench::SplitPartType,
-     2,
-     22,
-     3,
+    {{workbench::SplitPartType, 2, 22, 3},
      {{Tint::None, Tint::None, Tint::AccentLine},
       {Tint::Pressed, Tint::None, Tint::AccentLine},
       {Tint::Selected, Tint::None, Tint::AccentLine},
       {Tint::Selected, Tint::None, Tint::AccentLine},
       {Tint::None, Tint::None, Tint::Faint}}},
-    {workbench::RibbonTabType,
-     14,
-     34,
-     6,
+    {{workbench::RibbonTabType, 14, 34, 6},
      {{Tint::None, Tint::None, Tint::Text},
       {Tint::Pressed, Tint::None, Tint::AccentLine},
       {Tint::Selected, Tint::None, Tint::AccentLine},
@@ -88,7 +72,7 @@ constexpr Face faces[] = {
 const Face& faceOf(int type, bool pill) {
     if (pill && type == workbench::PlainType) type = kPill;
     for (const Face& face : faces)
-        if (face.type == type) return face;
+        if (face.body.type == type) return face;
     return faces[0];
 }
 
@@ -172,11 +156,11 @@ void zBaseButton::setControlType(int type) {
 
 QSize zBaseButton::sizeHint() const {
     const Face& face = faceOf(look->type, look->checkedBackground);
-    const int height = qMax(scaled(face.height), fontMetrics().height() + scaled(4));
+    const int height = qMax(scaled(face.body.height), fontMetrics().height() + scaled(4));
     if (layout()) return layout()->totalSizeHint().expandedTo({0, height});
     int width = textWidth(*this, look->type == workbench::RibbonTabType);
     if (!look->icons[0].isEmpty()) width += iconSize().width() + (text().isEmpty() ? 0 : scaled(6));
-    return {width + 2 * scaled(face.padding), qMax(height, iconSize().height() + scaled(4))};
+    return {width + 2 * scaled(face.body.padding), qMax(height, iconSize().height() + scaled(4))};
 }
 
 QSize zBaseButton::minimumSizeHint() const {
@@ -190,7 +174,7 @@ void zBaseButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool own = state == Rest && look->background.isValid();
     workbench::drawBox(painter, rect(), own ? look->background : colour(tints.fill),
-                       colour(tints.border), face.radius);
+                       colour(tints.border), face.body.radius);
     if (look->type == workbench::SplitPartType && menu())
         painter.fillRect(0, scaled(6), qMax(1, scaled(1)), height() - 2 * scaled(6),
                          colour(Tint::Border));
@@ -198,7 +182,7 @@ void zBaseButton::paintEvent(QPaintEvent*) {
     const bool icon = !look->icons[0].isEmpty();
     const int gap = icon && !text().isEmpty() ? scaled(6) : 0;
     const int iconWidth = icon ? iconSize().width() : 0;
-    const int edge = qMin(scaled(face.padding), scaled(2));
+    const int edge = qMin(scaled(face.body.padding), scaled(2));
     const QRect inside = rect().adjusted(edge, 0, -edge, 0);
     const QSize content(qMin(iconWidth + gap + textWidth(*this, false), inside.width()),
                         inside.height());
@@ -226,7 +210,7 @@ void zBaseButton::paintEvent(QPaintEvent*) {
         const int inset = scaled(2);
         const Tint ring = tints.text == Tint::Text ? Tint::AccentLine : tints.text;
         workbench::drawBox(painter, rect().adjusted(inset, inset, -inset, -inset), Qt::transparent,
-                           colour(ring), face.radius);
+                           colour(ring), face.body.radius);
     }
 }
 

@@ -14,20 +14,14 @@ namespace {
 
 constexpr int kTitleHeight = 40;
 
-QString closeName() {
-    return QStringLiteral("closeButton");
-}
-QString titleName() {
-    return QStringLiteral("titleBar");
-}
-QString captionName() {
-    return QStringLiteral("caption");
-}
+const QLatin1String closeName("closeButton");
+const QLatin1String titleName("titleBar");
+const QLatin1String captionName("caption");
 
 class CloseButton : public QAbstractButton {
   public:
     explicit CloseButton(QWidget* parent) : QAbstractButton(parent) {
-        setObjectName(closeName());
+        setObjectName(closeName);
         setAccessibleName(QStringLiteral("关闭"));
         setToolTip(QStringLiteral("关闭"));
         setAttribute(Qt::WA_Hover);
@@ -58,21 +52,21 @@ class CloseButton : public QAbstractButton {
 
 CloseButton* closeButton(const QWidget* dialog) {
     return static_cast<CloseButton*>(
-        dialog->findChild<QAbstractButton*>(closeName(), Qt::FindDirectChildrenOnly));
+        dialog->findChild<QAbstractButton*>(closeName, Qt::FindDirectChildrenOnly));
 }
 
 class TitleBar : public QWidget {
   public:
     explicit TitleBar(QWidget* parent) : QWidget(parent) {
-        setObjectName(titleName());
+        setObjectName(titleName);
         auto* caption = new zBaseLabel(this);
-        caption->setObjectName(captionName());
+        caption->setObjectName(captionName);
         caption->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
     }
 
   protected:
     void resizeEvent(QResizeEvent*) override {
-        findChild<zBaseLabel*>(captionName())
+        findChild<zBaseLabel*>(captionName)
             ->setGeometry(scaled(16), 0, width() - scaled(64), height());
     }
     void paintEvent(QPaintEvent*) override {
@@ -107,7 +101,7 @@ void zTitleModal::SetCaption(const QString& caption) {
 }
 
 void zTitleModal::OnlyClose() {
-    findChild<zBaseLabel*>(captionName())->hide();
+    findChild<zBaseLabel*>(captionName)->hide();
 }
 
 int zTitleModal::ShowModal() {
@@ -116,12 +110,12 @@ int zTitleModal::ShowModal() {
 
 void zTitleModal::resizeEvent(QResizeEvent* event) {
     zBaseModal::resizeEvent(event);
-    findChild<QWidget*>(titleName())->setGeometry(0, 0, width(), scaled(kTitleHeight));
+    findChild<QWidget*>(titleName)->setGeometry(0, 0, width(), scaled(kTitleHeight));
     closeButton(this)->raise();
 }
 
 void zTitleModal::changeEvent(QEvent* event) {
     if (event->type() == QEvent::WindowTitleChange)
-        if (auto* caption = findChild<zBaseLabel*>(captionName())) caption->setText(windowTitle());
+        if (auto* caption = findChild<zBaseLabel*>(captionName)) caption->setText(windowTitle());
     zBaseModal::changeEvent(event);
 }
