@@ -43,7 +43,10 @@ void HostPanel::refresh() {
 
 void HostPanel::add(const HostSwitch& each) {
     if (!each.access.get) return;
-    if (*each.heading) addHeading(QString::fromUtf8(each.heading));
+    if (*each.heading) {
+        headings.append(new QLabel(QString::fromUtf8(each.heading)));
+        form->addRow(headings.last());
+    }
     const QString caption = QString::fromUtf8(each.caption);
     const QStringList captions =
         QString::fromUtf8(each.captions).split(QLatin1Char('|'), Qt::SkipEmptyParts);
@@ -62,12 +65,6 @@ void HostPanel::add(const HostSwitch& each) {
                 each.set(QJsonObject{{word, on}});
             });
     }
-}
-
-void HostPanel::addHeading(const QString& text) {
-    auto* heading = new QLabel(text);
-    headings.append(heading);
-    form->addRow(heading);
 }
 
 void HostPanel::addText(const HostSwitch& each, const QString& caption) {

@@ -22,7 +22,6 @@ class HostPanel : public QScrollArea {
 
   private:
     void add(const HostSwitch& each);
-    void addHeading(const QString& text);
     void addText(const HostSwitch& each, const QString& caption);
     void addList(const HostSwitch& each, const QString& caption, const QStringList& captions);
     void addTick(const QString& caption, const QString& name, std::function<bool()> isOn,

@@ -1,6 +1,6 @@
 #include "SharedInterface.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/projects/ProgramType.h"
 
 using workbench::Host;

@@ -1,6 +1,6 @@
 #include "SharedInterface.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
 
 using workbench::Host;

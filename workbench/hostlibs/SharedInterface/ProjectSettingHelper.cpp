@@ -1,6 +1,6 @@
 #include "SharedInterface.h"
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 
 using workbench::Host;
 using workbench::Installation;
@@ -77,4 +77,15 @@ void ProjectSettingHelper::SetSysSettingInfo(const ProjectSettingSpace::SysSetti
     installation().systemSettings = info;
     const QString error = installation().saveSystemSettings();
     if (!error.isEmpty()) qWarning("%s", qUtf8Printable(error));
+}
+
+TranMiUtilAction* TranMiUtilAction::Instance() {
+    static TranMiUtilAction action;
+    return workbench::accessed("TranMiUtilAction::Instance", &action);
+}
+
+QString TranMiUtilAction::JudageValue(const QString& key, const QString& fallback) {
+    return workbench::journalled("TranMiUtilAction::JudageValue", {key, fallback}, [&] {
+        return Host::instance().switches().transactions.value(key, fallback);
+    });
 }

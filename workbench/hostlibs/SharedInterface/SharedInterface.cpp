@@ -1,7 +1,7 @@
 #include "SharedInterface.h"
 
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/projects/ProjectFile.h"
 #include "workbench/projects/fileKind.h"
 

@@ -162,14 +162,10 @@ const Access skin = {
     [](const Field&) { return Host::instance().skin(); },
     [](const QJsonValue& json, const Field&) { Host::instance().setSkin(json.toString()); }};
 
-/// Makers of fields, beside those of Schema.h.
+/// @return the field with the values that the panel offers for it.
 Field offering(Field field, const QStringList& words) {
     field.words = words;
     return field;
-}
-
-Field objects(const char* name, const Fields& members) {
-    return {key(name), Shape::Objects, false, {}, members};
 }
 
 /// @return "`a`, `b` or `c`".
@@ -206,10 +202,13 @@ const QVector<HostSwitch>& hostSwitches() {
         {offering(field("cloud", Shape::Words), {key("slow"), key("refused"), key("broken")}),
          at(&Switches::cloud), ", or an array of them", "", "",
          "云盘应答缓慢|云盘拒绝请求|云盘数据损坏"},
-        {sound(objects("fileDialog",
-                       {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
-                        field("cloudPath", Shape::Path), field("cancel", Shape::Truth)}),
-               answerFault),
+        {{key("fileDialog"),
+          Shape::Objects,
+          false,
+          {},
+          {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
+           field("cloudPath", Shape::Path), field("cancel", Shape::Truth)},
+          answerFault},
          writing(&Switches::fileAnswers),
          "answers used in turn, `{\"path\", \"place\", \"cloudPath\"}` with at least a path, or "
          "`{\"cancel\": true}`; after the last: cancel. The folder choice of the Excel import takes"
@@ -221,9 +220,12 @@ const QVector<HostSwitch>& hostSwitches() {
                   {number(BudgetProgram), number(SettlementProgram), number(ContractingProgram)}),
          at(&Switches::plugins), "program type to whether its plug-in is loaded", "", "",
          "预算插件已加载|结算插件已加载|总承包插件已加载"},
-        {objects("throw",
-                 {field("call", Shape::Text, true), sound(field("nth", Shape::Whole), countFault),
-                  word("as", thrownWords, true), field("text", Shape::Text)}),
+        {{key("throw"),
+          Shape::Objects,
+          false,
+          {},
+          {needed("call"), sound(field("nth", Shape::Whole), countFault),
+           word("as", thrownWords, true), field("text")}},
          writing(&Switches::throws),
          "list of `{\"call\", \"nth\", \"as\", \"text\"}`: the `nth` call (from 1, the default) of "
          "the operation throws `as` a %1"},

@@ -8,7 +8,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
 
 namespace {

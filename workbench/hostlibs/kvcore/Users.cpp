@@ -1,7 +1,7 @@
 #include "kvcore.h"
 
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 
 const QString GCSZDir = QStringLiteral("/GCSZ/");
 const QString GSMBSuffix = QStringLiteral(".GSMB");

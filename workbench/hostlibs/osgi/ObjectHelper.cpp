@@ -2,7 +2,7 @@
 
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 
 namespace workbench {
 

@@ -1,7 +1,7 @@
 #include "zCpf.h"
 
 #include "workbench/hostlibs/common/Host.h"
-#include "workbench/journal/journalled.h"
+#include "workbench/journal/Journal.h"
 
 using workbench::Host;
 using workbench::journalled;
