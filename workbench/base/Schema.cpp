@@ -23,7 +23,7 @@ void requireTruths(const JsonPlace& map) {
     requireType(map, QJsonValue::Object, "an object");
     for (const QString& key : map.memberNames()) {
         bool whole = false;
-        key.toInt(&whole);
+        (void)key.toInt(&whole);
         if (!whole) map.member(key).fail(QStringLiteral("the key must be a whole number"));
         map.member(key).boolean();
     }

@@ -137,19 +137,33 @@ void write(QVector<ThrowRule>& rules, const QJsonValue& json, const Field&) {
 
 using Access = HostSwitch::Access;
 
-/// @param members the way into the host's switches.
+/// @return what leads to a switch, by its member or by that of a group of switches.
+template <typename Member>
+auto wayTo(Member member) {
+    return [=](Switches & switches) -> auto& {
+        return switches.*member;
+    };
+}
+
+template <typename Group, typename Member>
+auto wayTo(Group group, Member member) {
+    return [=](Switches & switches) -> auto& {
+        return switches.*group.*member;
+    };
+}
+
 template <typename... Member>
 Access writing(Member... members) {
-    return {nullptr, [=](const QJsonValue& json, const Field& field) {
-                write((Host::instance().switches().*....*members), json, field);
+    return {nullptr, [way = wayTo(members...)](const QJsonValue& json, const Field& field) {
+                write(way(Host::instance().switches()), json, field);
             }};
 }
 
 template <typename... Member>
 Access at(Member... members) {
     Access access = writing(members...);
-    access.get = [=](const Field& field) {
-        return read((Host::instance().switches().*....*members), field);
+    access.get = [way = wayTo(members...)](const Field& field) {
+        return read(way(Host::instance().switches()), field);
     };
     return access;
 }
