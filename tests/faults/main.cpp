@@ -5,6 +5,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QProcess>
 #include <QThread>
 #include <algorithm>
@@ -23,6 +24,11 @@
 
 extern "C" Q_DECL_EXPORT const char* __lsan_default_suppressions() {
     return KNOWN_LEAKS;
+}
+
+/// Long stacks of allocations and a large quarantine take a third of the time.
+extern "C" Q_DECL_EXPORT const char* __asan_default_options() {
+    return "malloc_context_size=2:quarantine_size_mb=8";
 }
 #endif
 
@@ -235,6 +241,9 @@ QStringList allFlows() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    // Every case has an installation of its own: on a disk it would mostly be waited for.
+    if (qEnvironmentVariableIsEmpty("TMPDIR") && QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+        qputenv("TMPDIR", "/dev/shm");
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
