@@ -197,7 +197,8 @@ TEST_F(Robustness, AParentTakesTheDialogWithIt) {
     EXPECT_EQ(countOf("exception"), 0);
 }
 
-// While it goes, the tree still sends events to the dialog; the sanitizers see whether they are used.
+// While it goes, the tree still sends events to the dialog; the sanitizers see whether they are
+// used.
 TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
     open();
     delete tree();

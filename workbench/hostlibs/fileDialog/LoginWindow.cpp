@@ -10,8 +10,8 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
-#include "workbench/hostlibs/zBaseControl/Style.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
 
 namespace workbench {
 
