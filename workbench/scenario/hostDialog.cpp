@@ -18,23 +18,15 @@ namespace {
 
 void journalSignals(NewProCfgDialog* dialog) {
     Journal* journal = &Journal::instance();
-    QObject::connect(dialog, &NewProCfgDialog::SignalCreateCJZInt, journal,
-                     [journal](int code, int value) {
-                         journal->signal(QStringLiteral("SignalCreateCJZInt"), {code, value});
-                     });
-    QObject::connect(dialog, &NewProCfgDialog::SignalCreateCJZString, journal,
-                     [journal](int code, const QString& text) {
-                         journal->signal(QStringLiteral("SignalCreateCJZString"), {code, text});
-                     });
-    QObject::connect(dialog, &NewProCfgDialog::SignalCreateMB, journal,
-                     [journal](int type, int code, const QString& path) {
-                         journal->signal(QStringLiteral("SignalCreateMB"), {type, code, path});
-                     });
-    QObject::connect(
-        dialog, &NewProCfgDialog::SignalCreatePro, journal,
-        [journal](int type, int code, const QVariant& map) {
-            journal->signal(QStringLiteral("SignalCreatePro"), {type, code, toJson(map)});
+    const auto record = [dialog, journal](auto signal, const char* name) {
+        QObject::connect(dialog, signal, journal, [journal, name](auto... args) {
+            journal->signal(QLatin1String(name), {toJson(QVariant(args))...});
         });
+    };
+    record(&NewProCfgDialog::SignalCreateCJZInt, "SignalCreateCJZInt");
+    record(&NewProCfgDialog::SignalCreateCJZString, "SignalCreateCJZString");
+    record(&NewProCfgDialog::SignalCreateMB, "SignalCreateMB");
+    record(&NewProCfgDialog::SignalCreatePro, "SignalCreatePro");
 }
 
 }  // namespace

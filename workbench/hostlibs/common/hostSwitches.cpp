@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QJsonArray>
+#include <iterator>
 #include <type_traits>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
@@ -69,7 +70,8 @@ QJsonValue read(const QMap<int, bool>& map, const Field&) {
 
 QJsonValue read(const CloudMode& mode, const Field& field) {
     QJsonObject object;
-    for (int i = 0; i < field.words.size(); ++i) object.insert(field.words[i], mode.*cloudParts[i]);
+    for (int i = 0; i < int(std::size(cloudParts)); ++i)
+        object.insert(field.words.at(i), mode.*cloudParts[i]);
     return object;
 }
 
@@ -103,16 +105,18 @@ void write(QMap<int, bool>& map, const QJsonValue& json, const Field&) {
 void write(CloudMode& mode, const QJsonValue& json, const Field& field) {
     const QStringList set =
         json.isString() ? QStringList(json.toString()) : json.toVariant().toStringList();
-    for (int i = 0; i < field.words.size(); ++i) {
+    for (int i = 0; i < int(std::size(cloudParts)); ++i) {
         bool& part = mode.*cloudParts[i];
-        part = json.isObject() ? json[field.words[i]].toBool(part) : set.contains(field.words[i]);
+        const QString& word = field.words.at(i);
+        part = json.isObject() ? json[word].toBool(part) : set.contains(word);
     }
 }
 
 void write(QVector<FileAnswer>& answers, const QJsonValue& json, const Field&) {
     answers.clear();
     const QDir folder(Host::instance().installation().folder);
-    for (const QJsonValue& value : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& value : array) {
         FileAnswer answer;
         answer.cancel = value[key("cancel")].toBool();
         answer.path = value[key("path")].toString();
@@ -125,7 +129,8 @@ void write(QVector<FileAnswer>& answers, const QJsonValue& json, const Field&) {
 
 void write(QVector<ThrowRule>& rules, const QJsonValue& json, const Field&) {
     rules.clear();
-    for (const QJsonValue& value : json.toArray()) {
+    const QJsonArray array = json.toArray();
+    for (const QJsonValue& value : array) {
         ThrowRule rule;
         rule.call = value[key("call")].toString();
         rule.nth = value[key("nth")].toInt(1);
