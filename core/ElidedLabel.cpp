@@ -72,7 +72,6 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
             roomy ? QRect(0, -metrics.ascent(), 0, metrics.height()) : glyphs(font());
         const int baseLine = area.top() + (area.height() - line.height()) / 2 - line.top();
         QPainter painter(this);
-        painter.setPen(palette().color(foregroundRole()));
         const QString shown = onOneLine(text());
         painter.drawText(area.left(), baseLine,
                          mode == Qt::ElideRight ? elidedAtEnd(metrics, shown, area.width())

@@ -8,7 +8,6 @@
 
 namespace {
 
-using testing_support::entriesOf;
 using testing_support::journalLines;
 using testing_support::Lines;
 using workbench::Journal;

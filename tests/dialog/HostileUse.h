@@ -38,7 +38,8 @@ class HostileUse : public DialogTest {
         dialog->setGcButtonEnable(budgetLabel, true);
         dialog->setGcButtonVisible(budgetLabel, true);
         std::unique_ptr<QWidget> page = std::make_unique<QWidget>();
-        if (dialog->addXjPage({QString(), contractingLabel, 0}, page.get())) page.release();
+        if (dialog->addXjPage({QString(), contractingLabel, 0}, page.get()))
+            (void)page.release();  // it belongs to the dialog now
         page.reset();
         const QMetaObject& meta = NewProCfgDialog::staticMetaObject;
         for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {

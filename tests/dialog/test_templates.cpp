@@ -73,7 +73,7 @@ TEST_F(Templates, FoldersShowWhetherTheyAreOpen) {
     host.addTemplate(QStringLiteral("kvys"), QStringLiteral("末/深.MODX"));
     showTree();
     ASSERT_EQ(tree()->topLevelItemCount(), 3);
-    const auto expected = [this](const char* name, const QImage& shown) {
+    const auto expected = [](const char* name, const QImage& shown) {
         QImage image = shown.copy();
         image.fill(zBaseWidget(nullptr, 10).normalBackColor());
         QPainter painter(&image);

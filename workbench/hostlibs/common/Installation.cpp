@@ -73,6 +73,14 @@ int taxModeOf(const JsonPlace& place) {
     return mode;
 }
 
+/// @return whether the model has a record of its fee modes: each of these is a part of it.
+bool hasPricing(const JsonPlace& model) {
+    const char* const parts[] = {"feeModes",   "defaultFeeMode", "normName",
+                                 "quotaBooks", "specialities",   "parameters"};
+    return std::any_of(std::begin(parts), std::end(parts),
+                       [&](const char* part) { return model.has(part); });
+}
+
 void readModels(const QString& path, Installation& into) {
     const JsonFile file(path);
     const JsonPlace root(file);
@@ -86,9 +94,8 @@ void readModels(const QString& path, Installation& into) {
             mode.taxMode = taxModeOf(entry.member("taxMode"));
             for (const JsonPlace& object : entry.member("models").items()) {
                 mode.models.append(modelOf(object));
-                if (object.has("feeModes") || object.has("defaultFeeMode")) {
+                if (hasPricing(object))
                     pricing.insert(mode.models.constLast().name, pricingOf(object));
-                }
             }
             modes.append(mode);
         }
@@ -242,14 +249,12 @@ QString Installation::addToHistory(const QString& entry) {
 
 QString Installation::saveSystemSettings() {
     const QString path = folder + QLatin1String("/settings.json");
-    const QJsonObject settings = toJson(systemSettings);
-    return changed(path, [&settings](const QString& path) {
+    return changed(path, [this](const QString& path) {
         const JsonFile file(path);
-        // Only this object's text is replaced: the rest stays as its writer laid it out.
-        const JsonFile::Span span = JsonPlace(file).member("systemSettings").span();
-        const QByteArray object =
-            QJsonDocument(settings).toJson().trimmed().replace("\n", "\n    ");
-        return file.text().left(span.begin) + object + file.text().mid(span.end);
+        JsonPlace(file).member("systemSettings");  // who has taken it out meant another file
+        QJsonObject settings = file.root().toObject();
+        settings.insert(QStringLiteral("systemSettings"), toJson(systemSettings));
+        return QJsonDocument(settings).toJson();
     });
 }
 
