@@ -118,9 +118,8 @@ bool isEvent(int operation) {
            name.contains(QLatin1String("eventFilter("));
 }
 
-QVector<Case> casesFor(const QVector<Place>& places, bool quick) {
+QVector<Case> casesFor(const QVector<Place>& places, bool quick, int turn) {
     QVector<Case> cases;
-    int turn = 0;
     for (const Place& place : quick ? firstAndLastOfEach(places) : places) {
         const bool service = isService(place.operation);
         if (quick) {

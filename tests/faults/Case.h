@@ -72,6 +72,7 @@ bool isEvent(int operation);
 
 /// @return the cases for the places of a flow.
 /// @param quick the first and the last of each call only, with the actions taken in turn.
-QVector<Case> casesFor(const QVector<Place>& places, bool quick);
+/// @param turn where the turns begin: flows that share calls shall not share what happens there.
+QVector<Case> casesFor(const QVector<Place>& places, bool quick, int turn);
 
 }  // namespace faults
