@@ -1,4 +1,4 @@
-/// List items that were taken out of their lists.
+/// List items that were taken out of their lists; why stands in docs/measures.md.
 #pragma once
 
 #include <QListWidgetItem>

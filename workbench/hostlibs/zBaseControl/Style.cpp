@@ -72,8 +72,9 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
         return;
     }
     drawBetweenCorners(painter, rect, box, size);
-    // Last, because Qt's fill with wide vector registers leaves the processor in a state in which
-    // text is drawn at half the speed; its drawing of pictures ends that state.
+    // The corners are pictures for their speed, see docs/measures.md. Last, because Qt's fill with
+    // wide vector registers leaves the processor in a state in which text is drawn at half the
+    // speed; its drawing of pictures ends that state.
     const QPixmap corners = cornersOf(box, size);
     const int right = rect.right() + 1 - size;
     const int bottom = rect.bottom() + 1 - size;
