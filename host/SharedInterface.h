@@ -187,6 +187,7 @@ extern NEWPRO_HOST_API const QString GNSJ_XJGC;
 ///         that is none. A cloud path is judged by its suffix.
 NEWPRO_HOST_API int GetProgramTypeByFile(const QString& path);
 
-/// Reports an exception that was caught in a module.
+/// Reports an exception that was caught in a module. All that is handed over lasts for the call
+/// alone.
 NEWPRO_HOST_API void ProcExceptionNew(const std::exception& exception, const char* source, int line,
                                       const char* function);

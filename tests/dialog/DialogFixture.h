@@ -35,6 +35,9 @@ inline const QString contractingLabel = QStringLiteral("总承包工程");
 inline const QString auditLabel = QStringLiteral("审核工程");
 inline const QString excelLabel = QStringLiteral("导入Excel新建");
 inline const QString tenderLabel = QStringLiteral("导入YFJZ新建");
+inline const QString estimateLabel = QStringLiteral("概算工程");
+inline const QString settlementLabel = QStringLiteral("结算工程");
+inline const QString wholeLabel = QStringLiteral("全过程工程");
 inline const char* const taxButtons[] = {"generalTaxButton", "simpleTaxButton", "businessTaxButton",
                                          "templateButton", "budgetButton"};
 

@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -7,7 +8,9 @@
 #include "tests/schemas/mutants.h"
 #include "tests/support/TestSupport.h"
 #include "workbench/hostlibs/common/Installation.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/Scenario.h"
+#include "workbench/scenario/verbs.h"
 
 namespace {
 
@@ -109,6 +112,27 @@ TEST_F(Scenarios, IsRefusedByTheProgramWhereItIsNotAsDescribed) {
         return error;
     };
     EXPECT_GT(compare(schema, reader, QStringLiteral("tests/schemas/everyKey.json")), 500);
+}
+
+/// What the comparison does not see, it cannot compare.
+TEST_F(Scenarios, EveryKeyThatTheProgramKnowsIsCompared) {
+    const QJsonObject every = contents(QStringLiteral("tests/schemas/everyKey.json")).toObject();
+    QMap<QString, QStringList> keysOf;  // by verb
+    for (const QJsonValue& step : every.value(QStringLiteral("steps")).toArray())
+        keysOf[step[QStringLiteral("do")].toString()] += step.toObject().keys();
+    for (const QVector<workbench::Verb>* verbs :
+         {&workbench::dialogVerbs(), &workbench::windowVerbs()}) {
+        for (const workbench::Verb& verb : *verbs) {
+            EXPECT_TRUE(keysOf.contains(verb.name)) << verb.name.toStdString();
+            if (verb.name == QLatin1String("host")) continue;  // has the keys of "host", below
+            for (const workbench::Field& field : verb.fields)
+                EXPECT_TRUE(keysOf[verb.name].contains(field.key))
+                    << verb.name.toStdString() << " " << field.key.toStdString();
+        }
+    }
+    const QJsonObject host = every.value(QStringLiteral("host")).toObject();
+    for (const workbench::Field& field : workbench::hostFields())
+        EXPECT_TRUE(host.contains(field.key)) << field.key.toStdString();
 }
 
 }  // namespace

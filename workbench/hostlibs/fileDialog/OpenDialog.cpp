@@ -105,21 +105,16 @@ void OpenDialog::done(int result) {
 }
 
 /// Takes a step and shows where it led, or why nowhere. The dialog may be gone after it.
-/// @return whether it led somewhere and the dialog is still there.
 template <typename Step>
-bool OpenDialog::go(Step&& step) {
+void OpenDialog::go(Step&& step) {
     const QPointer<OpenDialog> self(this);
     const std::shared_ptr<FileLocation> to = location;
     view->tell(QString());
     const bool arrived = step(*to);
-    if (!self) return false;
-    if (arrived) {
-        view->showListing(to->listing(), to->place());
-    } else {
-        view->markPlace(to->place());
-        view->tell(to->error());
-    }
-    return arrived;
+    if (!self) return;
+    if (arrived) return view->showListing(to->listing(), to->place());
+    view->markPlace(to->place());
+    view->tell(to->error());
 }
 
 void OpenDialog::enter(const QString& name) {

@@ -33,7 +33,7 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
     void connectView();
     void start();
     template <typename Step>
-    bool go(Step&& step);
+    void go(Step&& step);
     void enter(const QString& name);
     void confirm();
     void confirmEmpty();
