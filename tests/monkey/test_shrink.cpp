@@ -36,7 +36,7 @@ TEST(ShrinkTest, MembersAndRulesAreTakenAtAnyDepth) {
         const QJsonValue rules = content[QStringLiteral("host")][QStringLiteral("throw")];
         const QJsonValue step = content[QStringLiteral("steps")].toArray().at(0);
         bool b = false;
-        for (const QJsonValue& rule : rules.toArray())
+        for (const QJsonValue rule : rules.toArray())
             if (rule[QStringLiteral("call")].toString() == QStringLiteral("b")) b = true;
         return b && step[QStringLiteral("throw")].toArray().contains(2);
     };

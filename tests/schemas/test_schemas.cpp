@@ -118,7 +118,7 @@ TEST_F(Scenarios, IsRefusedByTheProgramWhereItIsNotAsDescribed) {
 TEST_F(Scenarios, EveryKeyThatTheProgramKnowsIsCompared) {
     const QJsonObject every = contents(QStringLiteral("tests/schemas/everyKey.json")).toObject();
     QMap<QString, QStringList> keysOf;  // by verb
-    for (const QJsonValue& step : every.value(QStringLiteral("steps")).toArray())
+    for (const QJsonValue step : every.value(QStringLiteral("steps")).toArray())
         keysOf[step[QStringLiteral("do")].toString()] += step.toObject().keys();
     for (const QVector<workbench::Verb>* verbs :
          {&workbench::dialogVerbs(), &workbench::windowVerbs()}) {

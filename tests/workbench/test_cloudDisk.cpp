@@ -274,7 +274,7 @@ TEST_F(CloudDisk, ABrokenServiceSpoilsEveryAnswerInTheSameWayEachTime) {
     EXPECT_EQ(spoilt, zFileDialog::LoadGrypData());
     EXPECT_LT(children(list(spoilt).first()).size(), children(list(whole).first()).size());
     bool nameless = false, typeless = false, childless = false, nodeless = false;
-    for (const QJsonValue& node : children(list(spoilt).first())) {
+    for (const auto& node : children(list(spoilt).first())) {
         const QJsonObject object = node.toObject();
         nodeless |= !node.isObject();
         nameless |= node.isObject() && !object.contains(QStringLiteral("wjjmc"));

@@ -9,7 +9,6 @@
 
 namespace testing_support {
 
-using workbench::Host;
 using workbench::ProjectFile;
 using workbench::ProjectStore;
 

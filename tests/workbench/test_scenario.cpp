@@ -15,8 +15,7 @@ QJsonObject object(const char* json) {
 
 QVector<QJsonObject> objects(const char* json) {
     QVector<QJsonObject> list;
-    for (const QJsonValue& value : QJsonDocument::fromJson(json).array())
-        list.append(value.toObject());
+    for (const auto& value : QJsonDocument::fromJson(json).array()) list.append(value.toObject());
     return list;
 }
 
