@@ -12,6 +12,7 @@
 #include <memory>
 
 #include "SharedInterface.h"
+#include "core/styleCodes.h"
 #include "files/cloudDisk.h"
 #include "files/historyLists.h"
 #include "files/templateScan.h"
@@ -141,14 +142,14 @@ class Rows {
         } else {
             tree.addTopLevelItem(item);
         }
-        auto* row = new zBaseWidget(nullptr, 10);
+        auto* row = new zBaseWidget(nullptr, newpro::TransparentRow);
         auto* layout = new QHBoxLayout(row);
         layout->addWidget(new zBaseLabel(text, row));
         layout->addStretch();
         if (isFile) {
             item->setData(0, Qt::UserRole + 1, data);
             auto* button = new zBaseButton(QStringLiteral("新建"), row);
-            button->setControlType(88);
+            button->setControlType(newpro::NewButton);
             layout->addWidget(button);
         }
         tree.setItemWidget(item, 0, row);

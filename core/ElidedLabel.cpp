@@ -53,7 +53,7 @@ ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* p
 QSize ElidedLabel::sizeHint() const {
     return guardedOr("ElidedLabel", QSize(), [this] {
         const bool ownWidth = sizePolicy().horizontalPolicy() == QSizePolicy::Fixed;
-        // Without measuring the text, which is what makes a list of labels slow.
+        // Without measuring the text, which is what makes a list of labels slow (docs/measures.md).
         return ownWidth ? zBaseLabel::sizeHint() : QSize(0, fontMetrics().height());
     });
 }

@@ -24,7 +24,7 @@ bool CardList::viewportEvent(QEvent* event) {
     return guardedOr("CardList", false, [&] {
         switch (event->type()) {
             // An item view paints everything anew for these, to show which rows are active: a
-            // second paint of all cards each time the dialog opens.
+            // second paint of all cards each time the dialog opens (docs/measures.md).
             case QEvent::WindowActivate:
             case QEvent::WindowDeactivate:
                 // Passing the item view by is the point.

@@ -6,7 +6,7 @@
 namespace newpro {
 
 /// @tparam Stack the stack of pages. Its owner knows its size; asking the pages for theirs would
-///         style and lay out every hidden one before the window can be shown.
+///         style and lay out every hidden one before the window can be shown (docs/measures.md).
 template <typename Stack>
 class FittedStack : public Stack {
   public:

@@ -3,12 +3,20 @@
 
 #include <array>
 
+#include "core/taxMode.h"
 #include "zBaseControl.h"
 
 namespace newpro {
 
 /// The pages of the tax-mode stack. The first three are the tax modes themselves.
-enum TaxPage { GeneralPage, SimplePage, BusinessPage, TemplatePage, ContractingPage, taxPageCount };
+enum TaxPage {
+    GeneralPage = GeneralTax,
+    SimplePage = SimpleTax,
+    BusinessPage = BusinessTax,
+    TemplatePage,
+    ContractingPage,
+    taxPageCount
+};
 
 /// Owns two pieces of state: which button is checked, and which buttons are shown.
 class TaxModeRow : public zBasePanelH {

@@ -73,7 +73,7 @@ void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
     pageStack = new newpro::FittedStack<QStackedWidget>(q);
     pageStack->setObjectName(QStringLiteral("m_StackedWidget"));
     pageStack->setStyleSheet(QStringLiteral("#m_StackedWidget{background: transparent;}"));
-    // Without its pages: otherwise they would get their style with it.
+    // Without its pages: otherwise they would get their style with it (docs/measures.md).
     pageStack->ensurePolished();
     auto* frame = new QVBoxLayout;
     column->addLayout(frame);
@@ -120,7 +120,8 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     const QString indented = QStringLiteral(".QWidget{\n    background-color: transparent;\n}");
     taxPageStack = new newpro::FittedStack<SlidingStackedWidget>(mainPage);
     taxPageStack->setObjectName(QStringLiteral("stackedWidget"));
-    // Before it has pages: each sheet that arrives later styles everything in it once more.
+    // Before it has pages: each sheet that arrives later styles everything in it once more
+    // (docs/measures.md).
     taxPageStack->setStyleSheet(listStyle());
     taxPageStack->ensurePolished();
     taxPageArea = new newpro::TaxPageArea(taxPageStack, mainPage);

@@ -27,9 +27,9 @@ std::optional<QJsonObject> findInCloud(QJsonArray top, const QStringList& names,
 ///         itself; empty where there is no root.
 QJsonArray personalTopLevel(const QJsonObject& personalData);
 
-/// @param fileList entries of the cloud service's file list. @return whether a cloud record names
-/// the
-///         path and no such record holds the user id in one of its other fields.
+/// @param fileList entries of the cloud service's file list.
+/// @return whether a cloud record names the path and no such record holds the user id in one of its
+///         other fields.
 bool belongsToAnother(const QStringList& fileList, const QString& cloudPath, const QString& userId);
 
 /// Finds the file on its disk and downloads it. Failures are told with one message, but for a

@@ -12,7 +12,8 @@ namespace {
 constexpr int mostLinksFollowed = 1000;
 
 bool isTemplateFile(const QString& name) {
-    // The suffix counts in upper case only.
+    // The suffix deliberately counts in upper case only: the tree shows what the host itself wrote.
+    // The cards take any case.
     return name.endsWith(QLatin1String(".MODX"), Qt::CaseSensitive);
 }
 

@@ -86,7 +86,8 @@ void TemplateProListItem::Form::build(QWidget* card) {
     lblDescription = addLine(verticalLayout_2, "lblDescription", QStringLiteral("信息："), card);
     lblPath = addLine(verticalLayout_2, "lblPath", QStringLiteral("路径："), card);
     lblPath->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-    // The placeholders of these two are crossed with what showFile() writes. Leave them so.
+    // The placeholders of these two are deliberately crossed with what showFile() writes: they are
+    // what a card shows whose file was never set.
     label_2 = addLine(verticalLayout_2, "label_2", QStringLiteral("文号："), card);
     label = addLine(verticalLayout_2, "label", QStringLiteral("说明："), card);
     applySizes(card);

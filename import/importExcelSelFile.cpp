@@ -11,6 +11,7 @@
 #include "core/guard.h"
 #include "core/part.h"
 #include "core/scale.h"
+#include "core/taxMode.h"
 #include "fileDialog.h"
 
 namespace {
@@ -28,16 +29,15 @@ const int folderOfWorkbooks = 1;
 const int informationIcon = 1;
 
 const int nameRole = Qt::UserRole;
-const int pathRole = Qt::UserRole + 2;
+const int pathRole = Qt::UserRole + 2;  // the one between them is the host's own
 
 const QLatin1String budgetType("Kvys");
 const QLatin1String contractingType("Kvzcb");
 
 /// Icons of the pricing models by tax mode, in the order in which the modes are listed.
-const std::array<QLatin1String, 3> taxModeIcons = {QLatin1String(":/Image/Home/XiaLaZeng.svg"),
-                                                   QLatin1String(":/Image/Home/XiaLaJian.svg"),
-                                                   QLatin1String(":/Image/Home/XiaLaYing.svg")};
-const int businessTax = 2;
+const std::array<QLatin1String, newpro::taxModeCount> taxModeIcons = {
+    QLatin1String(":/Image/Home/XiaLaZeng.svg"), QLatin1String(":/Image/Home/XiaLaJian.svg"),
+    QLatin1String(":/Image/Home/XiaLaYing.svg")};
 
 void showBackground(zBaseWidget* tile, const QString& icon, bool fill) {
     if (!tile) return;
@@ -136,13 +136,13 @@ void importExcelSelFile::loadJjms(const QString& appType) {
         m_strAppGc = appType;
         combo->clear();
 
-        // The empty tax mode is deliberate: this list asks for the models of all of them, and with
-        // one it would lack those of the others.
+        // The empty tax mode is deliberate: hosts know this question by it. They read the first
+        // argument alone.
         const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
             settings->GetProTaxTemplateInfoList(appType, QStringLiteral(""));
         if (!combo) return;
         for (int mode = 0; mode < int(taxModeIcons.size()); ++mode) {
-            if (mode == businessTax && appType == contractingType) continue;
+            if (mode == newpro::BusinessTax && appType == contractingType) continue;
             for (const auto& entry : entries) {
                 if (entry.taxMode != mode) continue;
                 for (const TaxTemplateInfo& model : entry.models) {

@@ -19,6 +19,8 @@ namespace {
 
 const int importExcelFunction = 11118;
 const int importLogColumn = 2;
+const QLatin1String tenderImported("d");  // the letter that stands in the log for this import
+const int modalAccepted = 0;              // the host's answer of a dialog that was accepted
 
 /// @return the user's choice; nothing when the selection dialog was not accepted.
 std::optional<ExcelChoice> chooseExcelSource() {
@@ -26,7 +28,7 @@ std::optional<ExcelChoice> chooseExcelSource() {
     const QPointer<importExcelSelFile> selection(
         new importExcelSelFile(Communication::GetInstance()->GetMainWindow()));
     const auto cleanup = qScopeGuard([&] { delete selection.data(); });
-    const bool accepted = selection->ShowModal() == 0;
+    const bool accepted = selection->ShowModal() == modalAccepted;
     if (!accepted || !selection) return std::nullopt;
     return ExcelChoice{selection->GetAppGc(), selection->GetImportType(), selection->GetPath(),
                        selection->GetJjms(), selection->GetGcmb()};
@@ -80,7 +82,7 @@ void importTender(CreationDialog& dialog) {
     QString file;
     withEnd([&] { file = chooseTenderFile(window); }, [&] { resetCloudState(file); });
     if (file.isEmpty()) return;
-    SharedInterface::ReplaceFunLog(GNSJ_XJGC, importLogColumn, QStringLiteral("d"));
+    SharedInterface::ReplaceFunLog(GNSJ_XJGC, importLogColumn, tenderImported);
     if (plugins) plugins->notify(QString(), BudgetProgram);
     sendLoaded(plugins, tenderMessage(file));
 }

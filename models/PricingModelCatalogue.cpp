@@ -44,7 +44,8 @@ void PricingModelCatalogue::load(const QString& appType, const Create& create,
             place(entry.models.at(i), list, create);
             if (i == 0) modeFilled(entry.taxMode);
         }
-        // Follows the last entry of a mode, deliberately, and not the rows: the stack counts those.
+        // Follows the last entry of a mode, deliberately, and not the rows, which the stack counts:
+        // whoever reads the property back finds what the configuration said last.
         list->setMinimumHeight(scaled(cardRowHeight) * entry.models.size());
     }
 }

@@ -8,11 +8,9 @@
 #include "SharedInterface.h"
 #include "core/listItemPool.h"
 #include "core/part.h"
+#include "core/taxMode.h"
 
 namespace newpro {
-
-/// Tax modes, as the configuration numbers them; also the page numbers of the tax-mode stack.
-enum TaxMode { GeneralTax = 0, SimpleTax = 1, BusinessTax = 2, taxModeCount = 3 };
 
 /// Fills and clears the three lists. A list that was never built is passed over.
 class PricingModelCatalogue {
@@ -30,8 +28,8 @@ class PricingModelCatalogue {
     /// configuration the lists stay as they are. After an exception the cards placed so far stay.
     /// @param create called with a card's model when the card asks for a project. It may delete
     /// card
-    ///        and list. @param modeFilled called once for each entry of the configuration, after
-    ///        its first card.
+    ///        and list.
+    /// @param modeFilled called once for each entry of the configuration, after its first card.
     void load(const QString& appType, const Create& create, const ModeFilled& modeFilled);
 
     /// Items for the lists' rows; those taken out wait here until they are used again.

@@ -88,7 +88,8 @@ QString included(const QString& file, const QString& name) {
 /// @param used takes the arrows that they need, as "room to room".
 /// @return the lines that have no arrow, with their places.
 Lines offences(const Rooms& rooms, const QString& file, const QString& text, QSet<QString>& used) {
-    static const QRegularExpression include(QStringLiteral("^\\s*#\\s*include\\s*\"([^\"]+)\""));
+    static const QRegularExpression include(
+        QStringLiteral("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]"));
     static const QSet<QString> generated{QStringLiteral("newProDialog_export.h"),
                                          QStringLiteral("places.inc")};
     const QString room = rooms.roomOf(file);
@@ -98,7 +99,9 @@ Lines offences(const Rooms& rooms, const QString& file, const QString& text, QSe
     for (int i = 0; i < lines.size(); ++i) {
         const QString name = include.match(lines[i]).captured(1);
         if (name.isEmpty() || generated.contains(name)) continue;
-        const QString other = rooms.roomOf(included(file, name));
+        const QString target = included(file, name);
+        if (target.isEmpty() && lines[i].contains(QLatin1Char('<'))) continue;  // of a library
+        const QString other = rooms.roomOf(target);
         used.insert(room + QLatin1String(" to ") + other);
         if (!rooms.allows(room, other))
             found.push_back(QStringLiteral("%1:%2: %3 may not include %4")
