@@ -25,7 +25,14 @@ class ListItemPool {
         items.emplace_back(item);
     }
 
+    /// Tells that the lists are cleared to be filled anew.
+    void startFilling() { ++count; }
+    /// @return how often that was. A list may be filled anew while the host is asked for what the
+    ///         next card shows; who finds another number than before has been overtaken, and ends.
+    int filling() const { return count; }
+
   private:
+    int count = 0;
     std::vector<std::unique_ptr<QListWidgetItem>> items;
 };
 

@@ -47,7 +47,9 @@ NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* p
         }
         InitWidgetDisplay();
         GetModelCfgAndInitData();
-        parts.plugins = AppPluginManager::instance();
+        // In a guard of its own: the pages' buttons have to be connected all the same.
+        operate({d, "NewProCfgDialog"},
+                [](Parts& inner) { inner.plugins = AppPluginManager::instance(); });
         initConnect();
         InterfaceAdaptation::getInstance()->openMaxDialogMode(nominalWidth, nominalHeight);
         setWindowTitle(QStringLiteral("新建工程"));
@@ -177,8 +179,9 @@ void NewProCfgDialog::LoadTemplateProInfo() {
 }
 
 void NewProCfgDialog::initGsMbData() {
-    operate(d,
-            [](Parts& parts) { newpro::fillEstimateTemplates(parts.pages.estimate.modelCombo); });
+    operate(d, [](Parts& parts) {
+        newpro::fillEstimateTemplates(parts.pages.estimate.modelCombo.data());
+    });
 }
 
 // History.

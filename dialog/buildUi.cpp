@@ -160,7 +160,11 @@ QWidget* NewProCfgDialog::addZcbXjWid() {
 
 void NewProCfgDialog::InitWidgetDisplay() {
     operate(d, [this](Parts& parts) {
-        if (!parts.taxRow || !parts.taxPageStack || parts.displayInitialised) return;
+        if (!parts.taxRow || parts.displayInitialised) return;
+        if (!parts.taxPageStack) {
+            parts.taxRow->hide();  // it offers nothing without its pages
+            return;
+        }
         parts.displayInitialised = true;
         parts.taxPageStack->setAnimation(QEasingCurve::OutQuint);
         parts.taxPageStack->setSpeed(0);

@@ -88,19 +88,11 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     // The stack owns it; without one the window was not built so far.
     templateTree = new QTreeWidget(taxPageStack.need());
     templateTree->setObjectName(QStringLiteral("templateTree"));
+    // Before the host is asked anything, so that it is a page whatever comes, and before it has its
+    // sheet, which then waits until the page is shown.
+    taxPageStack->addWidget(templateTree);
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
-    // Until the first resize has told the width.
-    templateTree->setColumnWidth(0, scaled(rowWidth));
-    // Before it has its sheet, which then waits until the page is shown.
-    taxPageStack->addWidget(templateTree);
-    const auto dress = [this] {
-        guarded({dialogSource, "addMoBanWidget"},
-                [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
-    };
-    dress();
-    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree.need(),
-                     dress);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
     templateTree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     templateTree->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -114,6 +106,15 @@ void NewProCfgDialogPrivate::createTemplateTree() {
             });
         },
         Qt::DirectConnection);
+    // Until the first resize has told the width.
+    templateTree->setColumnWidth(0, scaled(rowWidth));
+    const auto dress = [this] {
+        guarded({dialogSource, "addMoBanWidget"},
+                [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
+    };
+    dress();
+    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree.need(),
+                     dress);
 }
 
 void NewProCfgDialogPrivate::fitTemplateTree() {
@@ -123,6 +124,7 @@ void NewProCfgDialogPrivate::fitTemplateTree() {
 }
 
 void NewProCfgDialogPrivate::clearTemplateTree() {
+    ++treeFilling;
     if (templateTree) templateTree->clear();
     templateTreeHasFile = false;
 }
@@ -144,19 +146,25 @@ void NewProCfgDialogPrivate::showTemplateButton() {
 
 void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* parent) {
     operate(d, [&](Parts& parts) {
-        newpro::scanTemplateFolder(folder, parent,
-                                   [&parts](const QString& text, QTreeWidgetItem* under,
-                                            bool isFile, const QString& data) {
-                                       return parts.q->addOneRowItem(text, under, isFile, data);
-                                   });
+        const int filling = parts.treeFilling;
+        newpro::scanTemplateFolder(
+            folder, parent,
+            [&](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& data) {
+                QTreeWidgetItem* row = parts.q->addOneRowItem(text, under, isFile, data);
+                // Filled anew while the host was asked: the rows that this scan knows are gone.
+                if (parts.treeFilling != filling) throw newpro::Gone();
+                return row;
+            });
     });
 }
 
 QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
                                                 QString data) {
     const auto addRow = [&](Parts& parts) {
-        QTreeWidget* tree = parts.templateTree.need();
+        const int filling = parts.treeFilling;
         std::unique_ptr<QWidget> row = parts.templateRow(text, isFile, data);
+        if (parts.treeFilling != filling) throw newpro::Gone();
+        QTreeWidget* tree = parts.templateTree.need();
         auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
         if (isFile) {
             item->setData(0, pathRole, data);

@@ -42,14 +42,15 @@ void xzGcLxDialog::CreateUI() {
         if (isCreated) return;
         isCreated = true;
         caption = new zBaseLabel(QStringLiteral("选择工程类型:"), this);
+        // Each is whole before the next is made: an exception there leaves it of use.
         BtnYs = button("BtnYs", QStringLiteral("预算工程"), QStringLiteral("预算工程"), this);
-        BtnZcb = button("BtnZcb", QStringLiteral("总承包工程"), QStringLiteral("总承包工程"), this);
-        BtnGs = button("BtnGs", QStringLiteral("概     算"), QStringLiteral("概算"), this);
-        BtnQx = button("BtnQx", QStringLiteral("取     消"), QStringLiteral("取消"), this);
-        BtnGs->hide();
         connect(BtnYs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnYs_clicked);
+        BtnZcb = button("BtnZcb", QStringLiteral("总承包工程"), QStringLiteral("总承包工程"), this);
         connect(BtnZcb, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnZcb_clicked);
+        BtnGs = button("BtnGs", QStringLiteral("概     算"), QStringLiteral("概算"), this);
+        BtnGs->hide();
         connect(BtnGs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnGs_clicked);
+        BtnQx = button("BtnQx", QStringLiteral("取     消"), QStringLiteral("取消"), this);
         connect(BtnQx, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnQx_clicked);
     });
 }

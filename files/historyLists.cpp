@@ -6,6 +6,7 @@
 
 #include "SharedInterface.h"
 #include "core/guard.h"
+#include "core/part.h"
 #include "files/historyEntry.h"
 
 namespace newpro {
@@ -33,7 +34,7 @@ const QVector<Filter>& filters() {
 
 /// A box to refill, and what it will hold.
 struct Box {
-    QPointer<zBaseCombox> combo;
+    Part<zBaseCombox> combo;
     const QStringList& accepted;
     QStringList paths;
 
@@ -63,14 +64,16 @@ bool addLocal(HistoryEntry& entry, QSet<QString>& seen) {
 }
 
 /// Through the host's own operation, which does more for an entry than Qt's.
-void refill(zBaseCombox* combo, const QStringList& paths) {
+void refill(const Part<zBaseCombox>& combo, const QStringList& paths) {
     const QString text = combo->currentText();
     combo->clear();
     withEnd(
         [&] {
             for (const QString& path : paths) combo->addItem(path, QVariant());
         },
-        [&] { combo->setCurrentText(text); });
+        [&] {
+            if (combo) combo->setCurrentText(text);
+        });
 }
 
 }  // namespace

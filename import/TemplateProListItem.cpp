@@ -65,15 +65,15 @@ struct TemplateProListItem::Form {
     ElidedLabel* label_2 = nullptr;
     ElidedLabel* label = nullptr;
 
-    void build(QWidget* card);
-    void buildTitleRow(QWidget* card);
+    void build(TemplateProListItem* card);
+    void buildTitleRow(TemplateProListItem* card);
     void applySizes(QWidget* card);
     void dressFullCard();
     void dressPathCard();
     void dressForFirstOpening();
 };
 
-void TemplateProListItem::Form::build(QWidget* card) {
+void TemplateProListItem::Form::build(TemplateProListItem* card) {
     card->setObjectName(QStringLiteral("TemplateProListItem"));
     card->setWindowTitle(QStringLiteral("Form"));
     verticalLayout_3 = new QVBoxLayout(card);
@@ -93,7 +93,7 @@ void TemplateProListItem::Form::build(QWidget* card) {
     applySizes(card);
 }
 
-void TemplateProListItem::Form::buildTitleRow(QWidget* card) {
+void TemplateProListItem::Form::buildTitleRow(TemplateProListItem* card) {
     horizontalLayout_2 = new QHBoxLayout;
     horizontalLayout_2->setObjectName(QStringLiteral("horizontalLayout_2"));
     verticalLayout_3->addLayout(horizontalLayout_2);
@@ -102,6 +102,9 @@ void TemplateProListItem::Form::buildTitleRow(QWidget* card) {
     lblTitle->setObjectName(QStringLiteral("lblTitle"));
     lblTitle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     btnNewProject = new zBaseButton(QStringLiteral("新建"), card);
+    // Before anything else can fail: a card that cannot show its file still offers it.
+    QObject::connect(btnNewProject, &QPushButton::clicked, card,
+                     &TemplateProListItem::slotNewProject);
     btnNewProject->setObjectName(QStringLiteral("btnNewProject"));
     btnNewProject->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     horizontalLayout_2->addWidget(lblTitle);
@@ -182,9 +185,6 @@ TemplateProListItem::~TemplateProListItem() = default;
 
 void TemplateProListItem::InitWidgetDisplay() {
     guarded(source, [this] {
-        // Connected before anything can fail: a card that cannot show its file still offers it.
-        connect(ui->btnNewProject, &QPushButton::clicked, this,
-                &TemplateProListItem::slotNewProject, Qt::UniqueConnection);
         ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") +
                                              QFileInfo(m_strFile).completeBaseName());
         if (QFileInfo::exists(m_strFile)) showFile();
@@ -229,5 +229,5 @@ void TemplateProListItem::mouseDoubleClickEvent(QMouseEvent* event) {
     });
     if (!self) return;
     m_bEmitting = false;
-    zBaseWidget::mouseDoubleClickEvent(event);
+    guarded(source, [this, event] { zBaseWidget::mouseDoubleClickEvent(event); });
 }

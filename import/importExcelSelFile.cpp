@@ -20,6 +20,7 @@ using newpro::guarded;
 using newpro::guardedOr;
 using newpro::Part;
 using newpro::scaled;
+using newpro::withEnd;
 
 const char source[] = "importExcelSelFile";
 
@@ -129,11 +130,20 @@ void importExcelSelFile::updateModeSelection(const QString& appType) {
 
 void importExcelSelFile::loadJjms(const QString& appType) {
     guarded(source, [&] {
-        const QPointer<zBaseCombox> combo(m_pJjmsCombo);
-        ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
-        // The dialog goes with its combo box.
+        const Part<zBaseCombox> combo(m_pJjmsCombo);
+        ProjectSettingHelper* settings = nullptr;
+        bool configured = true;
+        withEnd(
+            [&] {
+                settings = ProjectSettingHelper::GetProjectSettingHelper();
+                configured = settings != nullptr;
+            },
+            // The dialog goes with its combo box. Also after an exception: by the application type
+            // the importing plug-in is found.
+            [&] {
+                if (combo && configured) m_strAppGc = appType;
+            });
         if (!combo || !settings) return;
-        m_strAppGc = appType;
         combo->clear();
 
         // The empty tax mode is deliberate: hosts know this question by it. They read the first
@@ -168,24 +178,27 @@ void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget
 
 void importExcelSelFile::loadGcmb(const QString& selectedPath) {
     guarded(source, [&] {
-        if (!m_pGcmbPopup || !m_pGcmbTree) return;
-        m_pGcmbTree->clear();
-        m_pGcmbPopup->setDisplayText(QString());
+        const Part<importExcelSelFile> self(this);
+        const Part<zBaseComboxPopup> popup(m_pGcmbPopup);
+        const Part<QTreeWidget> tree(m_pGcmbTree);
+        if (!popup || !tree) return;
+        tree->clear();
+        popup->setDisplayText(QString());
         ProjectSettingHelper* settings = ProjectSettingHelper::GetProjectSettingHelper();
         if (!settings) return;
         const auto groups = settings->getJiLinMoBanList();
         const QString folder = SharedInterface::GetAppPath() + QLatin1Char('/');
         for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
-            auto* groupItem = new QTreeWidgetItem(m_pGcmbTree, {group.key()});
+            auto* groupItem = new QTreeWidgetItem(tree.need(), {group.key()});
             for (const JLTaxTemplateInfo& record : group.value()) {
                 QTreeWidgetItem* item = addTemplate(groupItem, folder + record.file);
                 if (item->data(0, pathRole).toString() != selectedPath) continue;
-                m_pGcmbTree->setCurrentItem(item);
-                m_pGcmbPopup->setDisplayText(item->data(0, nameRole).toString());
-                m_strGcmb = selectedPath;
+                tree->setCurrentItem(item);
+                self.need()->m_strGcmb = selectedPath;
+                popup->setDisplayText(QFileInfo(selectedPath).completeBaseName());
             }
         }
-        m_pGcmbTree->expandAll();
+        tree->expandAll();
     });
 }
 

@@ -47,18 +47,20 @@ QVBoxLayout* addSection(QVBoxLayout* sections, const QString& title, const QFont
     return section;
 }
 
+/// Asks the host for nothing more once the button is there: it is connected before anything can
+/// fail.
 zBaseButton* sourceButton(const SourceRow& source, const char* name, QWidget* parent) {
     auto* button = new zBaseButton(source.button, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(source.button);
     button->setAccessibleDescription(source.text);
-    button->setFixedSize(scaled(100), scaled(27));
     button->setCursor(Qt::PointingHandCursor);
     button->setAutoDefault(false);
     return button;
 }
 
 void addSourceRow(QVBoxLayout* section, const SourceRow& source, zBaseButton* button) {
+    button->setFixedSize(scaled(100), scaled(27));
     QWidget* parent = button->parentWidget();
     auto* row = new QHBoxLayout;
     section->addLayout(row);

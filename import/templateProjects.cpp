@@ -39,9 +39,11 @@ QString templateFolder(const QString& appTypeKey) {
 
 int fillTemplateList(const Part<QListWidget>& list, const QString& appTypeKey, ListItemPool& items,
                      const std::function<void(const QString& path)>& onCreate) {
+    const int filling = items.filling();
     const QFileInfoList files = templateFiles(templateFolder(appTypeKey));
     for (const QFileInfo& file : files) {
         auto card = std::make_unique<TemplateProListItem>(file.absoluteFilePath());
+        if (items.filling() != filling) throw Gone();
         QObject::connect(card.get(), &TemplateProListItem::signalCreateProByTemaplte, list.need(),
                          [onCreate](const QString& path) {
                              // Copies: the list, and with it this connection, may go.

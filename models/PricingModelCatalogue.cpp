@@ -23,6 +23,7 @@ void clearList(QListWidget* list, ListItemPool& pool) {
 }  // namespace
 
 void PricingModelCatalogue::clear() {
+    pool.startFilling();
     clearList(templates, pool);
     clearList(lists[BusinessTax], pool);
     clearList(lists[SimpleTax], pool);
@@ -31,6 +32,7 @@ void PricingModelCatalogue::clear() {
 
 void PricingModelCatalogue::load(const QString& appType, const Create& create,
                                  const ModeFilled& modeFilled) {
+    const int filling = pool.filling();
     ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
     if (!helper) return;
     // A copy: the host may rebuild its list while the cards ask for their configuration.
@@ -41,7 +43,7 @@ void PricingModelCatalogue::load(const QString& appType, const Create& create,
         const Part<QListWidget> list = lists[size_t(entry.taxMode)];
         if (!list) continue;
         for (int i = 0; i < entry.models.size(); ++i) {
-            place(entry.models.at(i), list, create);
+            place(entry.models.at(i), list, create, filling);
             if (i == 0) modeFilled(entry.taxMode);
         }
         // Follows the last entry of a mode, deliberately, and not the rows, which the stack counts:
@@ -51,9 +53,12 @@ void PricingModelCatalogue::load(const QString& appType, const Create& create,
 }
 
 void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& model,
-                                  const Part<QListWidget>& list, const Create& create) {
+                                  const Part<QListWidget>& list, const Create& create,
+                                  int filling) {
     auto card = std::make_unique<ProModelItemForm>(model, nullptr);
-    // The host was asked for the card's configuration, and may have taken the list away.
+    // The host was asked for the card's configuration, and may have let the user pick another kind,
+    // or have taken the list away.
+    if (pool.filling() != filling) throw Gone();
     QObject::connect(card.get(), &ProModelItemForm::signalNewPro, list.need(), create);
     std::unique_ptr<QListWidgetItem> item = pool.take();
     item->setData(Qt::UserRole, QVariant::fromValue(model));

@@ -37,7 +37,7 @@ class PricingModelCatalogue {
 
   private:
     void place(const ProjectSettingSpace::TaxTemplateInfo& model, const Part<QListWidget>& list,
-               const Create& create);
+               const Create& create, int filling);
 
     ListItemPool pool;
 };

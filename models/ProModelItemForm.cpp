@@ -53,12 +53,22 @@ Layout* nested(QVBoxLayout* outer) {
 }  // namespace
 
 struct ProModelItemForm::Form {
-    explicit Form(QWidget* card)
+    /// @return the card's button, at work whatever goes wrong with the rest of the card.
+    static zBaseButton* newButton(ProModelItemForm* card) {
+        auto* button = new zBaseButton(QStringLiteral("新建"), card);
+        QObject::connect(button, &QAbstractButton::clicked, card, [card] {
+            guarded({source, "ProModelItemForm"},
+                    [card] { Q_EMIT card->signalNewPro(card->model); });
+        });
+        return button;
+    }
+
+    explicit Form(ProModelItemForm* card)
         : verticalLayout(new QVBoxLayout(card)),
           horizontalLayout(nested<QHBoxLayout>(verticalLayout)),
           verticalLayout_2(nested<QVBoxLayout>(verticalLayout)),
           lblTitle(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
-          btnNewProject(new zBaseButton(QStringLiteral("新建"), card)),
+          btnNewProject(newButton(card)),
           lblSource(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)),
           lblDescription(new newpro::ElidedLabel(QString(), Qt::ElideRight, card)) {
         verticalLayout->setObjectName(QStringLiteral("verticalLayout"));
@@ -110,9 +120,6 @@ ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent
         }
         registerModel();
         UpdateDataDisplay();
-        connect(ui->btnNewProject, &QAbstractButton::clicked, this, [this] {
-            guarded({source, "ProModelItemForm"}, [this] { Q_EMIT signalNewPro(this->model); });
-        });
     });
 }
 
@@ -186,24 +193,26 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
     layout->setSpacing(0);
 
     auto* create = new zBaseButton(QStringLiteral("新建"), button);
-    create->setTextAlignment(Qt::AlignRight);
-    create->setControlType(newpro::SplitPart);
-    create->setAutoDefault(false);
-    layout->addWidget(create, 1);
     connect(create, &QAbstractButton::clicked, this, [this, create] {
         guarded({source, "initXjButton"}, [this, create] {
             model.feeMode = model.alternativeFeeMode;
             emitWithout(create);
         });
     });
+    create->setTextAlignment(Qt::AlignRight);
+    create->setControlType(newpro::SplitPart);
+    create->setAutoDefault(false);
+    layout->addWidget(create, 1);
 
+    // The menu first: without one there is nothing to choose by.
+    zBaseMenu* menu = feeModeMenu(feeModes, create, button);
     auto* choose = new zBaseButton(button);
+    choose->setMenu(menu);
     choose->setIcon(QStringLiteral(":/Image/Home/xjXl.svg"));
     choose->setIconAlignment(Qt::AlignCenter);
     choose->setControlType(newpro::SplitPart);
     choose->setAutoDefault(false);
     choose->setAccessibleName(QStringLiteral("选择计费方式"));
-    choose->setMenu(feeModeMenu(feeModes, create, choose));
     layout->addWidget(choose);
 }
 

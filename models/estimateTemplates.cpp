@@ -23,7 +23,7 @@ QString defaultTemplate() {
 
 }  // namespace
 
-void fillEstimateTemplates(zBaseCombox* combo) {
+void fillEstimateTemplates(const Part<zBaseCombox>& combo) {
     if (!combo) return;
     combo->clear();
     const QFileInfoList files = templateFiles();

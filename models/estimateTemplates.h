@@ -1,7 +1,8 @@
 /// The preliminary-estimate templates of the installation.
 #pragma once
 
-class zBaseCombox;
+#include "core/part.h"
+#include "zBaseControl.h"
 
 namespace newpro {
 
@@ -9,6 +10,6 @@ namespace newpro {
 /// name order. The user's default template becomes current, else "通用概算模板", else the combo
 /// box keeps its own current entry.
 /// @param combo null does nothing.
-void fillEstimateTemplates(zBaseCombox* combo);
+void fillEstimateTemplates(const Part<zBaseCombox>& combo);
 
 }  // namespace newpro

@@ -1,9 +1,11 @@
 #include "tests/faults/Action.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QEventLoop>
 #include <QStackedWidget>
 #include <QTimer>
+#include <algorithm>
 
 #include "SharedInterface.h"
 #include "workbench/hostlibs/common/Host.h"
@@ -68,6 +70,23 @@ void runEventLoop() {
     loop.exec();
 }
 
+/// A user who goes to each kind while the host is asked something, and back to where it was.
+void pickKinds(const QWidget* dialog) {
+    if (!dialog->isVisible() || !dialog->isEnabled()) return;
+    QVector<QPointer<QAbstractButton>> entries;
+    for (auto* button : dialog->findChildren<QAbstractButton*>(QStringLiteral("curText"))) {
+        if (button->text().endsWith(QStringLiteral("工程"))) entries.append(button);
+    }
+    const auto isChecked = [](const QPointer<QAbstractButton>& entry) {
+        return entry->isChecked();
+    };
+    const auto current = std::find_if(entries.begin(), entries.end(), isChecked);
+    if (current != entries.end()) entries.append(*current);
+    for (const QPointer<QAbstractButton>& entry : entries) {
+        if (entry) entry->click();
+    }
+}
+
 void openSecondDialog(const Stage& stage) {
     NewProCfgDialog* second =
         workbench::makeHostDialog(stage.setup, *stage.store, stage.mainWindow);
@@ -109,6 +128,9 @@ void act(Action action, Stage& stage) {
             return runEventLoop();
         case Action::OpenSecondDialog:
             return openSecondDialog(stage);
+        case Action::PickKinds:
+            if (stage.dialog) pickKinds(stage.dialog);
+            return;
         case Action::DeleteDialog:
             delete stage.dialog;
             return;

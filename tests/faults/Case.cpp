@@ -12,9 +12,9 @@ namespace {
 constexpr Action throwing[] = {Action::ThrowLiteral, Action::ThrowString, Action::ThrowStdException,
                                Action::ThrowOther};
 constexpr Action answering[] = {
-    Action::AnswerMissing, Action::AnswerRefusing,   Action::AnswerEmpty,  Action::AnswerBroken,
-    Action::RunEventLoop,  Action::OpenSecondDialog, Action::DeleteDialog, Action::DeleteParent,
-    Action::DeleteCards,   Action::DeletePages};
+    Action::AnswerMissing, Action::AnswerRefusing,   Action::AnswerEmpty, Action::AnswerBroken,
+    Action::RunEventLoop,  Action::OpenSecondDialog, Action::PickKinds,   Action::DeleteDialog,
+    Action::DeleteParent,  Action::DeleteCards,      Action::DeletePages};
 
 QString callerOf(const Place& place) {
     return place.site == 0 ? QStringLiteral("Qt") : enclosing(functionAt(place.site));
@@ -61,6 +61,8 @@ QString nameOf(Action action) {
             return QStringLiteral("runs the event loop");
         case Action::OpenSecondDialog:
             return QStringLiteral("opens a second dialog");
+        case Action::PickKinds:
+            return QStringLiteral("lets the user pick each kind");
         case Action::DeleteDialog:
             return QStringLiteral("deletes the dialog");
         case Action::DeleteParent:

@@ -33,6 +33,7 @@ enum class Action {
     // The host does something else before it answers.
     RunEventLoop,
     OpenSecondDialog,
+    PickKinds,
     DeleteDialog,
     DeleteParent,
     DeleteCards,

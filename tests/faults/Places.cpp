@@ -43,6 +43,24 @@ bool calledByModule(int operation, const void* site) {
     return false;
 }
 
+/// Every size goes to the host through one function: it is its caller that tells the place.
+const void* placeOf(int operation, const void* site, const void* const* frame) {
+#ifdef FRAMES_ON_STACK
+    static const int sizes = [] {
+        int found = operationCount() - 1;
+        while (found >= 0 &&
+               nameOf(found) != QLatin1String("InterfaceAdaptation::getResolutionRatioH"))
+            --found;
+        return found;
+    }();
+    if (operation == sizes && frame) return frame[1];
+#else
+    Q_UNUSED(operation)
+    Q_UNUSED(frame)
+#endif
+    return site;
+}
+
 }  // namespace
 
 PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act)
@@ -56,8 +74,9 @@ PlaceWatch::~PlaceWatch() {
     watch = nullptr;
 }
 
-void PlaceWatch::reached(int operation, const void* site) {
-    if (watch->counting && calledByModule(operation, site)) watch->note(operation, site);
+void PlaceWatch::reached(int operation, const void* site, const void* const* frame) {
+    if (watch->counting && calledByModule(operation, site))
+        watch->note(operation, placeOf(operation, site, frame));
 }
 
 void PlaceWatch::note(int operation, const void* site) {

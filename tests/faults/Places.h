@@ -28,7 +28,7 @@ class PlaceWatch {
     const QStringList& stack() const { return frames; }
 
   private:
-    static void reached(int operation, const void* site);
+    static void reached(int operation, const void* site, const void* const* frame);
     void note(int operation, const void* site);
     void fire();
 

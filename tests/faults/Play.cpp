@@ -7,6 +7,7 @@
 
 #include "tests/faults/Action.h"
 #include "tests/faults/Places.h"
+#include "tests/faults/Promises.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -80,6 +81,29 @@ Record recordOf(const QString& ended, const QString& folder) {
     return record;
 }
 
+/// Looks at the module's windows as soon as they have been shown.
+class Looker : public QObject {
+  public:
+    explicit Looker(QStringList& broken) : broken(broken) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && isWindow(watched))
+            QMetaObject::invokeMethod(
+                watched,
+                [&all = broken, watched] { all += brokenPromises(static_cast<QWidget*>(watched)); },
+                Qt::QueuedConnection);
+        return false;
+    }
+
+  private:
+    static bool isWindow(const QObject* object) {
+        return object->inherits("NewProCfgDialog") || object->inherits("xzGcLxDialog") ||
+               object->inherits("importExcelSelFile");
+    }
+
+    QStringList& broken;
+};
+
 /// The host and the stage of one case.
 class Run {
   public:
@@ -106,7 +130,9 @@ class Run {
         const bool fromTheStart = isOpening(flow) || !beginsWithDialog(flow);
         watch.count(fromTheStart);
         stage.opened = nullptr;
+        const auto looker = std::make_unique<Looker>(outcome.broken);
         outcome.faulty = playOnce(flow, [this] { watch.count(true); });
+        if (stage.dialog && !deletes(wanted.action)) outcome.broken += brokenPromises(stage.dialog);
         outcome.dialogLeft = stage.dialog && stage.dialog->isVisible();
         if (outcome.dialogLeft) stage.dialog->grab();
         watch.count(false);

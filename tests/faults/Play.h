@@ -24,6 +24,7 @@ struct Outcome {
     Record faulty;
     bool dialogLeft = false;  ///< The dialog was open after the faulty play, and was used on.
     Record again;             ///< The second try, without a fault.
+    QStringList broken;       ///< Promises that its windows did not keep after the fault.
     QStringList warnings;     ///< Of Qt, from both.
     QStringList strays;       ///< Widgets that are left when all is over, by class.
 };

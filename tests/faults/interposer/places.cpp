@@ -15,8 +15,8 @@ constexpr int foundCount = int(sizeof found / sizeof *found);
 const char* const ofFirstPage[] = {"_ZN15FirstPagePlugin11canStartNewEb",
                                    "_ZN15FirstPagePlugin9showLoginERK11QJsonObject"};
 
-void reached(int operation, const void* site) {
-    if (current) current(operation, site);
+void reached(int operation, const void* site, const void* const* frame = nullptr) {
+    if (current) current(operation, site, frame);
 }
 
 /// The host's first page, seen through two places. An operation that the interface gains has to be
@@ -37,8 +37,8 @@ class FirstPagePlaces : public FirstPagePlugin {
 
 }  // namespace
 
-extern "C" void faultPlaceReached(int operation, const void* site) {
-    reached(operation, site);
+extern "C" void faultPlaceReached(int operation, const void* site, const void* const* frame) {
+    reached(operation, site, frame);
 }
 
 namespace faults {

@@ -7,7 +7,8 @@ namespace faults {
 
 /// Called at each host call of the module, before the operation runs. May throw.
 /// @param operation index of the operation. @param site the address that the call returns to.
-using PlaceListener = void (*)(int operation, const void* site);
+/// @param frame the calling function's frame pointer, where the module is compiled with them.
+using PlaceListener = void (*)(int operation, const void* site, const void* const* frame);
 
 /// @param listener null for none.
 Q_DECL_EXPORT void setPlaceListener(PlaceListener listener);
