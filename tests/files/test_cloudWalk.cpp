@@ -19,6 +19,10 @@ QJsonArray childrenOf(const QJsonObject& folder) {
     return folder.value(QLatin1String("xjdata")).toArray();
 }
 
+std::optional<QJsonArray> storedIn(const QJsonObject& folder) {
+    return childrenOf(folder);
+}
+
 TEST(CloudWalk, FetchesEachFolderOnTheWayOnceAndNoOther) {
     const QJsonArray top{
         node(QStringLiteral("b"), true),
@@ -36,18 +40,28 @@ TEST(CloudWalk, FetchesEachFolderOnTheWayOnceAndNoOther) {
     EXPECT_EQ(fetched, (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
 }
 
-TEST(CloudWalk, TheWayLeadsThroughFoldersAndEndsAtAFile) {
-    const QJsonArray top{node(QStringLiteral("x"), false),
-                         node(QStringLiteral("x"), true, {node(QStringLiteral("y"), false)})};
-    const auto fetch = [](const QJsonObject& folder) {
-        return std::optional<QJsonArray>(childrenOf(folder));
-    };
-    EXPECT_TRUE(findInCloud(top, {QStringLiteral("x")}, fetch));
-    EXPECT_TRUE(findInCloud(top, {QStringLiteral("x"), QStringLiteral("y")}, fetch));
-    EXPECT_FALSE(findInCloud(top, {QStringLiteral("X")}, fetch));
-    EXPECT_FALSE(findInCloud(top, {QStringLiteral("y"), QStringLiteral("x")}, fetch));
-    EXPECT_FALSE(findInCloud(top, {}, fetch));
-    EXPECT_FALSE(findInCloud({}, {QStringLiteral("x")}, fetch));
+/// @return the type of the node that was found; empty where there was none.
+QString typeOf(const std::optional<QJsonObject>& found) {
+    return found ? found->value(QLatin1String("wjlx")).toString() : QString();
+}
+
+TEST(CloudWalk, TheWayLeadsThroughFoldersAndEndsAtAFileWhicheverStandsFirst) {
+    const QJsonObject file = node(QStringLiteral("x"), false);
+    const QJsonObject folder = node(QStringLiteral("x"), true, {node(QStringLiteral("y"), false)});
+    for (const QJsonArray& top : {QJsonArray{file, folder}, QJsonArray{folder, file}}) {
+        EXPECT_EQ(typeOf(findInCloud(top, {QStringLiteral("x")}, storedIn)), QStringLiteral("2"));
+        EXPECT_TRUE(findInCloud(top, {QStringLiteral("x"), QStringLiteral("y")}, storedIn));
+    }
+    // The name alone tells a node: where there is no file, the folder is found.
+    EXPECT_EQ(typeOf(findInCloud({folder}, {QStringLiteral("x")}, storedIn)), QStringLiteral("1"));
+}
+
+TEST(CloudWalk, AnotherNameOrNoneIsNotFound) {
+    const QJsonArray top{node(QStringLiteral("x"), true, {node(QStringLiteral("y"), false)})};
+    EXPECT_FALSE(findInCloud(top, {QStringLiteral("X")}, storedIn));
+    EXPECT_FALSE(findInCloud(top, {QStringLiteral("y"), QStringLiteral("x")}, storedIn));
+    EXPECT_FALSE(findInCloud(top, {}, storedIn));
+    EXPECT_FALSE(findInCloud({}, {QStringLiteral("x")}, storedIn));
 }
 
 TEST(CloudWalk, EndsWhenAFolderIsRefused) {
@@ -66,9 +80,7 @@ TEST(CloudWalk, RecordsWithoutMembersOrOfOtherTypesArePassedOver) {
         QJsonObject{{QStringLiteral("wjjmc"), 7}, {QStringLiteral("wjlx"), QStringLiteral("1")}},
         QJsonObject{{QStringLiteral("wjjmc"), QStringLiteral("x")}, {QStringLiteral("wjlx"), 1}},
         node(QStringLiteral("x"), true, {node(QStringLiteral("y"), false)})};
-    EXPECT_TRUE(findInCloud(
-        damaged, {QStringLiteral("x"), QStringLiteral("y")},
-        [](const QJsonObject& folder) { return std::optional<QJsonArray>(childrenOf(folder)); }));
+    EXPECT_TRUE(findInCloud(damaged, {QStringLiteral("x"), QStringLiteral("y")}, storedIn));
 }
 
 TEST(CloudWalk, TheRootOfThePersonalDiskIsFoundByItsName) {
@@ -132,9 +144,7 @@ RC_GTEST_PROP(CloudWalk, EveryFileOfATreeIsFoundWithOneFetchPerFolder, ()) {
                   QStringLiteral("link of ") + path.constLast());
         RC_ASSERT(fetched == path.size() - 1);
         const QStringList beyond = path + QStringList(QStringLiteral("x"));
-        RC_ASSERT(!findInCloud(top, beyond, [](const QJsonObject& folder) {
-            return std::optional<QJsonArray>(childrenOf(folder));
-        }));
+        RC_ASSERT(!findInCloud(top, beyond, storedIn));
     }
 }
 
@@ -165,15 +175,62 @@ QJsonValue anyJson(int depth) {
     }
 }
 
-RC_GTEST_PROP(CloudWalk, AnyJsonIsWalkedAndOnlyAFileOfTheNameIsFound, ()) {
-    const QJsonValue answer = anyJson(6);
-    newpro::personalTopLevel(answer.toObject());
-    const auto file = findInCloud(
-        answer.toArray(), {QStringLiteral("a"), QStringLiteral("a")},
-        [](const QJsonObject& folder) { return std::optional<QJsonArray>(childrenOf(folder)); });
-    if (!file) return;
-    RC_ASSERT(file->value(QLatin1String("wjjmc")) == QJsonValue(QStringLiteral("a")));
-    RC_ASSERT(file->value(QLatin1String("wjlx")) != QJsonValue(QStringLiteral("1")));
+bool oneInEight() {
+    return *rc::gen::weightedElement<bool>({{7, false}, {1, true}});
+}
+
+/// A listing of nodes that mostly bear the name "a", here and there with anything in its place.
+QJsonArray anyListing(int depth) {
+    QJsonArray nodes;
+    for (int i = *rc::gen::element(2, 3, 4); i > 0; --i) {
+        QJsonObject entry =
+            node(*rc::gen::element(QStringLiteral("a"), QStringLiteral("a"), QStringLiteral("b")),
+                 *rc::gen::arbitrary<bool>(), depth > 1 ? anyListing(depth - 1) : QJsonArray());
+        for (const QString& key : entry.keys()) {
+            if (oneInEight()) entry.insert(key, anyJson(2));
+        }
+        nodes.append(oneInEight() ? anyJson(2) : QJsonValue(entry));
+    }
+    return nodes;
+}
+
+bool isNamedA(const QJsonValue& value) {
+    return value.toObject().value(QLatin1String("wjjmc")) == QJsonValue(QStringLiteral("a"));
+}
+
+bool isFile(const QJsonValue& value) {
+    return value.toObject().value(QLatin1String("wjlx")) != QJsonValue(QStringLiteral("1"));
+}
+
+TEST(CloudWalk, InAnyListingTheLastNameIsFoundAndAFileBeforeAFolder) {
+    int found = 0;
+    EXPECT_TRUE(rc::check([&found] {
+        std::optional<QJsonArray> last;
+        const auto file =
+            findInCloud(anyListing(2), {QStringLiteral("a"), QStringLiteral("a")},
+                        [&last](const QJsonObject& folder) { return last = childrenOf(folder); });
+        QJsonArray named, files;
+        for (const QJsonValue& value : last.value_or(QJsonArray())) {
+            if (isNamedA(value)) named.append(value);
+            if (isNamedA(value) && isFile(value)) files.append(value);
+        }
+        RC_ASSERT(bool(file) == !named.isEmpty());
+        if (!file) return;
+        ++found;
+        RC_ASSERT(*file == (files.isEmpty() ? named : files).first().toObject());
+    }));
+    EXPECT_GE(found, 10);  // of a hundred listings about forty
+}
+
+RC_GTEST_PROP(CloudWalk, TheRootIsFoundAmongAnything, ()) {
+    const QStringList keys{QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
+    const QString rootKey = *rc::gen::element(keys[0], keys[1], keys[2]);
+    QJsonObject data;
+    for (const QString& key : keys)
+        data.insert(key, *rc::gen::arbitrary<bool>() ? anyListing(1) : anyJson(4));
+    const QJsonArray listing = anyListing(2);
+    data.insert(rootKey, QJsonArray{node(QStringLiteral("根目录"), true, listing)});
+    RC_ASSERT(newpro::personalTopLevel({{QStringLiteral("data"), data}}) == listing);
 }
 
 TEST(CloudOwner, OnlyARecordOfAnotherUserForThisPathCounts) {
