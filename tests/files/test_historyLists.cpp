@@ -97,6 +97,20 @@ TEST_F(HistoryLists, ItemsCarryNoData) {
     EXPECT_FALSE(dialog.pages.audit.fileCombo->itemData(0).isValid());
 }
 
+/// What the host's box does for an entry and Qt's own addItem does not: screen readers are told.
+TEST_F(HistoryLists, ItemsAreAddedByTheHostsOwnBox) {
+    const QString longPath =
+        QStringLiteral("/p/") + QStringLiteral("工程/").repeated(40) + QStringLiteral("a.GCFX");
+    const QStringList paths{QStringLiteral("a.GCFX"), longPath};
+    refill({cloud(paths.first()), cloud(longPath)});
+    for (const newpro::FilePage& page : {dialog.pages.audit, dialog.pages.contracting,
+                                         dialog.pages.settlement, dialog.pages.estimate}) {
+        ASSERT_EQ(itemsOf(*page.fileCombo), paths);
+        for (int i = 0; i < paths.size(); ++i)
+            EXPECT_EQ(page.fileCombo->itemData(i, Qt::AccessibleTextRole), paths.at(i));
+    }
+}
+
 TEST_F(HistoryLists, AFlagThatIsNotSetLeavesItsBoxAlone) {
     const QStringList history{cloud(QStringLiteral("a.GCFX"))};
     const struct {
