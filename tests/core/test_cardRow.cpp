@@ -102,6 +102,45 @@ TEST_F(CardRows, HaveTheirStyleAndLeaveNoRequestInTheQueue) {
     EXPECT_TRUE(text->isVisible());
 }
 
+/// A card whose place in memory is taken by the next one.
+class PlacedCard : public QLabel {
+  public:
+    using QLabel::QLabel;
+    static void* operator new(std::size_t) { return place; }
+    static void operator delete(void*) {}
+
+  private:
+    alignas(QLabel) static char place[sizeof(QLabel)];
+};
+alignas(QLabel) char PlacedCard::place[sizeof(QLabel)];
+
+TEST_F(CardRows, ForgetACardThatIsDeleted) {
+    list.resize(300, 300);
+    list.show();
+    auto* card = new PlacedCard(QStringLiteral("a"));
+    newpro::appendCard(&list, std::make_unique<QListWidgetItem>(), std::unique_ptr<QWidget>(card));
+    append(QStringLiteral("b"));
+    testing_support::settle();
+    ASSERT_EQ(list.itemWidget(list.item(0)), card);
+    delete card;
+    EXPECT_FALSE(list.itemWidget(list.item(0)));
+
+    // A list that still held the deleted card would take this window for it, show and move it.
+    const std::unique_ptr<QLabel> window(new PlacedCard(QStringLiteral("c")));
+    ASSERT_EQ(window.get(), card);
+    list.scrollToBottom();
+    list.doItemsLayout();
+    list.resize(200, 100);
+    EXPECT_FALSE(list.grab().isNull());
+    testing_support::settle();
+    EXPECT_FALSE(window->isVisible());
+    list.clear();
+    testing_support::settle();
+    EXPECT_EQ(list.count(), 0);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(window->text(), QStringLiteral("c"));
+}
+
 TEST(Polish, NowIsDoneOnceAndNotAgainByTheQueue) {
     QWidget widget;
     auto* part = new QLabel(QStringLiteral("a"), &widget);
