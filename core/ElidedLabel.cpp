@@ -45,8 +45,8 @@ QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width)
     return metrics.elidedText(text, Qt::ElideRight, width);
 }
 
-ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent)
-    : zBaseLabel(text, parent), mode(mode) {
+ElidedLabel::ElidedLabel(const QString& text, Qt::TextElideMode dots, QWidget* parent)
+    : zBaseLabel(text, parent), mode(dots) {
     setTextFormat(Qt::PlainText);
 }
 

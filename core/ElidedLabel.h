@@ -14,8 +14,8 @@ QString elidedAtEnd(const QFontMetrics& metrics, const QString& text, int width)
 class ElidedLabel : public zBaseLabel {
     Q_OBJECT
   public:
-    /// @param mode where the dots stand: at the right for sentences, in the middle for paths.
-    ElidedLabel(const QString& text, Qt::TextElideMode mode, QWidget* parent);
+    /// @param dots where the dots stand: at the right for sentences, in the middle for paths.
+    ElidedLabel(const QString& text, Qt::TextElideMode dots, QWidget* parent);
     /// @return the text's size where the size policy is Fixed, else the height of a line alone.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

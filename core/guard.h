@@ -8,13 +8,12 @@ namespace newpro {
 /// Where a report comes from: it names the function "source::function".
 struct Origin {
     /// A source name alone does as an origin: function and line are then those of the use.
-    /// @param source   source name of the report, such as "NewProCfgDialog".
-    /// @param function name of the function without its class. Say it where the report shall name
+    /// @param from source name of the report, such as "NewProCfgDialog".
+    /// @param in   name of the function without its class. Say it where the report shall name
     ///        another than the one around, and in a lambda, whose own name is "operator()".
-    /// @param line     line of the use; leave it to its default.
-    Origin(const char* source, const char* function = __builtin_FUNCTION(),
-           int line = __builtin_LINE())
-        : source(source), function(function), line(line) {}
+    /// @param at   line of the use; leave it to its default.
+    Origin(const char* from, const char* in = __builtin_FUNCTION(), int at = __builtin_LINE())
+        : source(from), function(in), line(at) {}
 
     const char* source;
     const char* function;

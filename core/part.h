@@ -13,7 +13,7 @@ namespace newpro {
 template <typename T>
 class Part {
   public:
-    Part(T* widget = nullptr) : widget(widget) {}
+    Part(T* part = nullptr) : widget(part) {}
 
     T* operator->() const { return need(); }
     T& operator*() const { return *need(); }

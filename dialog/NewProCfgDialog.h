@@ -102,7 +102,7 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
     Q_INVOKABLE QWidget* addShXjWid();
     Q_INVOKABLE QWidget* addZcbXjWid();
     Q_INVOKABLE QTreeWidgetItem* addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
-                                               QString data);
+                                               QString path);
     Q_INVOKABLE QString setTreeStyleSheet();
     Q_INVOKABLE int getDkType(QString suffix);
     Q_INVOKABLE void getDirAndFiles(const QString& folder, QTreeWidgetItem* parent);

@@ -137,9 +137,9 @@ void NewProCfgDialogPrivate::deafWhile(const Close& close) {
 /// An operation of the dialog: the dialog's parts, which it holds on to, and where it is reported
 /// from. The parts alone do as one; see Origin.
 struct Operation {
-    Operation(std::shared_ptr<NewProCfgDialogPrivate> parts,
+    Operation(std::shared_ptr<NewProCfgDialogPrivate> held,
               const char* function = __builtin_FUNCTION(), int line = __builtin_LINE())
-        : parts(std::move(parts)), origin(dialogSource, function, line) {}
+        : parts(std::move(held)), origin(dialogSource, function, line) {}
 
     const std::shared_ptr<NewProCfgDialogPrivate> parts;
     const newpro::Origin origin;

@@ -22,8 +22,8 @@ int heightNeeded(const QWidget* page) {
 
 }  // namespace
 
-TaxPageArea::TaxPageArea(QStackedWidget* stack, QWidget* parent)
-    : QScrollArea(parent), stack(stack) {
+TaxPageArea::TaxPageArea(QStackedWidget* pages, QWidget* parent)
+    : QScrollArea(parent), stack(pages) {
     setObjectName(QStringLiteral("taxPageArea"));
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

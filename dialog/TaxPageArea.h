@@ -12,7 +12,7 @@ namespace newpro {
 class TaxPageArea : public QScrollArea {
     Q_OBJECT
   public:
-    TaxPageArea(QStackedWidget* stack, QWidget* parent);
+    TaxPageArea(QStackedWidget* pages, QWidget* parent);
     /// Call when the rows or the minimum height of a page have changed.
     void fitStack();
 

@@ -149,8 +149,8 @@ void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* par
         const int filling = parts.treeFilling;
         newpro::scanTemplateFolder(
             folder, parent,
-            [&](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& data) {
-                QTreeWidgetItem* row = parts.q->addOneRowItem(text, under, isFile, data);
+            [&](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& path) {
+                QTreeWidgetItem* row = parts.q->addOneRowItem(text, under, isFile, path);
                 // Filled anew while the host was asked: the rows that this scan knows are gone.
                 if (parts.treeFilling != filling) throw newpro::Gone();
                 return row;
@@ -159,15 +159,15 @@ void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* par
 }
 
 QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
-                                                QString data) {
+                                                QString path) {
     const auto addRow = [&](Parts& parts) {
         const int filling = parts.treeFilling;
-        std::unique_ptr<QWidget> row = parts.templateRow(text, isFile, data);
+        std::unique_ptr<QWidget> row = parts.templateRow(text, isFile, path);
         if (parts.treeFilling != filling) throw newpro::Gone();
         QTreeWidget* tree = parts.templateTree.need();
         auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
         if (isFile) {
-            item->setData(0, pathRole, data);
+            item->setData(0, pathRole, path);
             parts.templateTreeHasFile = true;
         }
         tree->setItemWidget(item, 0, row.release());

@@ -24,7 +24,7 @@ bool liesIn(const QString& path, const QString& folder) {
 
 class Scan {
   public:
-    explicit Scan(const AddTemplateRow& addRow) : addRow(addRow) {}
+    explicit Scan(const AddTemplateRow& add) : addRow(add) {}
 
     /// @param real the folder without links in its path.
     void enter(const QString& folder, const QString& real, QTreeWidgetItem* parent) {

@@ -101,8 +101,8 @@ struct ProModelItemForm::Form {
     zBaseLabel* lblDescription;
 };
 
-ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent)
-    : zBaseWidget(parent, newpro::CardWidget), model(model) {
+ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& shown, QWidget* parent)
+    : zBaseWidget(parent, newpro::CardWidget), model(shown) {
     guarded(source, [this] {
         ui = std::make_unique<Form>(this);
         resize(scaled(470), scaled(94));

@@ -12,8 +12,8 @@
 class ProModelItemForm : public zBaseWidget {
     Q_OBJECT
   public:
-    /// @param model copied; the card changes the fee modes of its copy.
-    ProModelItemForm(const TaxTemplateInfo& model, QWidget* parent);
+    /// @param shown copied; the card changes the fee modes of its copy.
+    ProModelItemForm(const TaxTemplateInfo& shown, QWidget* parent);
     ~ProModelItemForm() override;
 
     /// Fills the labels and sets up the new-project control.
