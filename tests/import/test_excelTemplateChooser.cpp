@@ -84,12 +84,16 @@ TEST_F(TemplateChooser, selects_the_template_of_the_given_path) {
     EXPECT_EQ(dialog.GetGcmb(), path);
 }
 
-TEST_F(TemplateChooser, takes_the_template_that_is_clicked) {
+TEST_F(TemplateChooser, takes_the_template_that_is_clicked_and_closes_the_pop_up) {
     attach();
     load(QString());
+    dialog.show();
+    popup->showDropDownPopup();
+    ASSERT_TRUE(child<QFrame>(popup, "popup")->isVisible());
     Q_EMIT tree->itemClicked(group("乙组")->child(0), 0);
     EXPECT_EQ(dialog.GetGcmb(), installation.path(QStringLiteral("MB/三.v1.MODX")));
     EXPECT_EQ(popup->displayText(), QStringLiteral("三.v1"));
+    EXPECT_FALSE(child<QFrame>(popup, "popup")->isVisible());
     EXPECT_EQ(countOf("box"), 0);
 }
 
@@ -112,6 +116,22 @@ TEST_F(TemplateChooser, refuses_a_group_and_selects_nothing_where_nothing_was_ch
     EXPECT_EQ(countOf("showInforByOneBtn"), 1);
     EXPECT_FALSE(tree->currentItem());
     EXPECT_EQ(dialog.GetGcmb(), QString());
+}
+
+TEST_F(TemplateChooser, touches_no_tree_that_goes_while_its_message_is_shown) {
+    attach();
+    load(installation.path(QStringLiteral("MB/一.MODX")));
+    const QMetaObject::Connection connection = QObject::connect(
+        &workbench::Journal::instance(), &workbench::Journal::recorded, [this](const auto& entry) {
+            if (entry.value(QLatin1String("name")) != QLatin1String("showInforByOneBtn")) return;
+            delete tree;
+            tree = nullptr;
+        });
+    clickItem(group("乙组"));
+    QObject::disconnect(connection);
+    EXPECT_FALSE(tree);
+    EXPECT_EQ(countOf("exception"), 0);
+    EXPECT_EQ(dialog.GetGcmb(), installation.path(QStringLiteral("MB/一.MODX")));
 }
 
 TEST_F(TemplateChooser, listens_to_the_last_tree_alone) {

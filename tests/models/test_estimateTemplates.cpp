@@ -125,6 +125,21 @@ TEST_F(EstimateTemplates, WithoutConfigurationTheGeneralOneIsStillFound) {
     EXPECT_EQ(combo.currentText(), QStringLiteral("通用概算模板"));
 }
 
+TEST_F(EstimateTemplates, AnExceptionAtAnyHostCallLeavesTheComboEmptyAndASecondTryFillsIt) {
+    add("a");
+    fill();
+    const testing_support::Lines calls = testing_support::journalNames({"call"});
+    EXPECT_GE(std::count(calls.begin(), calls.end(), "SharedInterface::getInstance"), 1);
+    for (const std::string& call : calls) {
+        fill();
+        testing_support::throwAt(call.c_str(), workbench::ThrowRule::As::Literal);
+        EXPECT_ANY_THROW(newpro::fillEstimateTemplates(&combo)) << call;
+        EXPECT_EQ(combo.count(), 0) << call;
+        testing_support::throwNoMore();
+        EXPECT_EQ(fill(), QStringList{QStringLiteral("a")}) << call;
+    }
+}
+
 TEST_F(EstimateTemplates, AMissingComboBoxDoesNothing) {
     newpro::fillEstimateTemplates(nullptr);
     EXPECT_EQ(testing_support::journalLines(), testing_support::Lines{});
