@@ -2,6 +2,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+#include "core/styleCodes.h"
 #include "tests/dialog/DialogFixture.h"
 
 namespace {
@@ -78,6 +79,27 @@ TEST_F(Pages, AreBuiltOnce) {
                                               Q_RETURN_ARG(QWidget*, page)));
         ASSERT_TRUE(page);
         EXPECT_EQ(dialog->findChildren<QWidget*>(page->objectName()).size(), 1) << builder;
+    }
+}
+
+TEST_F(Pages, DressTheNewButtonAsOne) {
+    open();
+    pick(auditLabel);
+    auto* create = on<zBaseButton>("auditPage", "newButton");
+    const QImage shown = create->grab().toImage();
+    create->setControlType(newpro::NewButton);
+    EXPECT_EQ(create->grab().toImage(), shown);
+    create->setControlType(newpro::SplitPart);
+    EXPECT_NE(create->grab().toImage(), shown);
+}
+
+TEST_F(Pages, PlaceThePathAtTheSameIndentOnEveryScale) {
+    for (const double scale : {1.0, 2.0}) {
+        workbench::Host::instance().setScale(scale);
+        open();
+        pick(auditLabel);
+        auto* combo = on<QWidget>("auditPage", "fileCombo");
+        EXPECT_EQ(combo->mapTo(combo->parentWidget(), QPoint()).x(), int(165 * scale));
     }
 }
 

@@ -51,6 +51,15 @@ TEST_F(RibbonImports, AnImportWithoutEntryOfTheCurrentKindLeavesChecksAndPageAsT
     }
 }
 
+TEST_F(RibbonImports, TheRowsOwnButtonStartsTheTenderImportToo) {
+    open();
+    host.switches().firstPage = FirstPage::Absent;
+    clearJournal();
+    button("importTenderButton")->click();
+    EXPECT_EQ(journalNames({"dialog", "call"}),
+              (Lines{"NewProCfgDialog", "osgi::ObjectHelper::GetService"}));
+}
+
 TEST_F(RibbonImports, AHostMayDeleteTheDialogInTheReceiverOfAnImport) {
     open();
     host.switches().firstPage = FirstPage::Absent;

@@ -91,6 +91,14 @@ TEST_F(TypeChooser, answers_0_when_its_window_is_closed) {
     EXPECT_EQ(countOf("exception"), 0);
 }
 
+TEST_F(TypeChooser, tells_that_it_has_finished_when_its_window_is_closed) {
+    QSignalSpy finished(&dialog, &QDialog::finished);
+    dialog.show();
+    dialog.close();
+    ASSERT_EQ(finished.count(), 1);
+    EXPECT_EQ(finished[0][0], 0);
+}
+
 TEST_F(TypeChooser, never_shows_the_estimate_button) {
     dialog.show();
     settle();

@@ -81,6 +81,16 @@ TEST(NewFromFile, ATypedTextThatIsAnItemSelectsTheFirstOfThem) {
     EXPECT_EQ(stage.page.path(), QStringLiteral("OTHER"));
 }
 
+TEST(NewFromFile, ATypedTextIsSelectedBeforeTheLogInIsAskedFor) {
+    Stage stage(FileFlow::Audit);
+    stage.host.switches().account.login = workbench::Login::Cancelled;
+    for (const QString& item : {QStringLiteral("other"), cloudFile})
+        stage.page.fileCombo->addItem(item);
+    stage.linesOf(cloudFile);
+    EXPECT_EQ(countOf("dialog"), 0);
+    EXPECT_EQ(stage.page.fileCombo->currentIndex(), 1);
+}
+
 TEST(NewFromFile, TheEstimateWithoutItsOptionStartsFromTheTemplate) {
     Stage stage(FileFlow::Estimate);
     stage.page.fromFile->setChecked(false);

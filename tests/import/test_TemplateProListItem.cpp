@@ -40,6 +40,15 @@ TEST_F(TemplateCard, consists_of_the_named_objects) {
     EXPECT_TRUE(child<QHBoxLayout>(&card, "horizontalLayout_2"));
 }
 
+TEST_F(TemplateCard, has_its_button_behind_its_title) {
+    TemplateProListItem card(file);
+    card.resize(500, 80);
+    card.show();
+    settle();
+    const auto* title = child<zBaseLabel>(&card, "lblTitle");
+    EXPECT_GT(newButton(&card)->geometry().left(), title->geometry().right());
+}
+
 TEST_F(TemplateCard, scales_every_size_but_the_style_s_own_margins) {
     for (const double scale : {1.0, 1.5, 2.0}) {
         workbench::Host::instance().setScale(scale);

@@ -32,6 +32,15 @@ TEST_F(ExcelSelection, opens_on_the_budget_type_with_nothing_chosen) {
     EXPECT_TRUE(contracting(dialog)->autoFillBackground());
 }
 
+TEST_F(ExcelSelection, names_what_can_be_operated_for_a_screen_reader) {
+    const importExcelSelFile dialog(nullptr);
+    EXPECT_EQ(combo(dialog)->accessibleName(), QStringLiteral("计价模式"));
+    EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelFile")->accessibleName(),
+              QStringLiteral("选择文件"));
+    EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelDir")->accessibleName(),
+              QStringLiteral("选择文件夹"));
+}
+
 TEST_F(ExcelSelection, chooses_no_source_by_the_return_key) {
     importExcelSelFile dialog(nullptr);
     dialog.show();

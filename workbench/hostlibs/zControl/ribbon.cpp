@@ -8,6 +8,8 @@ using workbench::scaled;
 
 namespace {
 
+const char exclusiveProperty[] = "exclusive";
+
 zBaseButton* buttonOf(const RibbonTab* tab) {
     return tab->findChild<zBaseButton*>(QStringLiteral("curText"));
 }
@@ -39,9 +41,11 @@ void RibbonTab::setChecked(bool checked) {
     buttonOf(this)->setChecked(checked);
 }
 
-RibbonNavigationBar::RibbonNavigationBar(int /*style*/, int /*alignment*/, int /*exclusive*/,
+RibbonNavigationBar::RibbonNavigationBar(int /*style*/, int /*alignment*/, int exclusive,
                                          QWidget* parent)
-    : zBasePanelH(parent) {}
+    : zBasePanelH(parent) {
+    setProperty(exclusiveProperty, exclusive == 1);
+}
 
 QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
     auto* entry = new RibbonTab(tab, this);
@@ -51,6 +55,8 @@ QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
     action->setDefaultWidget(entry);
 
     const auto select = [this, entry] {
+        entry->setChecked(true);
+        if (!property(exclusiveProperty).toBool()) return;
         for (RibbonTab* other : tabsOf(this)) other->setChecked(other == entry);
     };
     // Connected before anybody else can: receivers of `triggered` find the entry checked.
