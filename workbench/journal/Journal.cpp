@@ -25,10 +25,6 @@ bool Journal::setFile(const QString& path) {
     return false;
 }
 
-const QVector<QJsonObject>& Journal::entries() const {
-    return list;
-}
-
 void Journal::clear() {
     list.clear();
     // Numbers run on in a file, whatever is forgotten of it here.
@@ -112,10 +108,6 @@ void Journal::project(const QString& file) {
 void Journal::call(const char* name, const QJsonArray& args) {
     throwIfAsked(name, args);
     record(QStringLiteral("call"), QString::fromUtf8(name), {{QStringLiteral("args"), args}});
-}
-
-void Journal::throwIfAsked(const char* name, const QJsonArray& args) {
-    if (faultHook) faultHook(name, args);
 }
 
 void Journal::recordAnswer(const char* name, const QJsonArray& args, const QJsonValue& answer) {

@@ -28,7 +28,7 @@ class WORKBENCH_API Journal : public QObject {
     /// @return file and reason why it could not be written to its end; empty if all is written.
     ///         Nothing more is then written to it, and its last line is a whole one.
     QString fileError() const { return problem; }
-    const QVector<QJsonObject>& entries() const;
+    const QVector<QJsonObject>& entries() const { return list; }
     /// Forgets the entries. Numbers start from 1 again, but for a file: it is kept and goes on.
     void clear();
     /// @return the entry as it stands in a file: one line of UTF-8 without its line end, the keys
@@ -55,7 +55,9 @@ class WORKBENCH_API Journal : public QObject {
     void call(const char* name, const QJsonArray& args = {});
 
     /// For operations that are recorded as something else than a call: asks the fault hook alone.
-    void throwIfAsked(const char* name, const QJsonArray& args);
+    void throwIfAsked(const char* name, const QJsonArray& args) {
+        if (faultHook) faultHook(name, args);
+    }
 
     /// Records a host operation with its answer. Where the fault hook throws, `operation` does not
     /// run, and the entry has no answer.

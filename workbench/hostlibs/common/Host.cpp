@@ -1,6 +1,5 @@
 #include "workbench/hostlibs/common/Host.h"
 
-#include <QPointer>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -12,15 +11,6 @@
 int SharedInterface::firstOpenClose = 0;
 
 namespace workbench {
-
-struct Host::Data {
-    Switches switches;
-    Installation installation;
-    QPointer<QWidget> mainWindow;
-    double scale = 1.0;
-    QString skin = lightSkin;
-    Receiver receiver;
-};
 
 namespace {
 
@@ -49,12 +39,8 @@ void throwIfAsked(const char* name, const QJsonArray& args) {
 
 }  // namespace
 
-Host::Host() : d(new Data) {
+Host::Host() {
     Journal::instance().setFaultHook(throwIfAsked);
-}
-
-Host::~Host() {
-    delete d;
 }
 
 Host& Host::instance() {
@@ -62,73 +48,44 @@ Host& Host::instance() {
     return host;
 }
 
-Switches& Host::switches() {
-    return d->switches;
-}
-
-Installation& Host::installation() {
-    return d->installation;
-}
-
 QString Host::loadInstallation(const QString& folder) {
     QString error;
-    if (!Installation::load(folder, d->installation, error)) return error;
-    d->switches.areaConfig.clear();
-    d->switches.transactions.clear();
-    applyHostSettings(d->installation.hostSettings);
-    SharedInterface::firstOpenClose = d->installation.firstOpenClose;
+    if (!Installation::load(folder, state.installation, error)) return error;
+    state.switches.areaConfig.clear();
+    state.switches.transactions.clear();
+    applyHostSettings(state.installation.hostSettings);
+    SharedInterface::firstOpenClose = state.installation.firstOpenClose;
     return {};
-}
-
-QWidget* Host::mainWindow() const {
-    return d->mainWindow;
-}
-
-void Host::setMainWindow(QWidget* window) {
-    d->mainWindow = window;
-}
-
-double Host::scale() const {
-    return d->scale;
 }
 
 void Host::setScale(double scale) {
     scale = qBound(1.0, scale, 3.0);
-    if (qFuzzyCompare(scale, d->scale)) return;
-    d->scale = scale;
+    if (qFuzzyCompare(scale, state.scale)) return;
+    state.scale = scale;
     Q_EMIT scaleChanged();
 }
 
-QString Host::skin() const {
-    return d->skin;
-}
-
 void Host::setSkin(const QString& skin) {
-    if (skin == d->skin) return;
-    d->skin = skin;
+    if (skin == state.skin) return;
+    state.skin = skin;
     Q_EMIT skinChanged();
 }
 
 void Host::reset() {
-    const Data fresh;
-    d->switches = fresh.switches;
-    d->installation = fresh.installation;
-    d->mainWindow = nullptr;
-    d->receiver = nullptr;
+    const State fresh;
+    state.switches = fresh.switches;
+    state.installation = fresh.installation;
+    state.mainWindow = nullptr;
+    state.receiver = nullptr;
     SharedInterface::firstOpenClose = 0;
     resetFileDialog();
     setScale(fresh.scale);
     setSkin(fresh.skin);
-    Q_EMIT wasReset();
-}
-
-void Host::setReceiver(Receiver receiver) {
-    d->receiver = std::move(receiver);
 }
 
 void Host::deliver(int client, int code, const QVariant& payload) {
     // A copy: a receiver may put another one in its place while it runs.
-    const Receiver receiver = d->receiver;
+    const Receiver receiver = state.receiver;
     if (receiver) receiver(client, code, payload);
 }
 

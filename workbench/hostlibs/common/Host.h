@@ -2,7 +2,7 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
+#include <QPointer>
 #include <QWidget>
 #include <functional>
 
@@ -27,20 +27,20 @@ class WORKBENCH_API Host : public QObject {
   public:
     static Host& instance();
 
-    Switches& switches();
+    Switches& switches() { return state.switches; }
     /// The installation in use. @see Installation for how it is loaded.
-    Installation& installation();
+    Installation& installation() { return state.installation; }
     /// Loads an installation folder and makes it the one in use.
     /// @return empty, or the error with file, line and key; the old one then stays in use.
     QString loadInstallation(const QString& folder);
 
-    QWidget* mainWindow() const;
-    void setMainWindow(QWidget* window);
+    QWidget* mainWindow() const { return state.mainWindow; }
+    void setMainWindow(QWidget* window) { state.mainWindow = window; }
 
     /// Screen scale, 1.0 to 3.0, and skin, one of the two. Both take effect at once.
-    double scale() const;
+    double scale() const { return state.scale; }
     void setScale(double scale);
-    QString skin() const;
+    QString skin() const { return state.skin; }
     void setSkin(const QString& skin);
 
     /// Forgets switches, loaded plug-ins, file-dialog state, receiver, installation and main
@@ -50,20 +50,24 @@ class WORKBENCH_API Host : public QObject {
     /// Called for each message to the main logic (client `mainLogic`) and to plug-ins, after it
     /// was journalled. The project store listens here.
     using Receiver = std::function<void(int client, int code, const QVariant& payload)>;
-    void setReceiver(Receiver receiver);
+    void setReceiver(Receiver receiver) { state.receiver = std::move(receiver); }
     void deliver(int client, int code, const QVariant& payload);
 
   Q_SIGNALS:
     void skinChanged();
     void scaleChanged();
-    /// The host is as new. Whoever keeps state of its own beside it forgets that state now.
-    void wasReset();
 
   private:
     Host();
-    ~Host() override;
-    struct Data;
-    Data* d;
+
+    struct State {
+        Switches switches;
+        Installation installation;
+        QPointer<QWidget> mainWindow;
+        double scale = 1.0;
+        QString skin = lightSkin;
+        Receiver receiver;
+    } state;
 };
 
 }  // namespace workbench
