@@ -176,9 +176,9 @@ void JsonPlace::allowOnly(const QStringList& keys) const {
     }
 }
 
-bool JsonPlace::has(const char* name) const {
+bool JsonPlace::has(const QString& name) const {
     expect(QJsonValue::Object, "an object");
-    return value.toObject().contains(QLatin1String(name));
+    return value.toObject().contains(name);
 }
 
 JsonPlace JsonPlace::member(const QString& name) const {
@@ -236,12 +236,6 @@ QStringList JsonPlace::texts() const {
     QStringList list;
     for (const JsonPlace& item : items()) list.append(item.text());
     return list;
-}
-
-QMap<QString, QString> JsonPlace::textMap() const {
-    QMap<QString, QString> map;
-    for (const QString& name : memberNames()) map.insert(name, member(name).text());
-    return map;
 }
 
 }  // namespace workbench

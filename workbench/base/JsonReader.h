@@ -62,7 +62,9 @@ class WORKBENCH_API JsonPlace {
     void allowOnly(const char* keys) const {
         allowOnly(QString::fromLatin1(keys).split(QLatin1Char(' ')));
     }
-    bool has(const char* name) const;
+    /// Throws when the value is of another type. @param description of the right one.
+    void expect(QJsonValue::Type type, const char* description) const;
+    bool has(const QString& name) const;
     /// @return a member of the object; a missing one is an error.
     JsonPlace member(const QString& name) const;
     JsonPlace member(const char* name) const { return member(QLatin1String(name)); }
@@ -75,11 +77,19 @@ class WORKBENCH_API JsonPlace {
     int integer() const;
     bool boolean() const;
     QStringList texts() const;
-    QMap<QString, QString> textMap() const;
+    QMap<QString, QString> textMap() const { return mapOf(&JsonPlace::text); }
+    QMap<QString, QStringList> textLists() const { return mapOf(&JsonPlace::texts); }
+    QMap<QString, QMap<QString, QString>> textMaps() const { return mapOf(&JsonPlace::textMap); }
 
   private:
     JsonPlace(const JsonFile& file, const QJsonValue& value, const QString& path);
-    void expect(QJsonValue::Type type, const char* description) const;
+    /// @return the object's members, each as `read` reads it.
+    template <typename Value>
+    QMap<QString, Value> mapOf(Value (JsonPlace::*read)() const) const {
+        QMap<QString, Value> map;
+        for (const QString& name : memberNames()) map.insert(name, (member(name).*read)());
+        return map;
+    }
 
     const JsonFile* file;
     QJsonValue value;

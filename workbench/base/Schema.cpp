@@ -1,17 +1,11 @@
 #include "workbench/base/Schema.h"
 
-#include <QJsonArray>
 #include <QJsonObject>
 #include <algorithm>
 
 namespace workbench {
 
 namespace {
-
-void requireType(const JsonPlace& place, QJsonValue::Type type, const char* description) {
-    if (place.raw().type() != type)
-        place.fail(QLatin1String("must be ") + QLatin1String(description));
-}
 
 void requireWord(const JsonPlace& place, const Field& field) {
     if (!field.words.contains(place.text()))
@@ -20,7 +14,6 @@ void requireWord(const JsonPlace& place, const Field& field) {
 }
 
 void requireTruths(const JsonPlace& map) {
-    requireType(map, QJsonValue::Object, "an object");
     for (const QString& key : map.memberNames()) {
         bool whole = false;
         (void)key.toInt(&whole);
@@ -51,7 +44,7 @@ void requireShape(const JsonPlace& place, const Field& field) {
         case Shape::Whole:
             return void(place.integer());
         case Shape::Number:
-            return requireType(place, QJsonValue::Double, "a number");
+            return place.expect(QJsonValue::Double, "a number");
         case Shape::Truth:
             return void(place.boolean());
         case Shape::Texts:
@@ -78,8 +71,8 @@ void requireShape(const JsonPlace& place, const Field& field) {
     }
 }
 
-Field field(const char* key, Shape shape, bool required) {
-    return {QLatin1String(key), shape, required};
+Field field(const char* key, Shape shape, bool required, const Fields& members) {
+    return {QLatin1String(key), shape, required, {}, members};
 }
 
 Field needed(const char* key, Shape shape) {
@@ -97,12 +90,11 @@ Field sound(Field field, QString (*fault)(const QJsonValue&)) {
 }
 
 void requireFields(const JsonPlace& object, const Fields& fields) {
-    requireType(object, QJsonValue::Object, "an object");
     QStringList keys;
     for (const Field& field : fields) keys.append(field.key);
     object.allowOnly(keys);
     for (const Field& field : fields) {
-        if (!field.required && !object.raw().toObject().contains(field.key)) continue;
+        if (!field.required && !object.has(field.key)) continue;
         const JsonPlace member = object.member(field.key);
         requireShape(member, field);
         if (field.shape != Shape::Objects) {

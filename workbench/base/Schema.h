@@ -40,7 +40,8 @@ struct Field {
 };
 
 /// Makers of fields, for tables. @param words separated by blanks.
-WORKBENCH_API Field field(const char* key, Shape shape = Shape::Text, bool required = false);
+WORKBENCH_API Field field(const char* key, Shape shape = Shape::Text, bool required = false,
+                          const Fields& members = {});
 WORKBENCH_API Field needed(const char* key, Shape shape = Shape::Text);
 WORKBENCH_API Field word(const char* key, const char* words, bool required = false);
 /// @return the field with a judge of its values. @see Field::fault

@@ -12,10 +12,6 @@ namespace workbench {
 
 namespace {
 
-QString text(const char* utf8) {
-    return QString::fromUtf8(utf8);
-}
-
 const Fields& entryFields() {
     static const Fields fields = {field("seq", Shape::Whole),
                                   field("ms", Shape::Whole),
@@ -30,25 +26,19 @@ const Fields& entryFields() {
 
 const Fields& scenarioFields() {
     static const Fields only = {field("names", Shape::Texts, true),
-                                {text("list"), Shape::Objects, true, {}, entryFields()}};
+                                field("list", Shape::Objects, true, entryFields())};
     static const Fields fields = {
         field("title", Shape::Text, true),
         field("installation", Shape::Path),
-        {text("host"), Shape::Object, false, {}, hostFields()},
-        {text("dialog"),
-         Shape::Object,
-         false,
-         {},
-         {field("hostMode", Shape::Whole), field("showImportTender", Shape::Truth),
-          field("history", Shape::Texts)}},
+        field("host", Shape::Object, false, hostFields()),
+        field("dialog", Shape::Object, false,
+              {field("hostMode", Shape::Whole), field("showImportTender", Shape::Truth),
+               field("history", Shape::Texts)}),
         field("steps", Shape::Array, true),
-        {text("expect"),
-         Shape::Object,
-         false,
-         {},
-         {{text("inOrder"), Shape::Objects, false, {}, entryFields()},
-          {text("never"), Shape::Objects, false, {}, entryFields()},
-          {text("only"), Shape::Object, false, {}, only}}}};
+        field("expect", Shape::Object, false,
+              {field("inOrder", Shape::Objects, false, entryFields()),
+               field("never", Shape::Objects, false, entryFields()),
+               field("only", Shape::Object, false, only)})};
     return fields;
 }
 
@@ -58,9 +48,9 @@ Step readStep(const JsonPlace& place) {
     if (!verb) name.fail(QStringLiteral("unknown verb \"%1\"").arg(name.text()));
     requireFields(place, Fields{field("do", Shape::Text, true)} + verb->fields);
     Step step{verb->name, place.raw().toObject()};
-    step.args.remove(text("do"));
+    step.args.remove(QLatin1String("do"));
     // The one member that another one calls for.
-    if (step.args.value(text("use")) == QLatin1String("menu")) place.member("mode");
+    if (step.args.value(QLatin1String("use")) == QLatin1String("menu")) place.member("mode");
     return step;
 }
 
@@ -77,20 +67,20 @@ QStringList texts(const QJsonValue& array) {
 
 Expectations readExpectations(const QJsonObject& json) {
     Expectations expect;
-    expect.inOrder = objects(json[text("inOrder")]);
-    expect.never = objects(json[text("never")]);
-    const QJsonValue only = json[text("only")];
+    expect.inOrder = objects(json[u"inOrder"]);
+    expect.never = objects(json[u"never"]);
+    const QJsonValue only = json[u"only"];
     expect.hasOnly = only.isObject();
-    expect.onlyNames = texts(only[text("names")]);
-    expect.onlyList = objects(only[text("list")]);
+    expect.onlyNames = texts(only[u"names"]);
+    expect.onlyList = objects(only[u"list"]);
     return expect;
 }
 
 DialogSetup readDialog(const QJsonObject& json) {
     DialogSetup setup;
-    setup.hostMode = json[text("hostMode")].toInt(0);
-    setup.showImportTender = json[text("showImportTender")].toBool(true);
-    if (json.contains(text("history"))) setup.history = texts(json[text("history")]);
+    setup.hostMode = json[u"hostMode"].toInt(0);
+    setup.showImportTender = json[u"showImportTender"].toBool(true);
+    if (json.contains(QLatin1String("history"))) setup.history = texts(json[u"history"]);
     return setup;
 }
 
@@ -98,11 +88,11 @@ Scenario scenarioFrom(const JsonPlace& root) {
     requireFields(root, scenarioFields());
     const QJsonObject json = root.raw().toObject();
     Scenario scenario;
-    scenario.title = json[text("title")].toString();
-    scenario.installation = json[text("installation")].toString();
-    scenario.host = json[text("host")].toObject();
-    scenario.dialog = readDialog(json[text("dialog")].toObject());
-    scenario.expect = readExpectations(json[text("expect")].toObject());
+    scenario.title = json[u"title"].toString();
+    scenario.installation = json[u"installation"].toString();
+    scenario.host = json[u"host"].toObject();
+    scenario.dialog = readDialog(json[u"dialog"].toObject());
+    scenario.expect = readExpectations(json[u"expect"].toObject());
     for (const JsonPlace& step : root.member("steps").items())
         scenario.steps.append(readStep(step));
     return scenario;

@@ -20,8 +20,14 @@ using ProjectSettingSpace::ProTaxTemplateInfo;
 // Stands in the installation's files for the folder that they lie in, wherever that is.
 const QLatin1String placeholder("{installation}");
 
+/// @return a member as `read` reads it; nothing where it is missing.
+template <typename Value>
+Value optional(const JsonPlace& object, const char* name, Value (JsonPlace::*read)() const) {
+    return object.has(QLatin1String(name)) ? (object.member(name).*read)() : Value();
+}
+
 QString optionalText(const JsonPlace& object, const char* name) {
-    return object.has(name) ? object.member(name).text() : QString();
+    return optional(object, name, &JsonPlace::text);
 }
 
 TaxTemplateInfo modelOf(const JsonPlace& object) {
@@ -37,7 +43,7 @@ TaxTemplateInfo modelOf(const JsonPlace& object) {
     model.carriedText = optionalText(object, "carriedText");
     model.feeMode = object.member("feeMode").text();
     model.alternativeFeeMode = optionalText(object, "alternativeFeeMode");
-    if (object.has("flag")) model.flag = object.member("flag").integer();
+    model.flag = optional(object, "flag", &JsonPlace::integer);
     model.leadingBasisDocument = optionalText(object, "leadingBasisDocument");
     return model;
 }
@@ -48,19 +54,9 @@ PricingModelInfo pricingOf(const JsonPlace& object) {
     pricing.feeModes = object.member("feeModes").texts();
     pricing.defaultFeeMode = object.member("defaultFeeMode").text();
     pricing.normName = optionalText(object, "normName");
-    if (object.has("quotaBooks")) pricing.quotaBooks = object.member("quotaBooks").texts();
-    if (object.has("specialities")) {
-        const JsonPlace map = object.member("specialities");
-        for (const QString& name : map.memberNames()) {
-            pricing.specialities.insert(name, map.member(name).texts());
-        }
-    }
-    if (object.has("parameters")) {
-        const JsonPlace map = object.member("parameters");
-        for (const QString& name : map.memberNames()) {
-            pricing.parameters.insert(name, map.member(name).textMap());
-        }
-    }
+    pricing.quotaBooks = optional(object, "quotaBooks", &JsonPlace::texts);
+    pricing.specialities = optional(object, "specialities", &JsonPlace::textLists);
+    pricing.parameters = optional(object, "parameters", &JsonPlace::textMaps);
     return pricing;
 }
 
@@ -75,10 +71,10 @@ int taxModeOf(const JsonPlace& place) {
 
 /// @return whether the model has a record of its fee modes: each of these is a part of it.
 bool hasPricing(const JsonPlace& model) {
-    const char* const parts[] = {"feeModes",   "defaultFeeMode", "normName",
-                                 "quotaBooks", "specialities",   "parameters"};
-    return std::any_of(std::begin(parts), std::end(parts),
-                       [&](const char* part) { return model.has(part); });
+    for (const char* part :
+         {"feeModes", "defaultFeeMode", "normName", "quotaBooks", "specialities", "parameters"})
+        if (model.has(QLatin1String(part))) return true;
+    return false;
 }
 
 void readModels(const QString& path, Installation& into) {
