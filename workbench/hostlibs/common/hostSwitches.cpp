@@ -142,35 +142,26 @@ void write(QVector<ThrowRule>& rules, const QJsonValue& json, const Field&) {
 
 using Access = HostSwitch::Access;
 
-/// @return what leads to a switch, by its member or by that of a group of switches.
-template <typename Member>
-auto wayTo(Member member) {
-    return [=](Switches & switches) -> auto& {
-        return switches.*member;
-    };
-}
-
-template <typename Group, typename Member>
-auto wayTo(Group group, Member member) {
-    return [=](Switches & switches) -> auto& {
-        return switches.*group.*member;
-    };
-}
-
-template <typename... Member>
-Access writing(Member... members) {
-    return {nullptr, [way = wayTo(members...)](const QJsonValue& json, const Field& field) {
-                write(way(Host::instance().switches()), json, field);
+/// @param way a member of the switches, or what else leads from them to a value.
+template <typename Way>
+Access writing(Way way) {
+    return {nullptr, [way](const QJsonValue& json, const Field& field) {
+                write(std::invoke(way, Host::instance().switches()), json, field);
             }};
 }
 
-template <typename... Member>
-Access at(Member... members) {
-    Access access = writing(members...);
-    access.get = [way = wayTo(members...)](const Field& field) {
-        return read(way(Host::instance().switches()), field);
+template <typename Way>
+Access at(Way way) {
+    Access access = writing(way);
+    access.get = [way](const Field& field) {
+        return read(std::invoke(way, Host::instance().switches()), field);
     };
     return access;
+}
+
+template <typename Member>
+Access ofAccount(Member member) {
+    return at([member](Switches & switches) -> auto& { return switches.account.*member; });
 }
 
 const Access scale = {
@@ -185,12 +176,6 @@ const Access skin = {
 Field offering(Field field, const QStringList& words) {
     field.words = words;
     return field;
-}
-
-/// @return "`a`, `b` or `c`".
-QString listed(const QStringList& words) {
-    const QString list = words.mid(0, words.size() - 1).join(QLatin1String("`, `"));
-    return QStringLiteral("`%1` or `%2`").arg(list, words.last());
 }
 
 }  // namespace
@@ -212,22 +197,19 @@ const QVector<HostSwitch>& hostSwitches() {
          "object of texts, key to value: the configuration of the area", "area.configuration"},
         {field("transactions", Shape::TextMap), writing(&Switches::transactions),
          "object of texts, key to value", "transactions"},
-        {field("account.userId", Shape::Text), at(&Switches::account, &Account::userId),
+        {field("account.userId", Shape::Text), ofAccount(&Account::userId),
          "text: whose cloud account it is", "", "账号", "", "云账号与云盘"},
-        {field("account.loggedIn", Shape::Truth), at(&Switches::account, &Account::loggedIn),
+        {field("account.loggedIn", Shape::Truth), ofAccount(&Account::loggedIn),
          "`true`: the account is logged in", "", "已登录"},
-        {word("account.login", "ask accepted cancelled"), at(&Switches::account, &Account::login),
+        {word("account.login", "ask accepted cancelled"), ofAccount(&Account::login),
          ": what the log-in window does", "", "登录窗口", "由我回答|自动登录|自动取消"},
         {offering(field("cloud", Shape::Words), {key("slow"), key("refused"), key("broken")}),
          at(&Switches::cloud), ", or an array of them", "", "",
          "云盘应答缓慢|云盘拒绝请求|云盘数据损坏"},
-        {{key("fileDialog"),
-          Shape::Objects,
-          false,
-          {},
-          {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
-           field("cloudPath", Shape::Path), field("cancel", Shape::Truth)},
-          answerFault},
+        {sound(field("fileDialog", Shape::Objects, false,
+                     {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
+                      field("cloudPath", Shape::Path), field("cancel", Shape::Truth)}),
+               answerFault),
          writing(&Switches::fileAnswers),
          "answers used in turn, `{\"path\", \"place\", \"cloudPath\"}` with at least a path, or "
          "`{\"cancel\": true}`; after the last: cancel. The folder choice of the Excel import takes"
@@ -239,12 +221,9 @@ const QVector<HostSwitch>& hostSwitches() {
                   {number(BudgetProgram), number(SettlementProgram), number(ContractingProgram)}),
          at(&Switches::plugins), "program type to whether its plug-in is loaded", "", "",
          "预算插件已加载|结算插件已加载|总承包插件已加载"},
-        {{key("throw"),
-          Shape::Objects,
-          false,
-          {},
-          {needed("call"), sound(field("nth", Shape::Whole), countFault),
-           word("as", thrownWords, true), field("text")}},
+        {field("throw", Shape::Objects, false,
+               {needed("call"), sound(field("nth", Shape::Whole), countFault),
+                word("as", thrownWords, true), field("text")}),
          writing(&Switches::throws),
          "list of `{\"call\", \"nth\", \"as\", \"text\"}`: the `nth` call (from 1, the default) of "
          "the operation throws `as` a %1"},
@@ -284,19 +263,6 @@ void applyHostSettings(const QJsonObject& settings) {
         for (const QString& step : each.field.key.split(QLatin1Char('.'))) value = value[step];
         if (!value.isUndefined()) each.set(value);
     }
-}
-
-QStringList hostPageRows() {
-    QStringList rows;
-    for (const HostSwitch& each : hostSwitches()) {
-        if (!each.text) continue;
-        const Shape shape = each.field.shape;
-        QString text = QString::fromUtf8(each.text);
-        text.replace(QLatin1String("%1"), listed(key(thrownWords).split(QLatin1Char(' '))));
-        if (shape == Shape::Word || shape == Shape::Words) text.prepend(listed(each.field.words));
-        rows.append(QStringLiteral("| `%1` | %2 |").arg(each.field.key, text));
-    }
-    return rows;
 }
 
 }  // namespace workbench

@@ -18,7 +18,9 @@ struct HostSwitch {
         std::function<QJsonValue(const Field&)> get;  ///< None for what the panel does not show.
         std::function<void(const QJsonValue&, const Field&)> set;
     } access;
-    const char* text;           ///< For the page; null for a switch of the panel alone.
+    /// For the page, where "%1" stands for the words of a member; null for a switch of the panel
+    /// alone.
+    const char* text;
     const char* setting = "";   ///< Its place in an installation's settings.json, if it has one.
     const char* caption = "";   ///< In the panel; empty where each word is a tick of its own.
     const char* captions = "";  ///< Of the words, with "|" between them.
@@ -36,7 +38,5 @@ WORKBENCH_API const Fields& hostFields();
 /// Sets what `settings` names; the rest stays. Relative paths start at the installation.
 /// @param settings as `hostFields` let through.
 WORKBENCH_API void applyHostSettings(const QJsonObject& settings);
-/// @return the rows of the table on the page on scenarios.
-WORKBENCH_API QStringList hostPageRows();
 
 }  // namespace workbench
