@@ -49,7 +49,8 @@ void requireApplied(const QJsonObject& settings) {
     const Host& host = Host::instance();
     require(host.scale() >= 1 && host.scale() <= 3, "the scale is one that the host has");
     for (const auto& answer : Host::instance().switches().fileAnswers) {
-        require(answer.cancel == answer.path.isEmpty(), "an answer cancels or chooses");
+        const bool chooses = answer.place != 0 || !answer.cloudPath.isEmpty();
+        require(!chooses || !answer.path.isEmpty(), "an answer cancels or chooses");
     }
     Host::instance().reset();
     workbench::Journal::instance().clear();

@@ -19,7 +19,6 @@ struct ExcelSelection : testing::Test {
     void answerWith(const QString& path) {
         workbench::FileAnswer answer;
         answer.path = path;
-        answer.cancel = path.isEmpty();
         installation.switches().fileAnswers = {answer};
     }
     static zBaseCombox* combo(const importExcelSelFile& dialog) {

@@ -32,7 +32,6 @@ struct ImportFlow : testing::Test {
     void answerWith(const QString& path) {
         workbench::FileAnswer answer;
         answer.path = path;
-        answer.cancel = path.isEmpty();
         installation.switches().fileAnswers = {answer};
     }
 };

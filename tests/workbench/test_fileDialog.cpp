@@ -15,8 +15,7 @@ TEST_F(FileDialog, PreparedAnswersAreUsedInTurnAndThenItIsCancelled) {
     workbench::FileAnswer local;
     local.path = inProjects("b楼.gcfx");
     local.place = 1;
-    workbench::FileAnswer cancel;
-    cancel.cancel = true;
+    const workbench::FileAnswer cancel;
     workbench::FileAnswer cloud;
     cloud.path = host.path(utf("Downloads/企业云盘/a.GCFX"));
     cloud.place = 4;

@@ -1,7 +1,6 @@
 /// The answers of the workbench's host, as values that a person, a scenario or a test sets.
 #pragma once
 
-#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QVector>
@@ -20,12 +19,13 @@ struct Account {
     Login login = Login::Ask;
 };
 
-/// One prepared answer of the file dialog.
+/// What the file dialog answers, by a person or prepared.
 struct FileAnswer {
-    bool cancel = false;
-    QString path;       ///< Local path; relative ones are resolved by the scenario player.
-    int place = 0;      ///< The place chosen; 3 personal, 4 enterprise cloud disk.
-    QString cloudPath;  ///< Cloud path of the choice.
+    QString path;          ///< Local path; empty: cancelled.
+    int place = 0;         ///< The place chosen; 3 personal, 4 enterprise cloud disk.
+    QString cloudPath;     ///< Cloud path of the choice; empty for a local one.
+    QString folderId;      ///< Cloud folder of the choice.
+    QString enterpriseId;  ///< Enterprise that owns that folder.
 };
 
 struct CloudMode {

@@ -118,7 +118,6 @@ void write(QVector<FileAnswer>& answers, const QJsonValue& json, const Field&) {
     const QJsonArray array = json.toArray();
     for (const QJsonValue& value : array) {
         FileAnswer answer;
-        answer.cancel = value[key("cancel")].toBool();
         answer.path = value[key("path")].toString();
         if (!answer.path.isEmpty()) answer.path = folder.absoluteFilePath(answer.path);
         answer.place = value[key("place")].toInt();

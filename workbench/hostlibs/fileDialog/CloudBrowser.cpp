@@ -1,22 +1,11 @@
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 
-#include <QJsonObject>
-#include <algorithm>
-
 #include "fileDialog.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
 #include "workbench/projects/fileKind.h"
 
 namespace workbench {
-
-namespace {
-
-QString text(const QJsonObject& node, const char* key) {
-    return node.value(QLatin1String(key)).toString();
-}
-
-}  // namespace
 
 CloudBrowser::CloudBrowser(std::function<bool()> wait) : wait(std::move(wait)) {}
 
@@ -25,7 +14,7 @@ bool CloudBrowser::ask(const std::function<QJsonObject()>& request, QJsonObject&
     if (!wait()) return false;
     answer = request();
     if (answer.value(QLatin1String("code")).toInt(-1) == 0) return true;
-    message = text(answer, "msg");
+    message = answer.value(QLatin1String("msg")).toString();
     if (message.isEmpty()) message = QStringLiteral("云盘的应答无法识别");
     return false;
 }
@@ -45,9 +34,9 @@ bool CloudBrowser::open(int place) {
 bool CloudBrowser::enter(const QString& name) {
     const QJsonObject node = find(name);
     message = QStringLiteral("云盘中没有文件夹“%1”").arg(name);
-    if (levels.isEmpty() || text(node, "wjlx") != QLatin1String("1")) return false;
-    Level level{name, node.value(QLatin1String("xjdata")).toArray(), text(node, "wjjid"),
-                text(node, "wjjgsqyid")};
+    if (node[u"wjlx"].toString() != QLatin1String("1")) return false;
+    Level level{name, node[u"xjdata"].toArray(), node[u"wjjid"].toString(),
+                node[u"wjjgsqyid"].toString()};
     if (disk == CompanyPlace) {
         QJsonObject answer;
         const auto request = [&] {
@@ -63,9 +52,8 @@ bool CloudBrowser::enter(const QString& name) {
 
 bool CloudBrowser::goTo(int place, const QStringList& folders) {
     CloudBrowser next(wait);
-    const bool arrived =
-        next.open(place) && std::all_of(folders.begin(), folders.end(),
-                                        [&next](const QString& name) { return next.enter(name); });
+    bool arrived = next.open(place);
+    for (const QString& name : folders) arrived = arrived && next.enter(name);
     if (arrived)
         *this = next;
     else
@@ -79,54 +67,37 @@ bool CloudBrowser::up() {
     return true;
 }
 
-bool CloudBrowser::download(const QString& name, FileChoice& into) {
+bool CloudBrowser::download(const QString& name, FileAnswer& into) {
     const QJsonObject node = find(name);
     message.clear();
     if (!wait()) return false;
     const QJsonObject copy = cloud::localCopy(name, path()).value(QLatin1String("data")).toObject();
     if (!wait()) return false;
-    const bool exists = copy.value(QLatin1String("isExist")).toBool();
-    const QJsonObject answer = cloud::download(name, text(node, "xzlj"), text(copy, "filPath"),
-                                               exists ? QStringLiteral("1") : QStringLiteral("0"));
-    const QString file = text(answer, "data");
-    if (answer.value(QLatin1String("code")).toInt(-1) != 0 || file.isEmpty()) {
-        message = text(answer, "msg");
+    const bool exists = copy[u"isExist"].toBool();
+    const QJsonObject answer =
+        cloud::download(name, node[u"xzlj"].toString(), copy[u"filPath"].toString(),
+                        exists ? QStringLiteral("1") : QStringLiteral("0"));
+    const QString file = answer[u"data"].toString();
+    if (answer[u"code"].toInt(-1) != 0 || file.isEmpty()) {
+        message = answer[u"msg"].toString();
         if (message.isEmpty()) message = QStringLiteral("云盘文件下载失败");
         return false;
     }
-    into = {file, disk, path() + zFileDialog::pathFgf + name, folderId(), enterpriseId()};
+    into = {file, disk, path() + zFileDialog::pathFgf + name, here().folderId, here().enterpriseId};
     return true;
 }
 
-QJsonArray CloudBrowser::nodes() const {
-    return levels.isEmpty() ? QJsonArray() : levels.last().nodes;
-}
-
 QJsonObject CloudBrowser::find(const QString& name) const {
-    if (levels.isEmpty()) return {};
-    for (const QJsonValue& node : levels.last().nodes) {
-        const QJsonObject object = node.toObject();
-        if (text(object, "wjjmc") == name && !name.isEmpty()) return object;
-    }
+    const QJsonArray list = nodes();
+    for (const QJsonValue& node : list)
+        if (node[u"wjjmc"].toString() == name && !name.isEmpty()) return node.toObject();
     return {};
-}
-
-QString CloudBrowser::name() const {
-    return levels.isEmpty() ? QString() : levels.last().name;
 }
 
 QString CloudBrowser::path() const {
     QStringList names;
     for (const Level& level : levels) names.append(level.name);
     return names.join(zFileDialog::pathFgf);
-}
-
-QString CloudBrowser::folderId() const {
-    return levels.isEmpty() ? QString() : levels.last().folderId;
-}
-
-QString CloudBrowser::enterpriseId() const {
-    return levels.isEmpty() ? QString() : levels.last().enterpriseId;
 }
 
 }  // namespace workbench

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QStringList>
 #include <QVector>
 #include <functional>
 
 #include "workbench/base/WorkbenchApi.h"
-#include "workbench/hostlibs/fileDialog/FileChoice.h"
+#include "workbench/hostlibs/common/Switches.h"
 
 namespace workbench {
 
@@ -28,20 +29,19 @@ class WORKBENCH_API CloudBrowser {
     bool up();
     /// Copies a file of the present folder to its local place.
     /// @return false when the service refused or the user gave up; see `error`.
-    bool download(const QString& name, FileChoice& into);
+    bool download(const QString& name, FileAnswer& into);
     bool canGoUp() const { return levels.size() > 1; }
 
     /// @return the nodes of the present folder as the service sent them.
-    QJsonArray nodes() const;
+    QJsonArray nodes() const { return here().nodes; }
     /// @return the node of this name in the present folder; empty where there is none.
     QJsonObject find(const QString& name) const;
     /// @return the name of the present folder; at the top, of the disk.
-    QString name() const;
+    QString name() const { return here().name; }
     /// @return disk and folders joined by the host's separator.
     QString path() const;
     int place() const { return disk; }
-    QString folderId() const;
-    QString enterpriseId() const;
+    QString folderId() const { return here().folderId; }
     /// @return what the service said of the last failure; empty when the user gave up.
     QString error() const { return message; }
 
@@ -52,6 +52,7 @@ class WORKBENCH_API CloudBrowser {
         QString folderId;
         QString enterpriseId;
     };
+    Level here() const { return levels.value(levels.size() - 1); }
     bool open(int place);
     bool ask(const std::function<QJsonObject()>& request, QJsonObject& answer);
 

@@ -45,14 +45,12 @@ QJsonObject served(Operation&& operation) {
     return mode.broken ? damaged(right) : right;
 }
 
-bool isPlainName(const QString& name) {
-    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..")) return false;
-    return !name.contains(slash) && !name.contains(QLatin1Char('\\')) &&
-           !name.contains(QChar::Null);
-}
-
 bool arePlainNames(const QStringList& names) {
-    return std::all_of(names.begin(), names.end(), isPlainName);
+    return std::all_of(names.begin(), names.end(), [](const QString& name) {
+        return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..") &&
+               !name.contains(slash) && !name.contains(QLatin1Char('\\')) &&
+               !name.contains(QChar::Null);
+    });
 }
 
 bool isBelow(const QString& path, const QString& folder) {

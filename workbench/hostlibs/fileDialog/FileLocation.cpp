@@ -2,10 +2,8 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QJsonObject>
 
 #include "fileDialog.h"
-#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 #include "workbench/projects/fileKind.h"
@@ -30,10 +28,6 @@ QString projectFolder() {
 
 FileLocation::FileLocation(bool withClouds, std::function<bool()> wait)
     : withClouds(withClouds), cloud(std::move(wait)) {}
-
-bool FileLocation::isCloud() const {
-    return isCloudPlace(shown);
-}
 
 bool FileLocation::fail(const QString& why) {
     message = why;
@@ -95,7 +89,7 @@ bool FileLocation::up() {
     return true;
 }
 
-bool FileLocation::download(const QString& name, FileChoice& into) {
+bool FileLocation::download(const QString& name, FileAnswer& into) {
     if (!loggedIn()) return fail(QString());
     return cloud.download(name, into) || fail(cloud.error());
 }

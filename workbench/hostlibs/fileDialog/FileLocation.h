@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/base/WorkbenchApi.h"
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/hostlibs/fileDialog/FileListModel.h"
 
@@ -32,13 +33,13 @@ class WORKBENCH_API FileLocation {
     bool enter(const QString& name);
     bool up();
     /// Brings a file of the present cloud folder here.
-    bool download(const QString& name, FileChoice& into);
+    bool download(const QString& name, FileAnswer& into);
 
     /// @return what there is to see since the last step.
     Listing listing() const;
     QString error() const { return message; }
     int place() const { return shown; }
-    bool isCloud() const;
+    bool isCloud() const { return isCloudPlace(shown); }
     /// @return the local folder shown last.
     QString folder() const { return local; }
     /// @return the node of this name in the present cloud folder; empty where there is none.

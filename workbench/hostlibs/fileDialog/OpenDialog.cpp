@@ -1,13 +1,16 @@
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QJsonObject>
 #include <QPointer>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
-#include "workbench/hostlibs/fileDialog/CloudWait.h"
+#include "workbench/hostlibs/fileDialog/CloudDisk.h"
 #include "workbench/hostlibs/fileDialog/FileLocation.h"
 #include "workbench/hostlibs/fileDialog/OpenDialogView.h"
 
@@ -30,20 +33,16 @@ QString captionOf(const FileRequest& request) {
     return request.wantsFolder() ? QStringLiteral("打开文件夹") : QStringLiteral("打开文件");
 }
 
-std::shared_ptr<FileLocation> locationFor(const FileRequest& request, CloudWait* cloudWait) {
-    const auto wait = [cloudWait = QPointer<CloudWait>(cloudWait)] {
-        return cloudWait && cloudWait->wait();
-    };
-    return std::make_shared<FileLocation>(request.allowsClouds(), wait);
-}
+enum Ending { Answered, GivenUp };
 
 }  // namespace
 
 OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
     : zTitleModal(parent),
       request(request),
-      cloudWait(new CloudWait(this)),
-      location(locationFor(request, cloudWait)),
+      location(std::make_shared<FileLocation>(
+          request.allowsClouds(),
+          [self = QPointer<OpenDialog>(this)] { return self && self->wait(); })),
       view(new OpenDialogView(request, this)) {
     SetCaption(captionOf(request));
     auto* layout = new QVBoxLayout(this);
@@ -55,20 +54,41 @@ OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
     start();
 }
 
-OpenDialog::~OpenDialog() = default;
-
-FileChoice OpenDialog::ask(QWidget* parent, const FileRequest& request) {
+FileAnswer OpenDialog::ask(QWidget* parent, const FileRequest& request) {
     const QPointer<OpenDialog> dialog(new OpenDialog(parent, request));
     dialog->setWindowModality(request.modal ? Qt::ApplicationModal : Qt::WindowModal);
     const int result = dialog->exec();
     if (!dialog) return {};
-    const FileChoice choice = result == Accepted ? dialog->choice() : FileChoice();
+    const FileAnswer choice = result == Accepted ? dialog->choice() : FileAnswer();
     delete dialog;
     return choice;
 }
 
+/// Lets the time of one answer of the cloud pass while the window lives on.
+/// @return whether the answer is there. False when the user gave up, while another answer is on its
+///         way, and when the dialog was deleted meanwhile.
+bool OpenDialog::wait() {
+    if (!Host::instance().switches().cloud.slow) return true;
+    if (waiting) return false;
+    const QPointer<OpenDialog> self(this);
+    QEventLoop loop;
+    QTimer::singleShot(cloud::slowAnswerMs, Qt::PreciseTimer, &loop,
+                       [&loop] { loop.exit(Answered); });
+    connect(this, &QObject::destroyed, &loop, [&loop] { loop.exit(GivenUp); });
+    waiting = &loop;
+    view->setBusy(true);
+    const int ending = loop.exec();
+    if (!self) return false;
+    waiting = nullptr;
+    view->setBusy(false);
+    return ending == Answered;
+}
+
+void OpenDialog::giveUp() {
+    if (waiting) waiting->exit(GivenUp);
+}
+
 void OpenDialog::connectView() {
-    connect(cloudWait, &CloudWait::busyChanged, view, &OpenDialogView::setBusy);
     connect(view, &OpenDialogView::placeWanted, this,
             [this](int place) { go([place](FileLocation& to) { return to.goTo(place); }); });
     connect(view, &OpenDialogView::upWanted, this,
@@ -82,12 +102,7 @@ void OpenDialog::connectView() {
         confirm();
     });
     connect(view, &OpenDialogView::confirmed, this, &OpenDialog::confirm);
-    connect(view, &OpenDialogView::cancelled, this, [this] {
-        if (cloudWait->isWaiting())
-            cloudWait->giveUp();
-        else
-            reject();
-    });
+    connect(view, &OpenDialogView::cancelled, this, [this] { waiting ? giveUp() : reject(); });
 }
 
 void OpenDialog::start() {
@@ -100,7 +115,7 @@ void OpenDialog::start() {
 }
 
 void OpenDialog::done(int result) {
-    cloudWait->giveUp();
+    giveUp();
     zTitleModal::done(result);
 }
 
@@ -155,14 +170,14 @@ void OpenDialog::confirmCloud(const QString& name) {
 void OpenDialog::download(const QString& name) {
     const QPointer<OpenDialog> self(this);
     const std::shared_ptr<FileLocation> from = location;
-    FileChoice choice;
+    FileAnswer choice;
     const bool arrived = from->download(name, choice);
     if (!self) return;
     if (!arrived) return view->tell(from->error());
     choose(choice);
 }
 
-void OpenDialog::choose(const FileChoice& choice) {
+void OpenDialog::choose(const FileAnswer& choice) {
     chosen = choice;
     done(Accepted);
 }

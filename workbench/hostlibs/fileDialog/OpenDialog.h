@@ -4,12 +4,14 @@
 #include <memory>
 
 #include "workbench/base/WorkbenchApi.h"
-#include "workbench/hostlibs/fileDialog/FileChoice.h"
+#include "workbench/hostlibs/common/Switches.h"
+#include "workbench/hostlibs/fileDialog/FileRequest.h"
 #include "zControl.h"
+
+class QEventLoop;
 
 namespace workbench {
 
-class CloudWait;
 class FileLocation;
 class OpenDialogView;
 
@@ -20,16 +22,17 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
     Q_OBJECT
   public:
     OpenDialog(QWidget* parent, const FileRequest& request);
-    ~OpenDialog() override;
 
     /// Shows the dialog until it closes. @return the choice; a cancelled one when the dialog was
     ///         deleted with its parent meanwhile.
-    static FileChoice ask(QWidget* parent, const FileRequest& request);
+    static FileAnswer ask(QWidget* parent, const FileRequest& request);
 
-    const FileChoice& choice() const { return chosen; }
+    const FileAnswer& choice() const { return chosen; }
     void done(int result) override;
 
   private:
+    bool wait();
+    void giveUp();
     void connectView();
     void start();
     template <typename Step>
@@ -40,11 +43,11 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
     void confirmLocal(const QString& name);
     void confirmCloud(const QString& name);
     void download(const QString& name);
-    void choose(const FileChoice& choice);
+    void choose(const FileAnswer& choice);
 
     const FileRequest request;
-    FileChoice chosen;
-    CloudWait* cloudWait;
+    FileAnswer chosen;
+    QEventLoop* waiting = nullptr;           ///< While a cloud disk lets one wait.
     std::shared_ptr<FileLocation> location;  ///< A step may outlive the dialog.
     OpenDialogView* view;
 };

@@ -54,9 +54,10 @@ Layout* plainLayout(QWidget* widget, int spacing) {
     return layout;
 }
 
-QLineEdit* field(const char* name, QWidget* parent) {
+QLineEdit* field(const char* name, const QString& nameForReaders, QWidget* parent) {
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
+    edit->setAccessibleName(nameForReaders);
     edit->setFixedHeight(scaled(fieldHeight));
     return edit;
 }
@@ -78,7 +79,6 @@ OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
     right->addWidget(fileList(), 1);
     right->addWidget(nameRow());
     right->addWidget(buttonRow());
-    nameForReaders();
     applyColours();
     connectWidgets();
     setFocusProxy(list);
@@ -97,6 +97,8 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
         place->setCheckable(true);
         place->setCheckedBackColorEnabled(true);
         place->setFixedHeight(scaled(34));
+        connect(place, &QPushButton::clicked, this,
+                [this, entry] { Q_EMIT placeWanted(entry.place); });
         layout->addWidget(place);
         places.append(place);
     }
@@ -109,7 +111,7 @@ QWidget* OpenDialogView::pathRow() {
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", QStringLiteral("上一级"), row);
     upButton->setFixedSize(scaled(72), scaled(fieldHeight));
-    pathField = field("pathField", row);
+    pathField = field("pathField", QStringLiteral("路径"), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
     return row;
@@ -120,6 +122,7 @@ QWidget* OpenDialogView::fileList() {
     model->setFilter(filter, foldersWanted);
     list = new QTreeView(this);
     list->setObjectName(QStringLiteral("fileList"));
+    list->setAccessibleName(QStringLiteral("文件列表"));
     list->setModel(model);
     list->setRootIsDecorated(false);
     list->setItemsExpandable(false);
@@ -146,17 +149,19 @@ QWidget* OpenDialogView::fileList() {
 QWidget* OpenDialogView::nameRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
-    nameLabel = new zBaseLabel(
-        foldersWanted ? QStringLiteral("文件夹：") : QStringLiteral("文件名："), row);
-    nameField = field("nameField", row);
+    const QString name = foldersWanted ? QStringLiteral("文件夹") : QStringLiteral("文件名");
+    auto* label = new zBaseLabel(name + QStringLiteral("："), row);
+    nameField = field("nameField", foldersWanted ? QStringLiteral("文件夹名") : name, row);
+    label->setBuddy(nameField);
     if (foldersWanted) nameField->setPlaceholderText(QStringLiteral("当前文件夹"));
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
+    filterBox->setAccessibleName(QStringLiteral("文件类型"));
     filterBox->setFixedSize(scaled(240), scaled(fieldHeight));
     filterBox->setVisible(!foldersWanted);
     filterBox->addItem(filter.text());
     if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());
-    layout->addWidget(nameLabel);
+    layout->addWidget(label);
     layout->addWidget(nameField, 1);
     layout->addWidget(filterBox);
     return row;
@@ -167,6 +172,7 @@ QWidget* OpenDialogView::buttonRow() {
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     messageLabel = new zBaseLabel(row);
     messageLabel->setObjectName(QStringLiteral("messageLabel"));
+    messageLabel->setAccessibleName(QStringLiteral("提示"));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
@@ -177,16 +183,6 @@ QWidget* OpenDialogView::buttonRow() {
     layout->addWidget(openButton);
     layout->addWidget(cancelButton);
     return row;
-}
-
-void OpenDialogView::nameForReaders() {
-    pathField->setAccessibleName(QStringLiteral("路径"));
-    list->setAccessibleName(QStringLiteral("文件列表"));
-    nameField->setAccessibleName(foldersWanted ? QStringLiteral("文件夹名")
-                                               : QStringLiteral("文件名"));
-    filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    messageLabel->setAccessibleName(QStringLiteral("提示"));
-    nameLabel->setBuddy(nameField);
 }
 
 void OpenDialogView::applyColours() {
@@ -212,10 +208,6 @@ void OpenDialogView::applyColours() {
 }
 
 void OpenDialogView::connectWidgets() {
-    for (zBaseButton* button : qAsConst(places)) {
-        connect(button, &QPushButton::clicked, this,
-                [this, button] { Q_EMIT placeWanted(button->property("place").toInt()); });
-    }
     connect(upButton, &QPushButton::clicked, this, &OpenDialogView::upWanted);
     connect(list, &QTreeView::doubleClicked, this,
             [this](const QModelIndex& index) { activate(index.row()); });
@@ -275,7 +267,8 @@ void OpenDialogView::showListing(const Listing& listing, int place) {
     canGoUp = listing.canGoUp;
     upButton->setEnabled(canGoUp);
     markPlace(place);
-    select(listing.selected);
+    const int row = model->rowOf(listing.selected);
+    if (row >= 0) selectRow(row);
 }
 
 void OpenDialogView::markPlace(int place) {
@@ -299,11 +292,6 @@ const FileEntry* OpenDialogView::selected() const {
 int OpenDialogView::selectedRow() const {
     const QModelIndexList rows = list->selectionModel()->selectedRows();
     return rows.isEmpty() ? -1 : rows.first().row();
-}
-
-void OpenDialogView::select(const QString& name) {
-    const int row = name.isEmpty() ? -1 : model->rowOf(name);
-    if (row >= 0) selectRow(row);
 }
 
 void OpenDialogView::selectRow(int row) {

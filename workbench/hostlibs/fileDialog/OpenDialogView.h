@@ -3,9 +3,9 @@
 
 #include <QWidget>
 
-#include "workbench/hostlibs/fileDialog/FileChoice.h"
 #include "workbench/hostlibs/fileDialog/FileFilter.h"
 #include "workbench/hostlibs/fileDialog/FileLocation.h"
+#include "workbench/hostlibs/fileDialog/FileRequest.h"
 #include "zBaseControl.h"
 
 class QLineEdit;
@@ -49,13 +49,11 @@ class OpenDialogView : public QWidget {
     QWidget* fileList();
     QWidget* nameRow();
     QWidget* buttonRow();
-    void nameForReaders();
     void applyColours();
     void connectWidgets();
     bool listKey(int key);
     void activate(int row);
     void showSelection();
-    void select(const QString& name);
     void selectRow(int row);
     int selectedRow() const;
 
@@ -67,7 +65,6 @@ class OpenDialogView : public QWidget {
     zBaseButton* upButton = nullptr;
     QLineEdit* pathField = nullptr;
     QTreeView* list = nullptr;
-    zBaseLabel* nameLabel = nullptr;
     QLineEdit* nameField = nullptr;
     zBaseCombox* filterBox = nullptr;
     zBaseLabel* messageLabel = nullptr;

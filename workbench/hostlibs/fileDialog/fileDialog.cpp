@@ -1,6 +1,5 @@
 #include "fileDialog.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QWidget>
 
@@ -13,25 +12,18 @@
 
 namespace {
 
-using workbench::FileChoice;
+using workbench::FileAnswer;
 using workbench::Journal;
 using workbench::journalled;
 
-FileChoice preparedChoice() {
-    QVector<workbench::FileAnswer>& answers = workbench::Host::instance().switches().fileAnswers;
-    if (answers.isEmpty()) return {};
-    const workbench::FileAnswer answer = answers.takeFirst();
-    FileChoice choice;
-    if (answer.cancel) return choice;
-    choice.path = answer.path;
-    choice.place = answer.place;
-    choice.cloudPath = answer.cloudPath;
-    return choice;
+FileAnswer preparedAnswer() {
+    QVector<FileAnswer>& answers = workbench::Host::instance().switches().fileAnswers;
+    return answers.isEmpty() ? FileAnswer() : answers.takeFirst();
 }
 
 /// Keeps the record of a choice. A cancelled dialog leaves the one before. The copy of a cloud file
 /// lies among the downloads, where nobody wants the next dialog to open.
-void keep(const FileChoice& choice, bool remember) {
+void keep(const FileAnswer& choice, bool remember) {
     if (choice.path.isEmpty()) return;
     workbench::FileDialogState& state = workbench::fileDialogState();
     const bool cloud = workbench::isCloudPlace(choice.place);
@@ -91,8 +83,8 @@ QString zFileDialog::getOpenFileName(QWidget* parent, QString folder, QStringLis
                           static_cast<int>(type)};
     return journalled("zFileDialog::getOpenFileName", args, [&] {
         const bool prepared = workbench::Host::instance().switches().fileDialogPrepared;
-        const FileChoice choice =
-            prepared ? preparedChoice()
+        const FileAnswer choice =
+            prepared ? preparedAnswer()
                      : workbench::OpenDialog::ask(
                            parent, {folder, filters, mode, caption, modal, selected, type});
         keep(choice, remember);

@@ -1,4 +1,4 @@
-/// What the file dialog is asked for, and what it answers.
+/// What the file dialog is asked for.
 #pragma once
 
 #include <QStringList>
@@ -19,15 +19,6 @@ struct FileRequest {
 
     bool wantsFolder() const { return type == OpenFolder; }
     bool allowsClouds() const { return mode != 0; }
-};
-
-/// What the user chose. An empty path means cancelled.
-struct FileChoice {
-    QString path;
-    int place = 0;
-    QString cloudPath;
-    QString folderId;
-    QString enterpriseId;
 };
 
 }  // namespace workbench
