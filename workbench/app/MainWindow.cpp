@@ -60,10 +60,7 @@ QCheckBox::indicator:unchecked{background:@field;border:1px solid @border;border
 }  // namespace
 
 MainWindow::MainWindow()
-    : projects(new ProjectPanel),
-      tools(new QToolBar(QStringLiteral("工具栏"))),
-      count(new QLabel),
-      place(new QLabel) {
+    : projects(new ProjectPanel), tools(new QToolBar(QStringLiteral("工具栏"))), count(new QLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
     setCentralWidget(projects);
     makeActions();
@@ -82,10 +79,11 @@ MainWindow::MainWindow()
     resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
 }
 
-MainWindow::~MainWindow() = default;
-
-QAction* MainWindow::addAction(const QString& text, const char* picture, const char* objectName) {
+QAction* MainWindow::addAction(const QString& text, const char* picture, const char* objectName,
+                               const char* shortcut, const std::function<void()>& work) {
     auto* action = new QAction(text, this);
+    action->setShortcut(QKeySequence(QLatin1String(shortcut)));
+    connect(action, &QAction::triggered, this, work);
     action->setObjectName(QLatin1String(objectName));
     action->setProperty(pictureProperty,
                         QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(picture)));
@@ -94,23 +92,22 @@ QAction* MainWindow::addAction(const QString& text, const char* picture, const c
 }
 
 void MainWindow::makeActions() {
-    QAction* fresh = addAction(QStringLiteral("新建工程"), "new", "newProjectAction");
-    fresh->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
+    QAction* fresh = addAction(QStringLiteral("新建工程"), "new", "newProjectAction", "Ctrl+N",
+                               [this] { newProject(); });
     fresh->setToolTip(QStringLiteral("新建工程（Ctrl+N）"));
-    QAction* choose = addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction");
-    choose->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+N")));
+    QAction* choose = addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction",
+                                "Ctrl+Shift+N", [this] { chooseKind(); });
     tools->addSeparator();
-    QAction* folder = addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction");
-    QAction* refresh = addAction(QStringLiteral("刷新"), "file", "refreshAction");
-    refresh->setShortcut(QKeySequence(QStringLiteral("F5")));
-    QAction* skin = addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction");
-    connect(fresh, &QAction::triggered, this, [this] { newProject(); });
-    connect(choose, &QAction::triggered, this, &MainWindow::chooseKind);
-    connect(refresh, &QAction::triggered, projects, &ProjectPanel::refresh);
-    connect(skin, &QAction::triggered, this, &MainWindow::toggleSkin);
-    connect(folder, &QAction::triggered, this, [] {
-        QDesktopServices::openUrl(
-            QUrl::fromLocalFile(Host::instance().installation().projectFolder()));
+    QAction* folder =
+        addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction", "", [] {
+            QDesktopServices::openUrl(
+                QUrl::fromLocalFile(Host::instance().installation().projectFolder()));
+        });
+    QAction* refresh = addAction(QStringLiteral("刷新"), "file", "refreshAction", "F5",
+                                 [this] { projects->refresh(); });
+    QAction* skin = addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction", "", [] {
+        Host& host = Host::instance();
+        host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
     });
     tools->setObjectName(QStringLiteral("tools"));
     tools->setMovable(false);
@@ -152,9 +149,8 @@ void MainWindow::makeDocks() {
 void MainWindow::makeStatusBar() {
     count->setObjectName(QStringLiteral("projectCount"));
     statusBar()->addPermanentWidget(count);
-    statusBar()->addPermanentWidget(place);
-    place->setText(QStringLiteral("安装目录：%1")
-                       .arg(QDir::toNativeSeparators(Host::instance().installation().folder)));
+    const QString folder = QDir::toNativeSeparators(Host::instance().installation().folder);
+    statusBar()->addPermanentWidget(new QLabel(QStringLiteral("安装目录：") + folder));
 }
 
 void MainWindow::adaptToLook() {
@@ -170,11 +166,6 @@ void MainWindow::adaptToLook() {
         if (!picture.isEmpty())
             action->setIcon(pixmapOf(skinPicture(picture), {side, side}, devicePixelRatioF()));
     }
-}
-
-void MainWindow::toggleSkin() {
-    Host& host = Host::instance();
-    host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
 }
 
 void MainWindow::newProject(const QString& kind) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 
 #include "workbench/hostlibs/common/ProjectStore.h"
 
@@ -9,14 +10,12 @@ class QLabel;
 
 namespace workbench {
 
-class HostPanel;
 class ProjectPanel;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
   public:
     MainWindow();
-    ~MainWindow() override;
 
     /// Opens the dialog "新建工程" and returns when it has closed.
     /// @param kind ribbon entry to start with; empty for the dialog's own.
@@ -26,11 +25,11 @@ class MainWindow : public QMainWindow {
 
   private:
     void makeActions();
-    QAction* addAction(const QString& text, const char* picture, const char* objectName);
+    QAction* addAction(const QString& text, const char* picture, const char* objectName,
+                       const char* shortcut, const std::function<void()>& work);
     void makeDocks();
     void makeStatusBar();
     void adaptToLook();
-    void toggleSkin();
     void showCreated(const QString& path);
     void showCount();
 
@@ -38,7 +37,6 @@ class MainWindow : public QMainWindow {
     ProjectPanel* projects;
     QToolBar* tools;
     QLabel* count;
-    QLabel* place;
 };
 
 }  // namespace workbench

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPlainTextEdit>
-#include <QSplitter>
 #include <QTreeWidget>
 
 #include "workbench/hostlibs/common/Host.h"
@@ -23,6 +22,13 @@ enum Column { Name, Kind, Created, ColumnCount };
 
 const int pathRole = Qt::UserRole;
 const int isProjectRole = Qt::UserRole + 1;
+
+/// Captions and object names of what is told of a project.
+const std::pair<const char*, const char*> factNames[] = {{"类型：", "detailKind"},
+                                                         {"创建时间：", "detailCreated"},
+                                                         {"说明：", "detailSummary"},
+                                                         {"来源：", "detailSource"},
+                                                         {"文件：", "detailFile"}};
 
 QString timeText(const QDateTime& time) {
     return time.isValid() ? time.toString(QStringLiteral("yyyy-MM-dd hh:mm")) : QString();
@@ -54,7 +60,7 @@ QTreeWidgetItem* rowOf(const QFileInfo& file) {
 
 }  // namespace
 
-ProjectPanel::ProjectPanel(QWidget* parent) : QWidget(parent), list(new QTreeWidget) {
+ProjectPanel::ProjectPanel(QWidget* parent) : QSplitter(parent), list(new QTreeWidget) {
     list->setObjectName(QStringLiteral("projectList"));
     list->setAccessibleName(QStringLiteral("工程列表"));
     list->setHeaderLabels(
@@ -64,15 +70,11 @@ ProjectPanel::ProjectPanel(QWidget* parent) : QWidget(parent), list(new QTreeWid
     list->setFrameShape(QFrame::NoFrame);
     list->setSortingEnabled(true);
     list->sortByColumn(Created, Qt::DescendingOrder);
-    auto* splitter = new QSplitter;
-    splitter->addWidget(list);
-    splitter->addWidget(makeDetails());
-    splitter->setStretchFactor(0, 3);
-    splitter->setStretchFactor(1, 2);
-    splitter->setChildrenCollapsible(false);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(splitter);
+    addWidget(list);
+    addWidget(makeDetails());
+    setStretchFactor(0, 3);
+    setStretchFactor(1, 2);
+    setChildrenCollapsible(false);
     connect(list, &QTreeWidget::currentItemChanged, this, &ProjectPanel::showDetails);
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
@@ -89,11 +91,13 @@ QWidget* ProjectPanel::makeDetails() {
     title->setWordWrap(true);
     layout->addWidget(title);
     auto* form = new QFormLayout;
-    kind = addFact(form, QStringLiteral("类型"), "detailKind");
-    created = addFact(form, QStringLiteral("创建时间"), "detailCreated");
-    summary = addFact(form, QStringLiteral("说明"), "detailSummary");
-    source = addFact(form, QStringLiteral("来源"), "detailSource");
-    file = addFact(form, QStringLiteral("文件"), "detailFile");
+    for (const auto& [caption, name] : factNames) {
+        facts.append(new QLabel);
+        facts.last()->setObjectName(QLatin1String(name));
+        facts.last()->setWordWrap(true);
+        facts.last()->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        form->addRow(QString::fromUtf8(caption), facts.last());
+    }
     layout->addLayout(form);
     layout->addWidget(new QLabel(QStringLiteral("创建请求")));
     request = new QPlainTextEdit;
@@ -103,15 +107,6 @@ QWidget* ProjectPanel::makeDetails() {
     request->setLineWrapMode(QPlainTextEdit::NoWrap);
     layout->addWidget(request, 1);
     return details;
-}
-
-QLabel* ProjectPanel::addFact(QFormLayout* form, const QString& caption, const char* objectName) {
-    auto* value = new QLabel;
-    value->setObjectName(QLatin1String(objectName));
-    value->setWordWrap(true);
-    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    form->addRow(caption + QStringLiteral("："), value);
-    return value;
 }
 
 void ProjectPanel::adaptToScale() {
@@ -165,11 +160,11 @@ void ProjectPanel::showDetails() {
     QString error;
     const auto project = path.isEmpty() ? std::nullopt : ProjectFile::read(path, &error);
     title->setText(item ? QFileInfo(path).completeBaseName() : QStringLiteral("还没有工程"));
-    kind->setText(project ? project->kind() : error);
-    created->setText(project ? timeText(project->created) : QString());
-    summary->setText(project ? project->summary() : QString());
-    source->setText(project ? sourceText(project->source) : QString());
-    file->setText(QDir::toNativeSeparators(path));
+    QStringList texts = project ? QStringList{project->kind(), timeText(project->created),
+                                              project->summary(), sourceText(project->source)}
+                                : QStringList{error, {}, {}, {}};
+    texts.append(QDir::toNativeSeparators(path));
+    for (int i = 0; i < facts.size(); ++i) facts[i]->setText(texts[i]);
     request->setPlainText(project ? QString::fromUtf8(QJsonDocument(project->request).toJson())
                                   : QString());
 }

@@ -2,16 +2,15 @@
 #pragma once
 
 #include <QFileSystemWatcher>
-#include <QWidget>
+#include <QSplitter>
 
-class QFormLayout;
 class QLabel;
 class QPlainTextEdit;
 class QTreeWidget;
 
 namespace workbench {
 
-class ProjectPanel : public QWidget {
+class ProjectPanel : public QSplitter {
     Q_OBJECT
   public:
     explicit ProjectPanel(QWidget* parent = nullptr);
@@ -29,17 +28,12 @@ class ProjectPanel : public QWidget {
 
   private:
     QWidget* makeDetails();
-    QLabel* addFact(QFormLayout* form, const QString& caption, const char* objectName);
     void adaptToScale();
     void showDetails();
 
     QTreeWidget* list;
     QLabel* title = nullptr;
-    QLabel* kind = nullptr;
-    QLabel* created = nullptr;
-    QLabel* summary = nullptr;
-    QLabel* source = nullptr;
-    QLabel* file = nullptr;
+    QVector<QLabel*> facts;
     QPlainTextEdit* request = nullptr;
     QFileSystemWatcher watcher;
 };

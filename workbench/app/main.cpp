@@ -72,18 +72,6 @@ int showWindow(const CommandLine& line) {
     return QApplication::exec();
 }
 
-int run(const CommandLine& line) {
-    switch (line.command) {
-        case Command::Play:
-            return workbench::playFiles(line);
-        case Command::Tour:
-            return workbench::playTour(line);
-        case Command::Window:
-            break;
-    }
-    return showWindow(line);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -100,7 +88,8 @@ int main(int argc, char** argv) {
         return wrong(workbench::Journal::instance().fileError());
     workbench::removeAbandonedCopies();
     workbench::applySkin();
-    const int result = run(line);
+    const int result =
+        line.command == Command::Window ? showWindow(line) : workbench::playScenarios(line);
     const QString unwritten = workbench::Journal::instance().fileError();
     return unwritten.isEmpty() ? result : wrong(unwritten);
 }

@@ -13,14 +13,10 @@ namespace {
 
 const int widestLine = 180;
 
-void printTo(std::FILE* stream, const QString& line) {
+void print(const QString& line, std::FILE* stream = stdout) {
     const QByteArray text = line.toUtf8() + '\n';
     std::fwrite(text.constData(), 1, size_t(text.size()), stream);
     std::fflush(stream);
-}
-
-void print(const QString& line) {
-    printTo(stdout, line);
 }
 
 QString shortened(const QString& line) {
@@ -42,6 +38,17 @@ PlayOptions optionsOf(const CommandLine& line) {
     options.watch = line.watch;
     options.host = line.host;
     return options;
+}
+
+/// @return whether there is a tour.
+bool fillInTour(CommandLine& tour) {
+    if (tour.pictures.isEmpty())
+        tour.pictures = QDir::current().absoluteFilePath(QStringLiteral("pictures"));
+    const QDir folder(scenarioFolder());
+    for (const QString& name : folder.entryList({QStringLiteral("tour-*.json")}, QDir::Files))
+        tour.files.append(folder.absoluteFilePath(name));
+    if (tour.files.isEmpty()) complain(QStringLiteral("%1: no tour-*.json").arg(folder.path()));
+    return !tour.files.isEmpty();
 }
 
 /// Reads all files before the first is played: a wrong one is no reason to stop half-way.
@@ -73,6 +80,10 @@ int reported(const Scenario& scenario, const PlayResult& result) {
     return result.asExpected() ? 0 : 1;
 }
 
+void printTitle(const QString& title) {
+    print(QStringLiteral("\n%1\n%2").arg(title, QString(columnsOf(title), QLatin1Char('-'))));
+}
+
 void printJournal(const PlayResult& result) {
     for (const QJsonObject& entry : result.journal)
         print(shortened(entryLine(entry).replace(result.folder, QLatin1String("{installation}"))));
@@ -81,44 +92,26 @@ void printJournal(const PlayResult& result) {
 }  // namespace
 
 void complain(const QString& line) {
-    printTo(stderr, line);
+    print(line, stderr);
 }
 
-int playFiles(const CommandLine& line) {
+int playScenarios(CommandLine line) {
+    const bool tour = line.command == Command::Tour;
+    if (tour && !fillInTour(line)) return 2;
     QVector<Scenario> scenarios;
     if (!readAll(line.files, scenarios)) return 2;
     const PlayOptions options = optionsOf(line);
     int worst = 0;
-    for (const Scenario& scenario : scenarios)
-        worst = qMax(worst, reported(scenario, play(scenario, options)));
-    return worst;
-}
-
-int playTour(const CommandLine& line) {
-    CommandLine tour = line;
-    if (tour.pictures.isEmpty())
-        tour.pictures = QDir::current().absoluteFilePath(QStringLiteral("pictures"));
-    const QDir folder(scenarioFolder());
-    for (const QString& name : folder.entryList({QStringLiteral("tour-*.json")}, QDir::Files))
-        tour.files.append(folder.absoluteFilePath(name));
-    QVector<Scenario> scenarios;
-    if (!readAll(tour.files, scenarios)) return 2;
-    if (scenarios.isEmpty()) {
-        complain(QStringLiteral("%1: no tour-*.json").arg(folder.path()));
-        return 2;
-    }
-    const PlayOptions options = optionsOf(tour);
-    int worst = 0;
     QStringList pictures;
     for (const Scenario& scenario : scenarios) {
-        print(QStringLiteral("\n%1\n%2")
-                  .arg(scenario.title, QString(columnsOf(scenario.title), QLatin1Char('-'))));
+        if (tour) printTitle(scenario.title);
         const PlayResult result = play(scenario, options);
-        printJournal(result);
+        if (tour) printJournal(result);
         worst = qMax(worst, reported(scenario, result));
         pictures += result.pictures;
     }
-    print(QStringLiteral("\n%1 pictures in %2").arg(pictures.size()).arg(tour.pictures));
+    if (!tour) return worst;
+    print(QStringLiteral("\n%1 pictures in %2").arg(pictures.size()).arg(line.pictures));
     for (const QString& picture : pictures) print(QStringLiteral("  ") + picture);
     return worst;
 }

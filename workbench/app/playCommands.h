@@ -8,11 +8,8 @@ namespace workbench {
 /// Prints a line to the standard error. A text that holds a NUL is printed beyond it.
 void complain(const QString& line);
 
-/// Plays the files one after the other and prints what differs.
+/// Plays the files, or the tour, and prints what differs; of the tour, every journal entry as well.
 /// @return 0: all as expected; 1: something differs or a scenario ended early; 2: a file is wrong.
-int playFiles(const CommandLine& line);
-
-/// Plays the tour and prints every journal entry. @return as playFiles.
-int playTour(const CommandLine& line);
+int playScenarios(CommandLine line);
 
 }  // namespace workbench
