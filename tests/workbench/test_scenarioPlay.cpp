@@ -4,6 +4,7 @@
 
 #include "tests/workbench/ScenarioFixture.h"
 #include "tests/workbench/TemporaryFolders.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/scenario/Watchdog.h"
 #include "workbench/scenario/hostDialog.h"
 #include "workbench/scenario/slotCall.h"

@@ -1,12 +1,10 @@
 #include "workbench/scenario/Player.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QTimer>
 #include <exception>
 
 #include "workbench/journal/Journal.h"
-#include "workbench/scenario/Watchdog.h"
 #include "workbench/scenario/judge.h"
 #include "workbench/scenario/targets.h"
 #include "workbench/scenario/verbs.h"
@@ -25,8 +23,6 @@ Player::Player(const Scenario& scenario, const PlayOptions& options, Stage& stag
     stage.opened = [this](NewProCfgDialog* dialog) { watchDialog(dialog); };
 }
 
-Player::~Player() = default;
-
 QString Player::run() {
     watchdog = std::make_unique<Watchdog>(
         std::chrono::milliseconds(options.stepLimit + options.hangLimit), stage.folder);
@@ -36,12 +32,6 @@ QString Player::run() {
     loop.exec();
     watchdog.reset();
     return reason;
-}
-
-void Player::scheduleNext() {
-    const bool freshStep = !planning;
-    const int pause = options.watch && freshStep ? personPaceMs : 0;
-    QTimer::singleShot(pause, this, &Player::tick);
 }
 
 bool Player::mustWait() const {
@@ -101,7 +91,7 @@ void Player::giveUp(const QString& why, bool late) {
 void Player::perform(const Plan& plan) {
     planning = plan.then;
     busy.append(topWindow());
-    scheduleNext();
+    QTimer::singleShot(options.watch && !planning ? personPaceMs : 0, this, &Player::tick);
     try {
         plan.action();
     } catch (const StepFailure& failure) {

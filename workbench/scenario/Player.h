@@ -8,12 +8,10 @@
 #include <QVector>
 #include <memory>
 
-#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/scenario/Stage.h"
+#include "workbench/scenario/Watchdog.h"
 
 namespace workbench {
-
-class Watchdog;
 
 struct PlayOptions {
     QString installation;   ///< For scenarios that name none.
@@ -54,7 +52,6 @@ class Player : public QObject {
     Q_OBJECT
   public:
     Player(const Scenario& scenario, const PlayOptions& options, Stage& stage);
-    ~Player() override;
 
     /// @return empty when every step was done; else the reason why not.
     QString run();
@@ -66,7 +63,6 @@ class Player : public QObject {
 
   private:
     void tick();
-    void scheduleNext();
     bool mustWait() const;
     bool takeNextStep();
     void attempt(const Plan& plan);

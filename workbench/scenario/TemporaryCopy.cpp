@@ -38,6 +38,17 @@ fs::path pathOf(const QString& path) {
     return fs::u8path(path.toStdString());
 }
 
+/// @return empty, or why the copy could not be made.
+QString copyFolder(const QString& source, const QString& target) {
+    if (!QDir(source).exists()) return QStringLiteral("%1: no such folder").arg(source);
+    try {
+        copyTree(pathOf(source), pathOf(target));
+    } catch (const fs::filesystem_error& failure) {
+        return QString::fromLocal8Bit(failure.what());
+    }
+    return QString();
+}
+
 const QLatin1String lockSuffix(".lock");
 const QFile::Permissions onlyMine = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
@@ -60,16 +71,6 @@ bool isOwn(const QFileInfo& file) {
 }
 
 }  // namespace
-
-QString copyFolder(const QString& source, const QString& target) {
-    if (!QDir(source).exists()) return QStringLiteral("%1: no such folder").arg(source);
-    try {
-        copyTree(pathOf(source), pathOf(target));
-    } catch (const fs::filesystem_error& failure) {
-        return QString::fromLocal8Bit(failure.what());
-    }
-    return QString();
-}
 
 QString copyFolderWhole(const QString& source, const QString& target) {
     FileLock lock(target + lockSuffix);

@@ -7,10 +7,6 @@
 
 namespace workbench {
 
-/// Copies a folder with everything below it, modification times kept.
-/// @return empty, or why the copy could not be made.
-QString copyFolder(const QString& source, const QString& target);
-
 /// Copies a folder so that the target stands whole or not at all, whenever the copying is killed.
 /// Of several that copy to one target the first does it.
 /// @return empty, or why the copy could not be made.

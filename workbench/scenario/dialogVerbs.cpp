@@ -178,11 +178,11 @@ Plan pick(Stage& stage, const QJsonObject& args) {
 }
 
 Plan browse(Stage& stage, const QJsonObject&) {
-    return pressPlan(filePageButton(stage.dialog, "browseButton"), QStringLiteral("browse button"));
+    return pressPlan(onFilePage(stage.dialog, "browseButton"), QStringLiteral("browse button"));
 }
 
 Plan create(Stage& stage, const QJsonObject&) {
-    return pressPlan(filePageButton(stage.dialog, "newButton"), QStringLiteral("new button"));
+    return pressPlan(onFilePage(stage.dialog, "newButton"), QStringLiteral("new button"));
 }
 
 /// Runs a verb only while the dialog can be used.

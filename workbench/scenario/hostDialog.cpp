@@ -1,7 +1,6 @@
 #include "workbench/scenario/hostDialog.h"
 
 #include <QAction>
-#include <QJsonArray>
 
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"

@@ -31,16 +31,13 @@ QString entryText(const QJsonObject& entry) {
     const QString kind = member(entry, "kind");
     const QString name = member(entry, "name");
     const QJsonArray args = entry.value(QLatin1String("args")).toArray();
-    if (kind == QLatin1String("dialog")) {
-        const QString text = name + QLatin1Char(' ') + member(entry, "event");
-        const QJsonValue result = entry.value(QLatin1String("result"));
-        return result.isUndefined() ? text : text + QStringLiteral(" → ") + valueText(result);
-    }
     if (kind == QLatin1String("exception"))
         return QStringLiteral("%1: %2").arg(name, args.at(3).toString());
     if (kind == QLatin1String("project")) return name;
-    const QJsonValue answer = entry.value(QLatin1String("answer"));
-    const QString text = QStringLiteral("%1(%2)").arg(name, argsText(args));
+    const bool dialog = kind == QLatin1String("dialog");
+    const QString text = dialog ? name + QLatin1Char(' ') + member(entry, "event")
+                                : QStringLiteral("%1(%2)").arg(name, argsText(args));
+    const QJsonValue answer = entry.value(QLatin1String(dialog ? "result" : "answer"));
     return answer.isUndefined() ? text : text + QStringLiteral(" → ") + valueText(answer);
 }
 

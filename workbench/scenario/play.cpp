@@ -1,7 +1,7 @@
 #include <QApplication>
-#include <QEvent>
 
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/Player.h"

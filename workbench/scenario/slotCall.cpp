@@ -31,16 +31,12 @@ int typeIdOf(QByteArray name) {
 
 bool convert(const QJsonValue& json, int type, QVariant& into) {
     if (type == qMetaTypeId<TaxTemplateInfo>()) return findModel(json.toString(), into);
-    if (type == QMetaType::QVariant || type == QMetaType::QJsonValue) {
-        into = json.toVariant();
-        return true;
-    }
-    if (type == QMetaType::QJsonObject) {
+    if (type == QMetaType::QJsonObject && json.isObject())
         into = json.toObject();
-        return json.isObject();
-    }
-    into = json.toVariant();
-    return into.userType() == type || into.convert(type);
+    else
+        into = json.toVariant();
+    return type == QMetaType::QVariant || type == QMetaType::QJsonValue ||
+           into.userType() == type || into.convert(type);
 }
 
 QMetaMethod methodOf(const QObject* object, const QString& name, int argumentCount) {

@@ -16,25 +16,26 @@ namespace workbench {
 
 namespace {
 
-QString titleOf(const QWidget* card) {
-    const auto* title = card ? card->findChild<QLabel*>(QStringLiteral("lblTitle")) : nullptr;
-    return title ? title->text() : QString();
-}
-
 QWidget* cardIn(const QListWidget* list, const QString& title) {
     for (int row = 0; list && row < list->count(); ++row) {
         QWidget* card = list->itemWidget(list->item(row));
-        if (card && titleOf(card) == title) return card;
+        const auto* label = card ? card->findChild<QLabel*>(QStringLiteral("lblTitle")) : nullptr;
+        if (label && label->text() == title) return card;
     }
     return nullptr;
 }
 
-QList<QWidget*> partsOf(const QWidget* card) {
-    const QWidget* button = card->findChild<QWidget*>(QStringLiteral("btnNewProject"));
-    QList<QWidget*> parts;
-    if (!button) return parts;
-    for (zBaseButton* part : button->findChildren<zBaseButton*>()) parts.append(part);
-    return parts;
+QWidget* newButton(const QWidget* card) {
+    return card->findChild<QWidget*>(QStringLiteral("btnNewProject"));
+}
+
+/// @return the part of a card's button that has this text.
+QWidget* partOf(const QWidget* card, const QString& text) {
+    const QWidget* button = newButton(card);
+    if (!button) return nullptr;
+    for (zBaseButton* part : button->findChildren<zBaseButton*>())
+        if (part->text() == text) return part;
+    return nullptr;
 }
 
 template <typename Accepts>
@@ -89,19 +90,22 @@ QWidget* modelCard(const QWidget* dialog, const QString& title) {
 }
 
 QWidget* newButtonOf(const QWidget* card) {
-    for (QWidget* part : partsOf(card))
-        if (writtenOn(part) == QStringLiteral("新建")) return part;
-    return card->findChild<QWidget*>(QStringLiteral("btnNewProject"));
+    QWidget* part = partOf(card, QStringLiteral("新建"));
+    return part ? part : newButton(card);
 }
 
 QWidget* menuButtonOf(const QWidget* card) {
-    for (QWidget* part : partsOf(card))
-        if (writtenOn(part).isEmpty()) return part;
-    return nullptr;
+    return partOf(card, QString());
 }
 
 QWidget* templateCard(const QWidget* dialog, const QString& title) {
     return cardIn(dialog->findChild<QListWidget*>(QStringLiteral("lswTemplateEng")), title);
+}
+
+QWidget* onFilePage(const QWidget* dialog, const char* objectName) {
+    for (QWidget* widget : dialog->findChildren<QWidget*>(QLatin1String(objectName)))
+        if (widget->isVisible()) return widget;
+    return nullptr;
 }
 
 QTreeWidgetItem* templateRow(const QTreeWidget* tree, const QString& name) {
@@ -118,15 +122,7 @@ QTreeWidgetItem* templateRow(const QTreeWidget* tree, const QString& name) {
 }
 
 QComboBox* fileCombo(const QWidget* dialog) {
-    for (QComboBox* combo : dialog->findChildren<QComboBox*>(QStringLiteral("fileCombo")))
-        if (combo->isVisible()) return combo;
-    return nullptr;
-}
-
-QWidget* filePageButton(const QWidget* dialog, const char* objectName) {
-    for (QWidget* button : dialog->findChildren<QWidget*>(QLatin1String(objectName)))
-        if (button->isVisible()) return button;
-    return nullptr;
+    return qobject_cast<QComboBox*>(onFilePage(dialog, "fileCombo"));
 }
 
 QWidget* anything(QWidget* window, const QString& nameOrText) {

@@ -3,9 +3,6 @@
 
 #include <QString>
 
-class NewProCfgDialog;
-class QAbstractButton;
-class QAbstractItemView;
 class QComboBox;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -32,9 +29,9 @@ QWidget* templateCard(const QWidget* dialog, const QString& title);
 /// Row of a template file in the tree, by file name, with or without suffix.
 QTreeWidgetItem* templateRow(const QTreeWidget* tree, const QString& name);
 
-/// Chooser of the file page that can be seen, and the page's button of this object name.
+/// Widget of this object name on the file page that can be seen, and the page's chooser.
+QWidget* onFilePage(const QWidget* dialog, const char* objectName);
 QComboBox* fileCombo(const QWidget* dialog);
-QWidget* filePageButton(const QWidget* dialog, const char* objectName);
 
 /// Widget of a window by object name, else by the text of a button, label or tab. What can be seen
 /// comes first.

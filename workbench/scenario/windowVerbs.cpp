@@ -1,6 +1,4 @@
-#include <QApplication>
 #include <QDir>
-#include <QJsonArray>
 #include <QPixmap>
 
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -15,14 +13,6 @@ namespace workbench {
 
 namespace {
 
-QString text(const QJsonObject& args, const char* key) {
-    return args.value(QLatin1String(key)).toString();
-}
-
-Plan noWindow() {
-    return Plan::giveUp(QStringLiteral("no window is open"));
-}
-
 Plan nothingCalled(const QWidget* window, const QString& on) {
     return Plan::wait(QStringLiteral("%1 has nothing called \"%2\"").arg(described(window), on));
 }
@@ -31,7 +21,7 @@ Plan excel(Stage&, const QJsonObject& args) {
     QWidget* window = topWindow();
     if (!window || !window->inherits("importExcelSelFile"))
         return Plan::wait(QStringLiteral("the Excel import dialog is not open"));
-    const QString choose = text(args, "choose");
+    const QString choose = args[u"choose"].toString();
     if (choose == QLatin1String("close")) return Plan::act([window] { pressClose(window); });
     const bool folder = choose == QLatin1String("folder");
     auto* button = window->findChild<QWidget*>(QLatin1String(folder ? "btnSelDir" : "btnSelFile"));
@@ -42,7 +32,7 @@ Plan excel(Stage&, const QJsonObject& args) {
 }
 
 Plan history(Stage& stage, const QJsonObject& args) {
-    const QStringList entries = args.value(QLatin1String("entries")).toVariant().toStringList();
+    const QStringList entries = args[u"entries"].toVariant().toStringList();
     return Plan::act([&stage, entries] {
         stage.setup.history = entries;
         if (stage.dialog) stage.dialog->SetLsjl(entries);
@@ -52,19 +42,17 @@ Plan history(Stage& stage, const QJsonObject& args) {
 Plan call(Stage& stage, const QJsonObject& args) {
     if (!stage.dialog) return Plan::giveUp(QStringLiteral("there is no dialog"));
     QString error;
-    const auto action = slotCall(stage.dialog, text(args, "slot"),
-                                 args.value(QLatin1String("args")).toArray(), error);
+    const auto action =
+        slotCall(stage.dialog, args[u"slot"].toString(), args[u"args"].toArray(), error);
     if (!action) return Plan::giveUp(error);
     return Plan::act([action] {
         if (!action()) throw StepFailure{QStringLiteral("the slot could not be called")};
     });
 }
 
-Plan key(Stage& stage, const QJsonObject& args) {
-    QWidget* window = stage.window();
-    if (!window) return noWindow();
-    const QString keys = text(args, "key");
-    const QString on = text(args, "on");
+Plan key(Stage&, QWidget* window, const QJsonObject& args) {
+    const QString keys = args[u"key"].toString();
+    const QString on = args[u"on"].toString();
     QWidget* target = on.isEmpty() ? window->focusWidget() : anything(window, on);
     if (on.isEmpty() && !target) target = window;
     if (!target) return nothingCalled(window, on);
@@ -85,22 +73,18 @@ Plan findToClick(QWidget* window, const QString& on, QWidget*& found) {
     return Plan::wait(QStringLiteral("\"%1\" cannot be clicked: %2").arg(on, reason));
 }
 
-Plan click(Stage& stage, const QJsonObject& args) {
-    QWidget* window = stage.window();
-    if (!window) return noWindow();
+Plan click(Stage&, QWidget* window, const QJsonObject& args) {
     QWidget* target = nullptr;
-    const Plan obstacle = findToClick(window, text(args, "on"), target);
+    const Plan obstacle = findToClick(window, args[u"on"].toString(), target);
     if (!obstacle.reason.isEmpty()) return obstacle;
-    const bool twice = args.value(QLatin1String("twice")).toBool();
+    const bool twice = args[u"twice"].toBool();
     return Plan::act(
         [target, twice] { twice ? pressTwice(target, target->rect().center()) : press(target); });
 }
 
-Plan clicks(Stage& stage, const QJsonObject& args) {
-    QWidget* window = stage.window();
-    if (!window) return noWindow();
+Plan clicks(Stage&, QWidget* window, const QJsonObject& args) {
     QVector<QWidget*> targets;
-    for (const QString& on : args.value(QLatin1String("on")).toVariant().toStringList()) {
+    for (const QString& on : args[u"on"].toVariant().toStringList()) {
         targets.append(nullptr);
         const Plan obstacle = findToClick(window, on, targets.last());
         if (!obstacle.reason.isEmpty()) return obstacle;
@@ -109,33 +93,28 @@ Plan clicks(Stage& stage, const QJsonObject& args) {
 }
 
 void compare(Stage& stage, const QWidget* target, const QJsonObject& args) {
-    const QString property = text(args, "property");
+    const QString property = args[u"property"].toString();
     const QVariant value = target->property(property.toLatin1().constData());
     const QJsonValue have =
         value.isValid() ? QJsonValue::fromVariant(value) : QJsonValue(QJsonValue::Undefined);
-    const QJsonValue want = args.value(QLatin1String("is"));
+    const QJsonValue want = args[u"is"];
     if (have == want) return;
     stage.differences.append(
         QStringLiteral("check: %1 of \"%2\"\n    expected: %3\n    found:    %4")
-            .arg(property, text(args, "on"), valueText(want), valueText(have)));
+            .arg(property, args[u"on"].toString(), valueText(want), valueText(have)));
 }
 
-Plan check(Stage& stage, const QJsonObject& args) {
-    QWidget* window = stage.window();
-    if (!window) window = stage.dialog;
-    if (!window) return noWindow();
-    const QString on = text(args, "on");
+Plan check(Stage& stage, QWidget* window, const QJsonObject& args) {
+    const QString on = args[u"on"].toString();
     QWidget* target = on.isEmpty() ? window : anything(window, on);
     if (!target) return nothingCalled(window, on);
     return Plan::act([&stage, target, args] { compare(stage, target, args); });
 }
 
-Plan picture(Stage& stage, const QJsonObject& args) {
-    QWidget* window = stage.window();
-    if (!window) return noWindow();
+Plan picture(Stage& stage, QWidget* window, const QJsonObject& args) {
     return Plan::act([&stage, window, args] {
         if (stage.pictureFolder.isEmpty()) return;
-        const QString file = QDir(stage.pictureFolder).absoluteFilePath(text(args, "file"));
+        const QString file = QDir(stage.pictureFolder).absoluteFilePath(args[u"file"].toString());
         if (QDir().mkpath(QFileInfo(file).path()) && window->grab().save(file))
             stage.pictures.append(file);
         else
@@ -143,9 +122,7 @@ Plan picture(Stage& stage, const QJsonObject& args) {
     });
 }
 
-Plan close(Stage& stage, const QJsonObject&) {
-    QWidget* window = stage.window();
-    if (!window) return noWindow();
+Plan close(Stage&, QWidget* window, const QJsonObject&) {
     return Plan::act([window] { pressClose(window); });
 }
 
@@ -168,6 +145,14 @@ Plan host(Stage&, const QJsonObject& args) {
     return Plan::act([args] { applyHostSettings(args); });
 }
 
+/// Runs a verb on the window that a person works in; a check on a hidden dialog, too.
+template <Plan (*verb)(Stage&, QWidget*, const QJsonObject&)>
+Plan onWindow(Stage& stage, const QJsonObject& args) {
+    QWidget* window = stage.window();
+    if (!window && verb == check) window = stage.dialog;
+    return window ? verb(stage, window, args) : Plan::giveUp(QStringLiteral("no window is open"));
+}
+
 }  // namespace
 
 const QVector<Verb>& windowVerbs() {
@@ -175,16 +160,18 @@ const QVector<Verb>& windowVerbs() {
         {QStringLiteral("excel"), {word("choose", "file folder close", true)}, excel},
         {QStringLiteral("history"), {needed("entries", Shape::Texts)}, history},
         {QStringLiteral("call"), {needed("slot"), field("args", Shape::Array)}, call},
-        {QStringLiteral("key"), {sound(needed("key"), keyFault), field("on")}, key},
+        {QStringLiteral("key"), {sound(needed("key"), keyFault), field("on")}, onWindow<key>},
         {QStringLiteral("click"),
          {sound(needed("on"), targetFault), field("twice", Shape::Truth)},
-         click},
-        {QStringLiteral("clicks"), {sound(needed("on", Shape::Texts), targetsFault)}, clicks},
+         onWindow<click>},
+        {QStringLiteral("clicks"),
+         {sound(needed("on", Shape::Texts), targetsFault)},
+         onWindow<clicks>},
         {QStringLiteral("check"),
          {field("on"), needed("property"), needed("is", Shape::Anything)},
-         check},
-        {QStringLiteral("picture"), {needed("file", Shape::Path)}, picture},
-        {QStringLiteral("close"), {}, close},
+         onWindow<check>},
+        {QStringLiteral("picture"), {needed("file", Shape::Path)}, onWindow<picture>},
+        {QStringLiteral("close"), {}, onWindow<close>},
         {QStringLiteral("host"), hostFields(), host}};
     return verbs;
 }
