@@ -36,7 +36,7 @@ QJsonValue toJson(const QVariant& value) {
         case QMetaType::QVariantList:
             return arrayOf(value.toList());
         case QMetaType::QStringList:
-            return toJson(value.toStringList());
+            return QJsonArray::fromStringList(value.toStringList());
         default:
             break;
     }
@@ -48,10 +48,6 @@ QJsonValue toJson(const QVariant& value) {
 QByteArray compact(const QJsonValue& value) {
     const QByteArray inArray = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
     return inArray.mid(1, inArray.size() - 2);
-}
-
-QJsonValue toJson(const QStringList& texts) {
-    return QJsonArray::fromStringList(texts);
 }
 
 QJsonValue toJson(const QObject* object) {

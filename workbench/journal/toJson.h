@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QJsonValue>
-#include <QStringList>
 #include <QVariant>
 
 #include "workbench/base/WorkbenchApi.h"
@@ -18,8 +17,6 @@ namespace workbench {
 WORKBENCH_API QJsonValue toJson(const QVariant& value);
 /// @return the value in one line of UTF-8.
 WORKBENCH_API QByteArray compact(const QJsonValue& value);
-/// @return an array of the texts.
-WORKBENCH_API QJsonValue toJson(const QStringList& texts);
 /// @return the object's class name; null for no object.
 WORKBENCH_API QJsonValue toJson(const QObject* object);
 

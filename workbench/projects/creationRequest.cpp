@@ -76,10 +76,6 @@ QString suffixOf(int programType, const QString& source) {
     return audited.startsWith(QLatin1Char('S')) ? audited : QLatin1Char('S') + audited;
 }
 
-QString nameOf(const QString& path) {
-    return QFileInfo(path).completeBaseName();
-}
-
 }  // namespace
 
 std::optional<CreationPlan> planOf(const CreationRequest& request) {
@@ -93,7 +89,7 @@ std::optional<CreationPlan> planOf(const CreationRequest& request) {
     plan.suffix = suffixOf(plan.programType, plan.source);
     if (plan.suffix.isEmpty()) return std::nullopt;
     plan.title = textOf(payload, creation->titleKey);
-    if (plan.title.isEmpty()) plan.title = nameOf(plan.source);
+    if (plan.title.isEmpty()) plan.title = QFileInfo(plan.source).completeBaseName();
     return plan;
 }
 

@@ -36,11 +36,11 @@ const QVector<Kind>& kinds() {
     return table;
 }
 
-const Kind* kindOf(int programType) {
+Kind kindOf(int programType) {
     for (const Kind& kind : kinds()) {
-        if (kind.programType == programType) return &kind;
+        if (kind.programType == programType) return kind;
     }
-    return nullptr;
+    return {};
 }
 
 int programTypeOfSuffix(const QString& suffix) {
@@ -54,13 +54,11 @@ int programTypeOfSuffix(const QString& suffix) {
 }  // namespace
 
 QString kindOfProgramType(int programType) {
-    const Kind* kind = kindOf(programType);
-    return kind ? kind->name : QString();
+    return kindOf(programType).name;
 }
 
 QString suffixOfProgramType(int programType) {
-    const Kind* kind = kindOf(programType);
-    return kind ? kind->suffix : QString();
+    return kindOf(programType).suffix;
 }
 
 bool isCloudPath(const QString& path) {

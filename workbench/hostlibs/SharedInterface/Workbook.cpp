@@ -43,12 +43,8 @@ bool isBinaryWorkbook(QFile& file) {
 
 // Reads the central directory alone. A reader that walks from entry to entry would read through the
 // whole file wherever a writer streamed its sheets, since their sizes then stand behind the data.
-struct ClosePackage {
-    void operator()(zip_t* package) const { zip_discard(package); }
-};
-struct ClosePart {
-    void operator()(zip_file_t* part) const { zip_fclose(part); }
-};
+using Package = std::unique_ptr<zip_t, decltype(&zip_discard)>;
+using Part = std::unique_ptr<zip_file_t, decltype(&zip_fclose)>;
 
 /// @return the part's content; empty if it is missing, unreadable, encrypted or too large.
 QByteArray partOf(zip_t* package, const QString& name) {
@@ -56,7 +52,7 @@ QByteArray partOf(zip_t* package, const QString& name) {
     zip_stat_t state;
     if (index < 0 || zip_stat_index(package, index, 0, &state) != 0) return {};
     if (!(state.valid & ZIP_STAT_SIZE) || state.size > largestPart) return {};
-    const std::unique_ptr<zip_file_t, ClosePart> part(zip_fopen_index(package, index, 0));
+    const Part part(zip_fopen_index(package, index, 0), &zip_fclose);
     if (!part) return {};
     // One byte more than declared: a part that unpacks to more than it says is no honest one.
     QByteArray content(int(state.size) + 1, Qt::Uninitialized);
@@ -99,8 +95,8 @@ bool isWorkbookPart(const QByteArray& part) {
 }
 
 bool isPackageWorkbook(const QString& path) {
-    const std::unique_ptr<zip_t, ClosePackage> package(
-        zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, nullptr));
+    const Package package(zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, nullptr),
+                          &zip_discard);
     if (!package) return false;
     const QByteArray types = partOf(package.get(), QStringLiteral("[Content_Types].xml"));
     const QString main = mainPartOf(types);

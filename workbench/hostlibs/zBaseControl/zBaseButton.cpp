@@ -189,9 +189,9 @@ void zBaseButton::paintEvent(QPaintEvent*) {
     const auto alignment =
         centredUnlessSaid(text().isEmpty() ? look->iconAlignment : look->textAlignment);
     const QRect place = QStyle::alignedRect(layoutDirection(), alignment, content, inside);
+    const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
     if (icon) {
         const int index = state == Disabled ? 3 : state == Pressed ? 2 : state == Hovered ? 1 : 0;
-        const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
         const QRect iconPlace = QStyle::alignedRect(layoutDirection(), vertical, iconSize(), place);
         const bool drawnDisabled = look->icons[3] != look->icons[0];
         painter.setOpacity(state == Disabled && !drawnDisabled ? 0.4 : 1);
@@ -201,7 +201,6 @@ void zBaseButton::paintEvent(QPaintEvent*) {
     }
     painter.setPen(colour(tints.text));
     const QRect textPlace = place.adjusted(iconWidth + gap, 0, 0, 0);
-    const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
     painter.drawText(textPlace, static_cast<int>(vertical) | Qt::TextSingleLine,
                      fontMetrics().elidedText(text(), Qt::ElideRight, textPlace.width()));
     if (look->type == workbench::RibbonTabType && isChecked())

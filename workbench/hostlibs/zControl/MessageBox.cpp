@@ -10,10 +10,8 @@ namespace workbench {
 
 namespace {
 
-QWidget* pictureLabel(BoxPicture which, QWidget* parent) {
-    const QString file = which == BoxPicture::Critical
-                             ? QStringLiteral(":/Image/Workbench/critical.svg")
-                             : QStringLiteral(":/Image/Workbench/info.svg");
+QWidget* pictureLabel(const char* name, QWidget* parent) {
+    const QString file = QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(name));
     const QSize size(scaled(32), scaled(32));
     auto* label = new QLabel(parent);
     label->setFixedSize(size);
@@ -24,7 +22,7 @@ QWidget* pictureLabel(BoxPicture which, QWidget* parent) {
 }  // namespace
 
 MessageBox::MessageBox(const QString& title, const QString& text, const QStringList& buttons,
-                       BoxPicture picture, QWidget* parent)
+                       const char* picture, QWidget* parent)
     : RoundedDialog(parent) {
     setObjectName(QStringLiteral("messageBox"));
     setWindowTitle(title);
@@ -41,7 +39,7 @@ MessageBox::MessageBox(const QString& title, const QString& text, const QStringL
     layout->addLayout(makeButtons(buttons));
 }
 
-QLayout* MessageBox::makeMessage(const QString& text, BoxPicture picture) {
+QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     auto* label = new zBaseLabel(text, this);
     label->setObjectName(QStringLiteral("text"));
     label->setTextFormat(Qt::PlainText);

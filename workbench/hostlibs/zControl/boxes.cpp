@@ -8,7 +8,7 @@
 namespace {
 
 int showBox(const char* name, const QString& title, const QString& text, const QStringList& buttons,
-            workbench::BoxPicture picture, QWidget* parent) {
+            const char* picture, QWidget* parent) {
     workbench::Journal& journal = workbench::Journal::instance();
     journal.throwIfAsked(name, {title, text, QJsonArray::fromStringList(buttons)});
     journal.box(QLatin1String(name), title, text, buttons);
@@ -28,17 +28,15 @@ int showBox(const char* name, const QString& title, const QString& text, const Q
 
 int showInformation(const QString& title, QWidget* parent, const QString& text,
                     const QStringList& buttons) {
-    return showBox("showInformation", title, text, buttons, workbench::BoxPicture::Information,
-                   parent);
+    return showBox("showInformation", title, text, buttons, "info", parent);
 }
 
 int showCritical(const QString& title, QWidget* parent, const QString& text,
                  const QStringList& buttons) {
-    return showBox("showCritical", title, text, buttons, workbench::BoxPicture::Critical, parent);
+    return showBox("showCritical", title, text, buttons, "critical", parent);
 }
 
 int showInforByOneBtn(const QString& text, QWidget* parent, int icon) {
     return showBox("showInforByOneBtn", QStringLiteral("提示"), text, {QStringLiteral("确定")},
-                   icon == 1 ? workbench::BoxPicture::Information : workbench::BoxPicture::Critical,
-                   parent);
+                   icon == 1 ? "info" : "critical", parent);
 }
