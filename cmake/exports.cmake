@@ -6,7 +6,7 @@ generate_export_header(newProDialog
 target_include_directories(newProDialog PUBLIC
     $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/newProDialog>)
-foreach(room dialog import)
+foreach(room core dialog import)
     target_include_directories(newProDialog PUBLIC
         $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/${room}>)
 endforeach()

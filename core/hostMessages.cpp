@@ -4,14 +4,7 @@
 
 namespace newpro {
 
-const QString wholeProjectFee = QStringLiteral("整体计费");
-const QString perUnitFee = QStringLiteral("单独计费");
-
 namespace {
-
-const QLatin1String clientKey("client_pid");
-const QLatin1String projectTypeKey("m_strProjectType");
-const QLatin1String feeModeKey("mJfms");
 
 bool hasBits(int kind, int bits) {
     return (kind & bits) == bits;
@@ -20,7 +13,7 @@ bool hasBits(int kind, int bits) {
 }  // namespace
 
 void PluginMessage::addClient() {
-    body.insert(clientKey, client);
+    body.insert(messageKey::client, client);
 }
 
 void PluginMessage::send() const {
@@ -30,19 +23,19 @@ void PluginMessage::send() const {
 QVariantMap newProjectMap(const ProjectSettingSpace::TaxTemplateInfo& model) {
     // The two flags are integers, not booleans: the host reads them as such.
     QVariantMap map{
-        {QStringLiteral("m_AppType"), QStringLiteral("")},
-        {projectTypeKey, model.name},
-        {QStringLiteral("m_nSsgcId"), -1},
-        {QStringLiteral("m_nSjgcId"), 0},
-        {QStringLiteral("m_nAuditMaxId"), 0},
-        {QStringLiteral("m_nZxgcMaxId"), 0},
-        {QStringLiteral("m_strPassWord"), QStringLiteral("")},
-        {QStringLiteral("m_strEditPassWord"), QStringLiteral("")},
-        {QStringLiteral("m_dFileVersion"), 0.0},
-        {QStringLiteral("m_nZbqd"), 0},
-        {QStringLiteral("m_bFileLocked"), 0},
-        {QStringLiteral("m_bHaveEstimate"), 0},
-        {feeModeKey, model.feeMode == wholeProjectFee ? 1 : 0},
+        {projectKey::appType, QStringLiteral("")},
+        {projectKey::projectType, model.name},
+        {projectKey::ssgcId, -1},
+        {projectKey::sjgcId, 0},
+        {projectKey::auditMaxId, 0},
+        {projectKey::zxgcMaxId, 0},
+        {projectKey::password, QStringLiteral("")},
+        {projectKey::editPassword, QStringLiteral("")},
+        {projectKey::fileVersion, 0.0},
+        {projectKey::zbqd, 0},
+        {projectKey::isLocked, 0},
+        {projectKey::hasEstimate, 0},
+        {projectKey::feeMode, model.feeMode == wholeProjectFee ? FeeOfWholeProject : FeePerUnit},
     };
     return map;
 }
@@ -53,67 +46,64 @@ PluginMessage pageMessage(const QVariantMap& values, int kind) {
         message.body.insert(key, values.value(key).toString());
     };
     const auto appType = [&](QLatin1String type) {
-        message.body.insert(QLatin1String("apptype"), type);
+        message.body.insert(messageKey::appType, type);
     };
-    const QLatin1String file("GcLj");
-    const QLatin1String budget("Kvys");
-    const QLatin1String contracting("Kvzcb");
+    const QLatin1String file = messageKey::projectFile;
 
-    message.body.insert(QLatin1String("GcLx"),
-                        values.value(QStringLiteral("TemplateName")).toString());
+    message.body.insert(messageKey::projectType, values.value(templateNameKey).toString());
     if (hasBits(kind, BudgetProgram | estimateBit)) {
         // No "apptype" here: deliberate. The estimate's is the budget's, and would tell the plug-in
         // the wrong kind.
         message.code = CreateEstimate;
-        copy(QLatin1String("GsMb"));
+        copy(messageKey::estimateTemplate);
         copy(file);
     } else if (hasBits(kind, BudgetProgram | fromFileBit)) {
         message.code = CreateFromFile;
         message.client = BudgetProgram;
         copy(file);
-        appType(budget);
+        appType(applicationType::budget);
     } else if (hasBits(kind, BudgetProgram)) {
         message.code = CreateBudget;
-        appType(budget);
+        appType(applicationType::budget);
     } else if (hasBits(kind, ContractingProgram | fromFileBit)) {
         message.code = CreateFromFile;
         message.client = ContractingProgram;
         copy(file);
-        appType(contracting);
+        appType(applicationType::contracting);
     } else if (hasBits(kind, ContractingProgram)) {
         message.code = CreateContracting;
-        appType(contracting);
+        appType(applicationType::contracting);
     } else if (kind == SettlementProgram) {
         message.code = CreateSettlement;
-        copy(QLatin1String("JsMb"));
+        copy(messageKey::settlementTemplate);
         copy(file);
-        appType(QLatin1String("Kvjs"));
+        appType(applicationType::settlement);
     }
     return message;
 }
 
 PluginMessage contractingMessage(const QString& file) {
     PluginMessage message{
-        ContractingProgram, ContractingFromFile, {{QStringLiteral("pro_file"), file}}};
+        ContractingProgram, ContractingFromFile, {{messageKey::contractingFile, file}}};
     message.addClient();
     return message;
 }
 
 PluginMessage excelMessage(const ExcelChoice& choice) {
-    const bool budget = choice.appType.toUpper() == QLatin1String("KVYS");
+    const bool budget = choice.appType.toUpper() == QString(applicationType::budget).toUpper();
     PluginMessage message{budget ? BudgetProgram : ContractingProgram,
                           ImportExcel,
-                          {{QStringLiteral("isnewapp"), true},
-                           {QStringLiteral("type"), choice.type},
-                           {QStringLiteral("path"), choice.path},
-                           {QStringLiteral("jjms"), choice.model},
-                           {QStringLiteral("gcmb"), choice.projectTemplate}}};
+                          {{messageKey::isNewProject, true},
+                           {messageKey::importType, choice.type},
+                           {messageKey::importPath, choice.path},
+                           {messageKey::pricingModel, choice.model},
+                           {messageKey::projectTemplate, choice.projectTemplate}}};
     message.addClient();
     return message;
 }
 
 PluginMessage tenderMessage(const QString& file) {
-    return {BudgetProgram, ImportTender, {{QStringLiteral("dzb_file"), file}}};
+    return {BudgetProgram, ImportTender, {{messageKey::tenderFile, file}}};
 }
 
 void sendTemplateMessage(const QString& path) {

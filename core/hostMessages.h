@@ -1,11 +1,11 @@
-/// The signals and messages to the host: codes, keys and payloads. The one place that knows them.
+/// The signals and messages to the host: what goes out, made of the names in hostContract.h.
 #pragma once
 
 #include <QJsonObject>
 #include <QString>
 #include <QVariant>
 
-#include "core/projectKind.h"
+#include "core/hostContract.h"
 
 namespace ProjectSettingSpace {
 struct TaxTemplateInfo;
@@ -13,24 +13,9 @@ struct TaxTemplateInfo;
 
 namespace newpro {
 
-/// Codes of the creation signals and messages.
-enum MessageCode {
-    NoMessageCode = 0,
-    CreateBudget = 100,
-    CreateEstimate = 102,
-    CreateFromFile = 103,
-    CreateSettlement = 104,
-    CreateContracting = 105,
-    ImportExcel = 107,
-    ImportTender = 108,
-    ContractingFromFile = 114,
-    CreateFromTemplate = 44,
-    CreateFromModel = 95,
-};
-
-/// The fee-charging modes as they stand in the configuration.
-extern const QString wholeProjectFee;  ///< "整体计费"
-extern const QString perUnitFee;       ///< "单独计费"
+/// Key of a page's values: the name of its pricing model or template. The other keys are those of
+/// the message that the values go out in.
+inline constexpr auto templateNameKey = latin1("TemplateName");
 
 /// A message to a plug-in.
 struct PluginMessage {
@@ -48,8 +33,8 @@ struct PluginMessage {
 ///         name, "mJfms" 1 for "整体计费" and else 0.
 QVariantMap newProjectMap(const ProjectSettingSpace::TaxTemplateInfo& model);
 
-/// @param values the page's values: "TemplateName", "GcLj", "GsMb", "JsMb"; a missing one counts as
-///        empty.
+/// @param values the page's values: templateNameKey, and in messageKey projectFile,
+///        estimateTemplate and settlementTemplate; a missing one counts as empty.
 /// @param kind   program type of the kind to create, looked at bit by bit.
 /// @return the message for the data of a page, without "client_pid".
 PluginMessage pageMessage(const QVariantMap& values, int kind);
@@ -60,7 +45,7 @@ PluginMessage contractingMessage(const QString& file);
 /// What the Excel import dialog answers.
 struct ExcelChoice {
     QString appType;          ///< Chosen application type.
-    int type = -1;            ///< 0 one workbook, 1 a folder of workbooks.
+    int type = -1;            ///< An ImportType.
     QString path;             ///< The workbook or folder.
     QString model;            ///< Text of the chosen pricing model.
     QString projectTemplate;  ///< Path of the project template; empty as the dialog is laid out.

@@ -6,15 +6,18 @@ namespace newpro {
 
 namespace {
 
+const QLatin1String wholeProcessType("Kvqgc");
+
 const QVector<ProjectKind>& kinds() {
     static const QVector<ProjectKind> table = {
-        {QStringLiteral("预算工程"), BudgetProgram, QStringLiteral("Kvys"), QStringLiteral("kvys")},
-        {QStringLiteral("概算工程"), EstimateProgram, QStringLiteral("Kvys"), QString()},
-        {QStringLiteral("结算工程"), SettlementProgram, QStringLiteral("Kvjs"), QString()},
-        {QStringLiteral("总承包工程"), ContractingProgram, QStringLiteral("Kvzcb"),
+        {QStringLiteral("预算工程"), BudgetProgram, applicationType::budget,
+         QStringLiteral("kvys")},
+        {QStringLiteral("概算工程"), EstimateProgram, applicationType::budget, QString()},
+        {QStringLiteral("结算工程"), SettlementProgram, applicationType::settlement, QString()},
+        {QStringLiteral("总承包工程"), ContractingProgram, applicationType::contracting,
          QStringLiteral("kvzcb")},
-        {QStringLiteral("全过程工程"), WholeProcessProgram, QStringLiteral("Kvqgc"), QString()},
-        {QStringLiteral("审核工程"), AuditProgram, QStringLiteral("Kvys"), QString()},
+        {QStringLiteral("全过程工程"), WholeProcessProgram, wholeProcessType, QString()},
+        {QStringLiteral("审核工程"), AuditProgram, applicationType::budget, QString()},
     };
     return table;
 }
@@ -46,10 +49,10 @@ bool programTypeOf(const QString& appType, int& type) {
         QLatin1String appType;
         int type;
     } table[] = {
-        {QLatin1String("Kvys"), BudgetProgram},
-        {QLatin1String("Kvzcb"), ContractingProgram},
-        {QLatin1String("Kvjs"), SettlementProgram},
-        {QLatin1String("Kvqgc"), WholeProcessProgram},
+        {applicationType::budget, BudgetProgram},
+        {applicationType::contracting, ContractingProgram},
+        {applicationType::settlement, SettlementProgram},
+        {wholeProcessType, WholeProcessProgram},
     };
     for (const auto& row : table) {
         if (appType == row.appType) {

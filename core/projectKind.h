@@ -3,22 +3,9 @@
 
 #include <QString>
 
+#include "core/hostContract.h"
+
 namespace newpro {
-
-/// Bits that a program type may carry besides its own.
-constexpr int fromFileBit = 1;
-constexpr int estimateBit = 2;
-
-/// Program types. The first and the last three are single bits.
-enum ProgramType {
-    BudgetProgram = 4,
-    AuditProgram = BudgetProgram | fromFileBit,
-    EstimateProgram = BudgetProgram | estimateBit,
-    SettlementProgram = 8,
-    ContractingProgram = 16,
-    WholeProcessProgram = 32,
-    UnknownProgram = -1,
-};
 
 /// One kind, and what choosing it sets.
 struct ProjectKind {
@@ -34,7 +21,7 @@ struct ProjectKind {
 /// The kind that the dialog is in. It starts as the budget kind.
 struct CurrentKind {
     int programType = BudgetProgram;
-    QString appType = QStringLiteral("Kvys");
+    QString appType = applicationType::budget;
     QString appTypeKey = QStringLiteral("kvys");
 
     /// Takes over what choosing `kind` sets.

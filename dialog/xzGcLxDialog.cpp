@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 
 #include "core/guard.h"
-#include "core/projectKind.h"
+#include "core/hostContract.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
 

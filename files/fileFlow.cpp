@@ -3,7 +3,7 @@
 #include <QMap>
 
 #include "core/fileDialogCodes.h"
-#include "core/projectKind.h"
+#include "core/hostMessages.h"
 #include "files/projectFileType.h"
 
 namespace newpro {
@@ -70,8 +70,8 @@ CreationTraits estimateCreation() {
     traits.creationUsage = newFromPageFunction;
     traits.kind = EstimateProgram;
     traits.remembersModel = true;
-    traits.texts = {{QStringLiteral("TemplateName"), &FilePage::templateCombo, true},
-                    {QStringLiteral("GsMb"), &FilePage::modelCombo, true}};
+    traits.texts = {{templateNameKey, &FilePage::templateCombo, true},
+                    {messageKey::estimateTemplate, &FilePage::modelCombo, true}};
     return traits;
 }
 
@@ -80,7 +80,7 @@ CreationTraits settlementCreation() {
     traits.fileIsOptional = true;
     traits.creationUsage = newFromPageFunction;
     traits.kind = SettlementProgram;
-    traits.texts = {{QStringLiteral("JsMb"), &FilePage::templateCombo, false}};
+    traits.texts = {{messageKey::settlementTemplate, &FilePage::templateCombo, false}};
     return traits;
 }
 

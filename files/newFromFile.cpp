@@ -53,7 +53,7 @@ bool accepted(FileFlow flow, const QString& file) {
 /// @param file the file to start from; empty when starting from the page's template.
 QVariantMap valuesOf(const CreationTraits& traits, const FilePage& page, const QString& file,
                      bool fromTemplate) {
-    QVariantMap values{{QStringLiteral("TemplateName"), QString()}, {QStringLiteral("GcLj"), file}};
+    QVariantMap values{{templateNameKey, QString()}, {messageKey::projectFile, file}};
     for (const PageText& text : traits.texts) {
         if (fromTemplate || !text.fromTemplateOnly) {
             values.insert(text.key, textOf(page.*text.combo));

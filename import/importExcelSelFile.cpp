@@ -9,6 +9,7 @@
 #include "SharedInterface.h"
 #include "core/fileDialogCodes.h"
 #include "core/guard.h"
+#include "core/hostContract.h"
 #include "core/part.h"
 #include "core/scale.h"
 #include "core/taxMode.h"
@@ -21,19 +22,14 @@ using newpro::guardedOr;
 using newpro::Part;
 using newpro::scaled;
 using newpro::withEnd;
+namespace applicationType = newpro::applicationType;
 
 const char source[] = "importExcelSelFile";
-
-const int oneWorkbook = 0;
-const int folderOfWorkbooks = 1;
 
 const int informationIcon = 1;
 
 const int nameRole = Qt::UserRole;
 const int pathRole = Qt::UserRole + 2;  // the one between them is the host's own
-
-const QLatin1String budgetType("Kvys");
-const QLatin1String contractingType("Kvzcb");
 
 /// Icons of the pricing models by tax mode, in the order in which the modes are listed.
 const std::array<QLatin1String, newpro::taxModeCount> taxModeIcons = {
@@ -79,7 +75,7 @@ importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
         setWindowFlags(windowFlags() | Qt::Dialog | Qt::WindowCloseButtonHint);
         createUI(this);
         m_bYsSelected = true;
-        updateModeSelection(budgetType);
+        updateModeSelection(applicationType::budget);
     });
 }
 
@@ -109,7 +105,8 @@ bool importExcelSelFile::handleTileEvent(zBaseWidget* tile, const QEvent* event)
             if (static_cast<const QMouseEvent*>(event)->button() != Qt::LeftButton) return false;
             if (!selected) {
                 m_bYsSelected = budgetTile;
-                updateModeSelection(budgetTile ? budgetType : contractingType);
+                updateModeSelection(budgetTile ? applicationType::budget
+                                               : applicationType::contracting);
             }
             return true;
         default:
@@ -152,7 +149,7 @@ void importExcelSelFile::loadJjms(const QString& appType) {
             settings->GetProTaxTemplateInfoList(appType, QStringLiteral(""));
         if (!combo) return;
         for (int mode = 0; mode < int(taxModeIcons.size()); ++mode) {
-            if (mode == newpro::BusinessTax && appType == contractingType) continue;
+            if (mode == newpro::BusinessTax && appType == applicationType::contracting) continue;
             for (const auto& entry : entries) {
                 if (entry.taxMode != mode) continue;
                 for (const TaxTemplateInfo& model : entry.models) {
@@ -231,7 +228,7 @@ void importExcelSelFile::slotClickedSelExcelFile() {
             true, QString(), true, OpenFile);
         if (!self || path.isEmpty()) return;
         if (LibXLExcel::Open(path)) {
-            self->acceptSource(oneWorkbook, path);
+            self->acceptSource(newpro::ImportWorkbook, path);
             return;
         }
         showInforByOneBtn(QStringLiteral("文件打开失败！\r\n①请检查excel文件是否被占用\r\n"
@@ -249,7 +246,7 @@ void importExcelSelFile::slotClickedSelExcelDir() {
         const QString path = zFileDialog::getOpenFileName(
             self.need(), folder, &noFilter, newpro::LocalFolders, QStringLiteral("打开文件夹"),
             true, QString(), true, OpenFolder);
-        if (!path.isEmpty()) self->acceptSource(folderOfWorkbooks, path);
+        if (!path.isEmpty()) self->acceptSource(newpro::ImportFolder, path);
     });
 }
 

@@ -7,7 +7,7 @@
 
 #include "core/ElidedLabel.h"
 #include "core/guard.h"
-#include "core/hostMessages.h"
+#include "core/hostContract.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
 
@@ -171,7 +171,7 @@ void ProModelItemForm::initXjButton(zBaseButton* button) {
     if (!helper) return;
     // Always the budget type's configuration, whatever kind the dialog is in.
     const QMap<QString, ProjectSettingSpace::PricingModelInfo> configured =
-        helper->GetPricingModelInfoMap(QStringLiteral("Kvys"), QString());
+        helper->GetPricingModelInfoMap(newpro::applicationType::budget, QString());
     for (const ProjectSettingSpace::PricingModelInfo& info : configured) {
         if (info.key != model.key) continue;
         model.alternativeFeeMode = info.defaultFeeMode;

@@ -34,8 +34,7 @@ void createFromModel(CreationDialog& dialog, ProjectSettingSpace::TaxTemplateInf
 }
 
 void createFromPageData(AppPluginManager* manager, const QVariantMap& values, int kind) {
-    const int function =
-        modelUsageFunction(values.value(QStringLiteral("TemplateName")).toString());
+    const int function = modelUsageFunction(values.value(templateNameKey).toString());
     if (function) SharedInterface::UseFunc(function, QString());
 
     // Asked for and not used: the order of the manager's three operations is the host's.

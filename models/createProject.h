@@ -16,7 +16,7 @@ void createFromModel(CreationDialog& dialog, ProjectSettingSpace::TaxTemplateInf
 /// Creates a project from the data of a page: logs the use around one message to a plug-in. Neither
 /// closes a dialog nor asks the first page.
 /// @param manager the plug-in manager; a missing one counts as not loaded.
-/// @param values  "TemplateName", "GcLj", "GsMb", "JsMb". @param kind program type, bit by bit.
+/// @param values  as in pageMessage. @param kind program type, bit by bit.
 void createFromPageData(AppPluginManager* manager, const QVariantMap& values, int kind);
 
 }  // namespace newpro

@@ -3,10 +3,13 @@
 #include <QFileInfo>
 #include <QVector>
 
+#include "core/hostContract.h"
 #include "workbench/journal/toJson.h"
 #include "workbench/projects/fileKind.h"
 
 namespace workbench {
+
+using namespace newpro;
 
 namespace {
 
@@ -23,20 +26,24 @@ struct Creation {
 };
 
 const QVector<Creation>& creations() {
-    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
-    const QString model = text("GcLx");
-    const QString file = text("GcLj");
+    using namespace messageKey;
+    const QString none;
+    const QString itself = QStringLiteral("");
+    const auto words = [](const char* utf8) { return QString::fromUtf8(utf8); };
     static const QVector<Creation> table = {
-        {95, ofClient, text("m_strProjectType"), {}, false, text("按计价模式“%1”新建")},
-        {44, ofClient, {}, text(""), true, text("由模板工程“%2”新建")},
-        {100, BudgetProgram, model, {}, false, text("按“%1”新建预算")},
-        {102, EstimateFile, model, file, false, text("新建概算")},
-        {103, AuditProgram, {}, file, true, text("由工程文件“%2”新建审核")},
-        {104, SettlementProgram, model, file, false, text("新建结算")},
-        {105, ContractingProgram, model, {}, false, text("按“%1”新建总承包")},
-        {107, ofClient, {}, text("path"), true, text("由Excel“%2”导入")},
-        {108, BudgetProgram, {}, text("dzb_file"), true, text("由电子招投标数据“%2”导入")},
-        {114, ContractingProgram, {}, text("pro_file"), true, text("由工程文件“%2”新建总承包")},
+        {CreateFromModel, ofClient, projectKey::projectType, none, false,
+         words("按计价模式“%1”新建")},
+        {CreateFromTemplate, ofClient, none, itself, true, words("由模板工程“%2”新建")},
+        {CreateBudget, BudgetProgram, projectType, none, false, words("按“%1”新建预算")},
+        {CreateEstimate, EstimateFile, projectType, projectFile, false, words("新建概算")},
+        {CreateFromFile, AuditProgram, none, projectFile, true, words("由工程文件“%2”新建审核")},
+        {CreateSettlement, SettlementProgram, projectType, projectFile, false, words("新建结算")},
+        {CreateContracting, ContractingProgram, projectType, none, false,
+         words("按“%1”新建总承包")},
+        {ImportExcel, ofClient, none, importPath, true, words("由Excel“%2”导入")},
+        {ImportTender, BudgetProgram, none, tenderFile, true, words("由电子招投标数据“%2”导入")},
+        {ContractingFromFile, ContractingProgram, none, contractingFile, true,
+         words("由工程文件“%2”新建总承包")},
     };
     return table;
 }
@@ -119,12 +126,12 @@ QString summaryOf(const QJsonObject& request, const QJsonObject& source) {
     if (creation->sourceKey.size() > 0 && !creation->needsSource) {
         add(QStringLiteral("源文件："), sourceName);
     }
-    add(QStringLiteral("概算模板："), map.value(QStringLiteral("GsMb")).toString());
-    add(QStringLiteral("结算模板："), map.value(QStringLiteral("JsMb")).toString());
-    add(QStringLiteral("计价模式："), map.value(QStringLiteral("jjms")).toString());
-    if (map.contains(QStringLiteral("mJfms"))) {
-        const bool whole = map.value(QStringLiteral("mJfms")).toInt() == 1;
-        add({}, whole ? QStringLiteral("整体计费") : QStringLiteral("单独计费"));
+    add(QStringLiteral("概算模板："), map.value(messageKey::estimateTemplate).toString());
+    add(QStringLiteral("结算模板："), map.value(messageKey::settlementTemplate).toString());
+    add(QStringLiteral("计价模式："), map.value(messageKey::pricingModel).toString());
+    if (map.contains(projectKey::feeMode)) {
+        const bool whole = map.value(projectKey::feeMode).toInt() == FeeOfWholeProject;
+        add({}, whole ? wholeProjectFee : perUnitFee);
     }
     return words;
 }
