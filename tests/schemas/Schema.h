@@ -13,6 +13,7 @@ class Schema {
     explicit Schema(const QString& file);
     ~Schema();
 
+    bool accepts(const QJsonValue& value) const;
     /// @return empty for a value that the schema accepts, or the first thing that is wrong.
     QString refusal(const QJsonValue& value) const;
 
