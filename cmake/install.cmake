@@ -10,12 +10,15 @@ install(TARGETS ${targets} EXPORT newProDialogTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(FILES
+    core/hostContract.h
     dialog/NewProCfgDialog.h
     dialog/xzGcLxDialog.h
     import/TemplateProListItem.h
     import/importExcelSelFile.h
     ${CMAKE_BINARY_DIR}/include/newProDialog_export.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog)
+install(DIRECTORY docs/contract/ DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/contract
+    FILES_MATCHING PATTERN "*.schema.json")
 install(DIRECTORY host/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog/host
     FILES_MATCHING PATTERN "*.h")
 
