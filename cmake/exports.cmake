@@ -2,12 +2,12 @@
 include(GenerateExportHeader)
 generate_export_header(newProDialog
     EXPORT_MACRO_NAME NEWPRO_EXPORT
-    EXPORT_FILE_NAME ${CMAKE_BINARY_DIR}/include/newProDialog_export.h)
+    EXPORT_FILE_NAME ${PROJECT_BINARY_DIR}/include/newProDialog_export.h)
 target_include_directories(newProDialog PUBLIC
-    $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>
+    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/newProDialog>)
 foreach(room core dialog import)
     target_include_directories(newProDialog PUBLIC
-        $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/${room}>)
+        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/${room}>)
 endforeach()
-target_include_directories(newProDialogObjects PUBLIC ${CMAKE_BINARY_DIR}/include)
+target_include_directories(newProDialogObjects PUBLIC ${PROJECT_BINARY_DIR}/include)
