@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <cstdio>
 
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -12,10 +13,23 @@ namespace workbench {
 
 namespace {
 
-QString firstFolder(const char* inSources, const QString& name) {
-    const QString built = QString::fromUtf8(inSources);
-    if (QFileInfo(built).isDir()) return built;
-    return QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(name);
+QString fromProgram(const QString& path) {
+    return QDir::cleanPath(QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(path));
+}
+
+/// @return the folder of the installed program's files, where they are.
+QString installedFolder() {
+    return fromProgram(QStringLiteral(WORKBENCH_DATA_FROM_PROGRAM));
+}
+
+bool isInstalled() {
+    return QFileInfo(installedFolder()).isDir();
+}
+
+/// @return a folder that installed programs have as the sources do.
+QString ownFolder(const QString& name) {
+    const QString built = QStringLiteral(WORKBENCH_SOURCE_DIR);
+    return (isInstalled() ? installedFolder() : built) + QLatin1Char('/') + name;
 }
 
 void describe(QCommandLineParser& parser) {
@@ -29,7 +43,7 @@ void describe(QCommandLineParser& parser) {
          {{text("v"), text("version")}, text("Print the version and end.")},
          {text("installation"),
           text("Installation folder. The window works in it, instead of in its own copy of the "
-               "sample beside the program; play and tour play on a temporary copy of it, instead "
+               "sample; play and tour play on a temporary copy of it, instead "
                "of the sample, where a scenario names none."),
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
@@ -106,20 +120,22 @@ bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& err
 }  // namespace
 
 QString sampleInstallation() {
-    return firstFolder(WORKBENCH_SOURCE_DIR "/workbench/installation",
-                       QStringLiteral("installation"));
+    return ownFolder(QStringLiteral("workbench/installation"));
 }
 
 QString workingInstallation(QString& error) {
-    const QString folder = QDir(QCoreApplication::applicationDirPath())
-                               .absoluteFilePath(QStringLiteral("../workspace"));
-    const QString clean = QDir::cleanPath(folder);
-    if (!QFileInfo(clean).isDir()) error = copyFolderWhole(sampleInstallation(), clean);
-    return clean;
+    const QString home =
+        isInstalled() ? QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                            QStringLiteral("/newpro-workbench")
+                      : fromProgram(QStringLiteral(".."));
+    const QString folder = home + QStringLiteral("/workspace");
+    if (!QFileInfo(folder).isDir() && QDir().mkpath(home))
+        error = copyFolderWhole(sampleInstallation(), folder);
+    return folder;
 }
 
 QString scenarioFolder() {
-    return firstFolder(WORKBENCH_SOURCE_DIR "/tests/scenarios", QStringLiteral("scenarios"));
+    return ownFolder(QStringLiteral("tests/scenarios"));
 }
 
 bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error) {

@@ -24,13 +24,16 @@ struct CommandLine {
 /// @return whether the program is to go on.
 bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error);
 
-/// @return folder of the sample installation, and of the scenario files: in the source tree that
-///         the program was built from, else next to the program.
+/// @return folder of the sample installation: of the installed program, else in the source tree
+/// that
+///         the program was built from.
 QString sampleInstallation();
-/// The folder beside the program in which the window works where none is named: a copy of the
-/// sample, made at the first start, so that projects and history stay out of the sources.
+/// The folder in which the window works where none is named: a copy of the sample, made at the
+/// first start, so that projects and history stay out of the sample. An installed program has it
+/// among the user's data, any other beside itself in the build tree.
 /// @param error set where the copy cannot be made.
 QString workingInstallation(QString& error);
+/// @return folder of the scenario files, found like the sample.
 QString scenarioFolder();
 
 }  // namespace workbench
