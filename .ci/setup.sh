@@ -3,7 +3,7 @@
 # shellcheck disable=SC2034  # whoever sources this uses some of the lists
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev fonts-noto-cjk)
-test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils)
+test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev)
 tools_packages=(gcovr python3)

@@ -1,33 +1,63 @@
-# An install tree from which find_package(newProDialog) works.
+# An install tree from which find_package(newProDialog) works, in three components: "runtime" is
+# what a program needs that shows the dialog, "development" what it needs to be built, "workbench"
+# the program to try the dialog with.
 include(CMakePackageConfigHelpers)
 
-set(targets newProDialog newProHost)
-if(NEWPRO_HOST_LIBRARIES STREQUAL "workbenchHost")
-    list(APPEND targets workbenchHost)
-endif()
-install(TARGETS ${targets} EXPORT newProDialogTargets
-    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+set(package ${CMAKE_INSTALL_LIBDIR}/cmake/newProDialog)
+set(libraries
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+install(TARGETS newProDialog newProHost EXPORT newProDialogTargets ${libraries})
 install(FILES
     core/hostContract.h
     dialog/NewProCfgDialog.h
     dialog/xzGcLxDialog.h
     import/TemplateProListItem.h
     import/importExcelSelFile.h
-    ${CMAKE_BINARY_DIR}/include/newProDialog_export.h
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog)
+    ${PROJECT_BINARY_DIR}/include/newProDialog_export.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog COMPONENT development)
 install(DIRECTORY docs/contract/ DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/contract
-    FILES_MATCHING PATTERN "*.schema.json")
+    COMPONENT development FILES_MATCHING PATTERN "*.schema.json")
 install(DIRECTORY host/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog/host
-    FILES_MATCHING PATTERN "*.h")
+    COMPONENT development FILES_MATCHING PATTERN "*.h")
+install(EXPORT newProDialogTargets NAMESPACE newProDialog:: DESTINATION ${package}
+    COMPONENT development)
 
-set(package ${CMAKE_INSTALL_LIBDIR}/cmake/newProDialog)
-install(EXPORT newProDialogTargets NAMESPACE newProDialog:: DESTINATION ${package})
+set(host_libraries "${NEWPRO_HOST_LIBRARIES}")
+if(TARGET workbenchHost)
+    # Part of the runtime: the module that is built with it cannot be loaded without it. Named as a
+    # file, so that nobody has to have what it is built with in turn.
+    install(TARGETS workbenchHost ${libraries})
+    set(host_file ${CMAKE_SHARED_LIBRARY_PREFIX}workbenchHost${CMAKE_SHARED_LIBRARY_SUFFIX})
+    if(WIN32)
+        set(host_file ${CMAKE_IMPORT_LIBRARY_PREFIX}workbenchHost${CMAKE_IMPORT_LIBRARY_SUFFIX})
+    endif()
+    set(host_libraries "\${library_folder}/${host_file}")
+endif()
 configure_package_config_file(cmake/newProDialogConfig.cmake.in
-    ${CMAKE_BINARY_DIR}/newProDialogConfig.cmake INSTALL_DESTINATION ${package})
-write_basic_package_version_file(${CMAKE_BINARY_DIR}/newProDialogConfigVersion.cmake
+    ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake
+    INSTALL_DESTINATION ${package} PATH_VARS CMAKE_INSTALL_LIBDIR)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/newProDialogConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/newProDialogConfig.cmake
-              ${CMAKE_BINARY_DIR}/newProDialogConfigVersion.cmake
-    DESTINATION ${package})
+install(FILES ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake
+              ${PROJECT_BINARY_DIR}/newProDialogConfigVersion.cmake
+    DESTINATION ${package} COMPONENT development)
+
+if(TARGET newpro-workbench)
+    # Its files lie as in the sources, so that the paths between them hold.
+    set(data ${CMAKE_INSTALL_DATADIR}/newpro-workbench)
+    install(TARGETS newpro-workbench
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT workbench)
+    install(DIRECTORY workbench/installation workbench/installation-yunnan
+        DESTINATION ${data}/workbench COMPONENT workbench)
+    install(DIRECTORY tests/scenarios DESTINATION ${data}/tests COMPONENT workbench
+        FILES_MATCHING PATTERN "*.json")
+    install(FILES workbench/app/newpro-workbench.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT workbench)
+    install(FILES workbench/resources/Workbench/app.svg RENAME newpro-workbench.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT workbench)
+    configure_file(workbench/app/newpro-workbench.1.in newpro-workbench.1 @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/newpro-workbench.1
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT workbench)
+endif()

@@ -1,5 +1,4 @@
 // A program of somebody else's: shows the dialog until it is painted, closes it, and ends.
-#include <NewProCfgDialog.h>
 #include <TemplateProListItem.h>
 #include <importExcelSelFile.h>
 #include <xzGcLxDialog.h>
@@ -8,22 +7,27 @@
 #include <QPixmap>
 #include <QTimer>
 
+#include "SharedInterface.h"  // of the host, whose operations a program calls as well
+
+class Host : public QObject {
+  public:
+    void createProject(int, int, const QVariant&) {}
+};
+
+#include "readme.h"  // showNewProject, as README.md has it
+
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    NewProCfgDialog dialog(0, true, nullptr);
-    dialog.SetIsFirstPageOpen(false);
-    dialog.SetLsjl(QStringList());
-    QObject::connect(&dialog, &NewProCfgDialog::SignalCreatePro, &application, [] {});
-    QObject::connect(&dialog, &NewProCfgDialog::SignalCreateMB, &application, [] {});
-
     bool painted = false;
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &dialog, [&] {
-        if (!dialog.isVisible()) return;
-        painted = !dialog.grab().isNull();
-        dialog.reject();
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || !dialog->isVisible()) return;
+        painted = qobject_cast<NewProCfgDialog*>(dialog) != nullptr && !dialog->grab().isNull();
+        dialog->close();
     });
     timer.start(1);
-    const int result = dialog.exec();
-    return painted && result == QDialog::Rejected ? 0 : 1;
+    Host host;
+    showNewProject(nullptr, &host, {SharedInterface::GetAppPath()});
+    return painted ? 0 : 1;
 }

@@ -1,0 +1,37 @@
+# The module is built for a host of somebody else's, which lies in a folder of its own: once named
+# as a file, once as a target of a package. What is installed finds it.
+include(${CMAKE_CURRENT_LIST_DIR}/support.cmake)
+set(host ${SCRATCH}/host)
+file(COPY ${HOST_LIBRARY} DESTINATION ${host}/lib)
+cmake_path(GET HOST_LIBRARY FILENAME name)
+set(host_library ${host}/lib/${name})
+
+build_module(${REPOSITORY} -DNEWPRO_HOST_LIBRARIES=${host_library})
+run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/file)
+if(EXISTS ${SCRATCH}/module/bin OR EXISTS ${SCRATCH}/file/bin OR EXISTS ${SCRATCH}/file/lib/${name})
+    message(FATAL_ERROR "the workbench is built or installed")
+endif()
+# The library itself knows where its host is: not every linker lets the program load it first.
+file(GLOB module ${SCRATCH}/file/lib*/libnewProDialog.so)
+file(GET_RUNTIME_DEPENDENCIES LIBRARIES ${module} RESOLVED_DEPENDENCIES_VAR resolved
+    PRE_INCLUDE_REGEXES ${name} PRE_EXCLUDE_REGEXES .)
+if(NOT resolved STREQUAL host_library)
+    message(FATAL_ERROR "${module} takes its host from: ${resolved}")
+endif()
+consume(${SCRATCH}/file)
+
+# The package follows the host to another place, once it is told.
+file(RENAME ${host} ${SCRATCH}/moved)
+run_refused(1 "The host library ${host_library} is not there."
+    ${CMAKE_COMMAND} ${SCRATCH}/consumer)
+set(host_library ${SCRATCH}/moved/lib/${name})
+consume(${SCRATCH}/file -DNEWPRO_HOST_LIBRARIES=${host_library})
+
+file(COPY ${package_tests}/hostPackage/HostConfigVersion.cmake DESTINATION ${SCRATCH}/moved)
+configure_file(${package_tests}/hostPackage/HostConfig.cmake.in ${SCRATCH}/moved/HostConfig.cmake
+    @ONLY)
+build_module(${REPOSITORY} -DNEWPRO_HOST_LIBRARIES=Host::host "-DNEWPRO_HOST_PACKAGE=Host 1.2"
+    -DHost_DIR=${SCRATCH}/moved)
+run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/package)
+file(REMOVE_RECURSE ${SCRATCH}/consumer)
+consume(${SCRATCH}/package -DHost_DIR=${SCRATCH}/moved)

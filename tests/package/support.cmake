@@ -1,0 +1,90 @@
+# What the package tests share. They get the variables that CMakeLists.txt lists.
+file(REMOVE_RECURSE ${SCRATCH})
+file(MAKE_DIRECTORY ${SCRATCH}/readme)
+
+set(flags "")
+if(SANITIZE)
+    set(flags "-fsanitize=${SANITIZE}")
+endif()
+set(toolchain -G ${GENERATOR} -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${flags})
+set(package_tests ${CMAKE_CURRENT_LIST_DIR})
+
+# run(COMMAND ARG...): runs it and sets `out` to what it wrote; ends the test where it fails.
+function(run)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
+    if(NOT result EQUAL 0)
+        string(REPLACE ";" " " command "${ARGN}")
+        message(FATAL_ERROR "${command}\nended with ${result}:\n${out}")
+    endif()
+    set(out "${out}" PARENT_SCOPE)
+endfunction()
+
+# run_refused(CODE TEXT COMMAND ARG...): runs what has to end with a code and say a text, however
+# its lines are broken.
+function(run_refused code text)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
+    string(REGEX REPLACE "[ \n]+" " " words "${out}")
+    string(FIND "${words}" "${text}" found)
+    if(NOT result EQUAL code OR found EQUAL -1)
+        string(REPLACE ";" " " command "${ARGN}")
+        message(FATAL_ERROR "${command}\nended with ${result}, without saying ${text}:\n${out}")
+    endif()
+endfunction()
+
+# readme_block(README LANGUAGE START INTO): a code block of a README, found by how it begins.
+function(readme_block readme language start into)
+    file(READ ${REPOSITORY}/${readme} text)
+    string(FIND "${text}" "```${language}\n${start}" begin)
+    if(begin EQUAL -1)
+        message(FATAL_ERROR "${readme} has no block that begins with ${start}")
+    endif()
+    string(SUBSTRING "${text}" ${begin} -1 text)
+    string(REGEX REPLACE "^```[a-z]*\n" "" text "${text}")
+    string(FIND "${text}" "```" end)
+    string(SUBSTRING "${text}" 0 ${end} text)
+    set(${into} "${text}" PARENT_SCOPE)
+endfunction()
+
+# The lines of README.md that the tests compile, in the folder that README_LINES names; the Chinese
+# one has the same.
+function(readme_lines file language start)
+    readme_block(README.md ${language} "${start}" text)
+    readme_block(README.zh-CN.md ${language} "${start}" chinese)
+    if(NOT text STREQUAL chinese)
+        message(FATAL_ERROR "README.zh-CN.md differs:\n${chinese}\nfrom README.md:\n${text}")
+    endif()
+    file(WRITE ${SCRATCH}/readme/${file} "${text}")
+endfunction()
+readme_lines(find.cmake cmake "find_package(newProDialog")
+readme_lines(enclose.cmake cmake "find_package(Qt5")
+readme_lines(readme.h cpp "#include <NewProCfgDialog.h>")
+set(readme_lines -DREADME_LINES=${SCRATCH}/readme)
+
+# show_dialog(PROGRAM): runs a consumer, which shows the dialog and ends.
+function(show_dialog program)
+    run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${program})
+endfunction()
+
+# consume(PREFIX ARG...): builds the consumer against an installed package and runs it. Qt's parts
+# that the package must not ask for are hidden.
+function(consume prefix)
+    run(${CMAKE_COMMAND} -S ${package_tests}/consumer -B ${SCRATCH}/consumer ${toolchain}
+        ${readme_lines} -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_DISABLE_FIND_PACKAGE_Qt5Svg=ON ${ARGN})
+    run(${CMAKE_COMMAND} --build ${SCRATCH}/consumer --parallel 2)
+    show_dialog(${SCRATCH}/consumer/app)
+endfunction()
+
+# build_module(SOURCE ARG...): builds a project with the module into SCRATCH/module. A few large
+# pieces compile in a tenth of the time; where two files share a name, each file by itself.
+function(build_module source)
+    run(${CMAKE_COMMAND} -S ${source} -B ${SCRATCH}/module ${toolchain}
+        -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON
+        -DCMAKE_UNITY_BUILD_BATCH_SIZE=16
+        -DCMAKE_PROJECT_newProDialog_INCLUDE=${package_tests}/pieces.cmake ${ARGN})
+    set(build ${CMAKE_COMMAND} --build ${SCRATCH}/module --parallel 2)
+    execute_process(COMMAND ${build} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
+    if(NOT result EQUAL 0)
+        run(${CMAKE_COMMAND} -DCMAKE_UNITY_BUILD=OFF ${SCRATCH}/module)
+        run(${build})
+    endif()
+endfunction()
