@@ -20,9 +20,10 @@ function(run)
 endfunction()
 
 # run_refused(CODE TEXT COMMAND ARG...): runs what has to end with a code and say a text, however
-# its lines are broken.
+# its lines are broken. What is not refused may go on for ever, as a window does.
 function(run_refused code text)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
+    execute_process(COMMAND ${ARGN} TIMEOUT 200
+        RESULT_VARIABLE result OUTPUT_VARIABLE out ERROR_VARIABLE out)
     string(REGEX REPLACE "[ \n]+" " " words "${out}")
     string(FIND "${words}" "${text}" found)
     if(NOT result EQUAL code OR found EQUAL -1)
