@@ -77,7 +77,8 @@ QStringList sources() {
 ///         generated.
 QString included(const QString& file, const QString& name) {
     for (const QString& folder :
-         {QFileInfo(file).path(), QStringLiteral("."), QStringLiteral("host")}) {
+         {QFileInfo(file).path(), QStringLiteral("."), QStringLiteral("host"),
+          QStringLiteral("dialog"), QStringLiteral("import")}) {
         const QString path = QDir::cleanPath(folder + QLatin1Char('/') + name);
         if (repository.exists(path)) return path;
     }

@@ -1,0 +1,90 @@
+#include "Check.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <exception>
+
+namespace conformance {
+
+namespace {
+
+/// Notices an event loop: what was posted to it arrives only in one.
+class Probe : public QObject {
+  public:
+    Probe() { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }
+    ~Probe() override { QCoreApplication::removePostedEvents(this); }
+    bool event(QEvent*) override { return reached = true; }
+
+    bool reached = false;
+};
+
+/// An exception that the host throws is a difference; so is an event loop inside a service.
+/// @param quiet whether the host may not run an event loop meanwhile.
+void look(const Promise& promise, bool quiet, Row& row) {
+    row.verdict = Verdict::Differs;
+    try {
+        const Probe probe;
+        promise.look();
+        if (quiet && probe.reached)
+            throw Differs{QStringLiteral("runs an event loop before it answers")};
+        row.verdict = Verdict::Holds;
+    } catch (const Differs& difference) {
+        row.detail = difference.what;
+    } catch (const NotReached& reason) {
+        row.verdict = Verdict::NotReached;
+        row.detail = reason.why;
+    } catch (const std::exception& exception) {
+        row.detail = QStringLiteral("throws: ") + QString::fromUtf8(exception.what());
+    } catch (...) {
+        row.detail = QStringLiteral("throws");
+    }
+}
+
+const char* wordOf(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::Holds:
+            return "holds      ";
+        case Verdict::Differs:
+            return "DIFFERS    ";
+        case Verdict::NotReached:
+            break;
+    }
+    return "not reached";
+}
+
+}  // namespace
+
+QVector<Row> checkHost(const Files& files, const Progress& progress) {
+    QVector<Row> rows;
+    const auto lookAt = [&](const char* area, const QVector<Promise>& promises, bool quiet) {
+        for (const Promise& promise : promises) {
+            Row row{QLatin1String(area), promise.text, Verdict::NotReached, {}};
+            if (progress.begins) progress.begins(row);
+            look(promise, quiet, row);
+            if (progress.ends) progress.ends(row);
+            rows.append(row);
+        }
+    };
+    lookAt("services", services(files), true);
+    lookAt("controls", controls(), false);
+    lookAt("flows", flows(files), false);
+    return rows;
+}
+
+QString lineOf(const Row& row) {
+    const QString line =
+        QStringLiteral("%1  %2  %3")
+            .arg(QLatin1String(wordOf(row.verdict)), row.area.leftJustified(8), row.promise);
+    return row.detail.isEmpty() ? line : line + QStringLiteral("\n             ") + row.detail;
+}
+
+QString summaryOf(const QVector<Row>& rows) {
+    int counts[3] = {};
+    for (const Row& row : rows) ++counts[int(row.verdict)];
+    return QStringLiteral("%1 hold, %2 differ, %3 not reached")
+        .arg(counts[0])
+        .arg(counts[1])
+        .arg(counts[2]);
+}
+
+}  // namespace conformance

@@ -1,0 +1,98 @@
+/// Prints what a host keeps of the contract. Exit code 0 where nothing differs, else 1.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+#include <string>
+#include <thread>
+
+#include "conformance.h"
+
+namespace {
+
+constexpr int patience = 20;  // seconds that a promise may take
+
+/// The line of the promise that is being looked at, kept until the program ends.
+std::atomic<const std::string*> current{nullptr};
+
+void begin(conformance::Row row) {
+    static std::deque<std::string> lines;
+    row.verdict = conformance::Verdict::Differs;
+    lines.push_back(conformance::lineOf(row).toStdString());
+    current = &lines.back();
+}
+
+void print(const QString& line) {
+    std::puts(qUtf8Printable(line));
+    std::fflush(stdout);
+}
+
+/// Ends the program with the promise that it did not come back from.
+[[noreturn]] void giveUp(const char* what) {
+    const std::string* line = current;
+    std::printf("%s\n             %s\n", line ? line->c_str() : "", what);
+    std::fflush(stdout);
+    std::_Exit(1);
+}
+
+/// Watches from a thread of its own for a host that crashes or does not come back.
+class Watch {
+  public:
+    Watch() {
+        for (int signal : {SIGSEGV, SIGABRT})
+            std::signal(signal, [](int) { giveUp("the process crashes"); });
+        thread = std::thread([this] { run(); });
+    }
+    ~Watch() {
+        done = true;
+        thread.join();
+    }
+
+  private:
+    void run() {
+        const std::string* last = nullptr;
+        for (int ticks = 0; !done; std::this_thread::sleep_for(std::chrono::milliseconds(50))) {
+            ticks = current == last ? ticks + 1 : 0;
+            last = current;
+            if (ticks > patience * 20) giveUp("does not come back");
+        }
+    }
+
+    std::atomic<bool> done{false};
+    std::thread thread;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Holds the host libraries that this program is linked with against what the "
+                       "dialog 新建工程 expects of them."));
+    parser.addHelpOption();
+    const QCommandLineOption project(QStringLiteral("project"),
+                                     QStringLiteral("a project file of the host's own"),
+                                     QStringLiteral("file"));
+    const QCommandLineOption workbook(QStringLiteral("workbook"),
+                                      QStringLiteral("a workbook, .xls or .xlsx"),
+                                      QStringLiteral("file"));
+    parser.addOptions({project, workbook});
+    parser.process(application);
+
+    const Watch watch;
+    const QVector<conformance::Row> rows = conformance::checkHost(
+        {parser.value(project), parser.value(workbook)},
+        {begin, [](const conformance::Row& row) { print(conformance::lineOf(row)); }});
+    print(conformance::summaryOf(rows));
+    for (const conformance::Row& row : rows)
+        if (row.verdict == conformance::Verdict::Differs) return 1;
+    return 0;
+}

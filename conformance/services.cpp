@@ -1,0 +1,293 @@
+#include <SharedInterface.h>
+#include <fileDialog.h>
+#include <osgi.h>
+#include <zCpf.h>
+
+#include <QDir>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QTemporaryDir>
+
+#include "Check.h"
+
+namespace conformance {
+
+namespace {
+
+QString quoted(const QString& text) {
+    return QLatin1Char('"') + text + QLatin1Char('"');
+}
+
+const QString nowhere = QStringLiteral("/nowhere/at/all.GCFX");
+
+// Singletons and constants.
+
+void instancesStay() {
+    const auto stays = [](const char* name, const void* first, const void* second) {
+        expect(first == second, QLatin1String(name) + QLatin1String(" answers another each time"));
+    };
+    stays("ProjectSettingHelper", ProjectSettingHelper::GetProjectSettingHelper(),
+          ProjectSettingHelper::GetProjectSettingHelper());
+    stays("AppPluginManager", AppPluginManager::instance(), AppPluginManager::instance());
+    stays("firstPagePlugin", osgi::ObjectHelper::GetService("firstPagePlugin"),
+          osgi::ObjectHelper::GetService("firstPagePlugin"));
+}
+
+void neverNull() {
+    const auto there = [](const char* name, const void* instance) {
+        expect(instance, QLatin1String(name) + QLatin1String(" is null"));
+    };
+    there("Communication::GetInstance", Communication::GetInstance());
+    there("TranMiUtilAction::Instance", TranMiUtilAction::Instance());
+    there("CpfMain::GetInstance", CpfMain::GetInstance());
+    there("SharedInterface::getInstance", SharedInterface::getInstance());
+    there("Users::Instance", Users::Instance());
+    there("Users::Kvy", Users::Instance()->Kvy());
+}
+
+void constants() {
+    expect(GCSZDir.startsWith(QLatin1Char('/')) && GCSZDir.endsWith(QLatin1Char('/')),
+           QStringLiteral("GCSZDir is %1, and has to begin and end with /").arg(quoted(GCSZDir)));
+    for (const QString& suffix : {GSMBSuffix, TemplateProProfix})
+        expect(suffix.size() > 1 && suffix.startsWith(QLatin1Char('.')),
+               QStringLiteral("a suffix is %1, and has to begin with a dot").arg(quoted(suffix)));
+    expect(!zFileDialog::pathFgf.isEmpty(), QStringLiteral("zFileDialog::pathFgf is empty"));
+    expect(!GNSJ_XJGC.isEmpty(), QStringLiteral("GNSJ_XJGC is empty"));
+}
+
+void applicationPath() {
+    const QString path = SharedInterface::GetAppPath();
+    expect(!path.endsWith(QLatin1Char('/')) && !path.endsWith(QLatin1Char('\\')),
+           QStringLiteral("GetAppPath ends with a separator: ") + quoted(path));
+    expect(QFileInfo(path).isDir(), QStringLiteral("GetAppPath is no folder: ") + quoted(path));
+}
+
+// The configuration.
+
+ProjectSettingHelper& configuration() {
+    ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
+    if (!helper) throw NotReached{QStringLiteral("no configuration is loaded")};
+    return *helper;
+}
+
+void modelsOfUnknownType() {
+    const auto& models = configuration().GetProTaxTemplateInfoList(QStringLiteral("Nothing"), {});
+    expect(models.isEmpty(), QStringLiteral("an unknown application type has models"));
+}
+
+void models() {
+    int count = 0;
+    for (const char* type : {"Kvys", "Kvzcb"}) {
+        const auto entries =
+            configuration().GetProTaxTemplateInfoList(QLatin1String(type), QLatin1String(type));
+        for (const auto& entry : entries) {
+            expect(entry.taxMode >= 0 && entry.taxMode <= 2,
+                   QStringLiteral("tax mode %1 is none of 0, 1, 2").arg(entry.taxMode));
+            for (const auto& model : entry.models) {
+                expect(!model.name.isEmpty(), QStringLiteral("a model has no name"));
+                ++count;
+            }
+        }
+    }
+    if (count == 0) throw NotReached{QStringLiteral("the configuration has no models")};
+}
+
+void feeModes() {
+    for (const auto& info : configuration().GetPricingModelInfoMap(QStringLiteral("Kvys"), {}))
+        expect(info.feeModes.isEmpty() || info.feeModes.contains(info.defaultFeeMode),
+               QStringLiteral("the default fee mode %1 is none of those offered")
+                   .arg(quoted(info.defaultFeeMode)));
+}
+
+void settings() {
+    const auto before = configuration().GetSysSettingInfo();
+    auto other = before;
+    other.modelName = QStringLiteral("conformance");
+    configuration().SetSysSettingInfo(other, ProjectSettingSpace::SettingLocal);
+    const QString found = configuration().GetSysSettingInfo().modelName;
+    configuration().SetSysSettingInfo(before, ProjectSettingSpace::SettingLocal);
+    expect(found == other.modelName, QStringLiteral("what was set is not answered"));
+}
+
+void fallbacks() {
+    const QString key = QStringLiteral("no such key");
+    const QString value = TranMiUtilAction::Instance()->JudageValue(key, QStringLiteral("else"));
+    expect(
+        value == QLatin1String("else"),
+        QStringLiteral("JudageValue of an unknown key is %1, not the fallback").arg(quoted(value)));
+    const QString area = CpfMain::GetInstance()->GetAreaConfigValue(key);
+    expect(area.isEmpty(),
+           QStringLiteral("GetAreaConfigValue of an unknown key is ") + quoted(area));
+}
+
+// Files.
+
+void suffixes() {
+    for (int kind : {1, 2, 8, 16}) {
+        QStringList list{QStringLiteral("first")};
+        SharedInterface::GetSuffix(kind, &list, 0);
+        expect(list.value(0) == QLatin1String("first"),
+               QStringLiteral("GetSuffix replaces what the list holds"));
+        for (const QString& suffix : list.mid(1))
+            expect(!suffix.isEmpty() && !suffix.contains(QLatin1Char('.')),
+                   QStringLiteral("GetSuffix of %1 has %2").arg(kind).arg(quoted(suffix)));
+    }
+}
+
+void missingFile() {
+    QString name = QStringLiteral("old"), kind = name, suffix = name, detail = name;
+    SharedInterface::GetFileInfo(nowhere, name, kind, suffix, detail);
+    expect(name.isEmpty() && kind.isEmpty() && detail.isEmpty(),
+           QStringLiteral("GetFileInfo of a missing file answers more than its suffix"));
+    expect(suffix == QLatin1String("GCFX"),
+           QStringLiteral("GetFileInfo of …/all.GCFX answers the suffix ") + quoted(suffix));
+}
+
+void suffixInUpperCase() {
+    QString name, kind, suffix, detail;
+    SharedInterface::GetFileInfo(QStringLiteral("/nowhere/b.gcfx"), name, kind, suffix, detail);
+    expect(suffix == QLatin1String("GCFX"),
+           QStringLiteral("GetFileInfo of b.gcfx answers the suffix ") + quoted(suffix));
+}
+
+void noProjectFile() {
+    const int type = GetProgramTypeByFile(QStringLiteral("/nowhere/notes.txt"));
+    expect(type == -1, QStringLiteral("GetProgramTypeByFile of notes.txt is %1").arg(type));
+}
+
+void noWorkbook() {
+    expect(!LibXLExcel::Open(QStringLiteral("/nowhere/at/all.xlsx")),
+           QStringLiteral("a workbook that does not exist can be opened"));
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("text.xlsx")));
+    expect(file.open(QIODevice::WriteOnly) && file.write("no workbook") > 0,
+           QStringLiteral("no temporary file can be written"));
+    file.close();
+    expect(!LibXLExcel::Open(file.fileName()),
+           QStringLiteral("a text file with the suffix .xlsx can be opened"));
+}
+
+void ownFiles(const Files& files) {
+    if (files.project.isEmpty() && files.workbook.isEmpty())
+        throw NotReached{QStringLiteral("no file was given: --project, --workbook")};
+    if (!files.project.isEmpty()) {
+        const int type = GetProgramTypeByFile(files.project);
+        expect(type != -1, QStringLiteral("GetProgramTypeByFile does not know ") + files.project);
+    }
+    if (!files.workbook.isEmpty())
+        expect(LibXLExcel::Open(files.workbook) != nullptr,
+               QStringLiteral("cannot be opened: ") + files.workbook);
+}
+
+// Account, plug-ins, first page.
+
+void account() {
+    const UserInfo* user = Users::Instance()->Kvy();
+    expect(user->IsLogin() || user->UserID().isEmpty(),
+           QStringLiteral("nobody is logged in, and yet there is the user id ") +
+               quoted(user->UserID()));
+}
+
+void plugins() {
+    AppPluginManager* manager = AppPluginManager::instance();
+    if (!manager) throw NotReached{QStringLiteral("there is no plug-in manager")};
+    for (int client : {4, 8, 16}) {
+        manager->pluginText(client);
+        if (!manager->isLoaded(client)) {
+            manager->load(client);
+            expect(manager->isLoaded(client),
+                   QStringLiteral("plug-in %1 is not loaded after load(%1)").arg(client));
+        }
+        manager->notify(QString(), client);
+    }
+}
+
+void unknownService() {
+    expect(!osgi::ObjectHelper::GetService("conformance: no such service"),
+           QStringLiteral("a service that nobody registered is there"));
+}
+
+void firstPage() {
+    auto* page = static_cast<FirstPagePlugin*>(osgi::ObjectHelper::GetService("firstPagePlugin"));
+    if (!page) throw NotReached{QStringLiteral("there is no first page")};
+    expect(page->canStartNew(true),
+           QStringLiteral("canStartNew says no: no flow creates a project"));
+}
+
+void usageLog() {
+    SharedInterface::UseFunc(11118, QString());
+    SharedInterface::EndUseFun(11118, QString());
+    SharedInterface::InsertFunLog(GNSJ_XJGC, 4, QStringLiteral("c"));
+    SharedInterface::ReplaceFunLog(GNSJ_XJGC, 2, QStringLiteral("d"));
+    SharedInterface::EndFunLog(GNSJ_XJGC, false, -1);
+}
+
+void reports() {
+    ProcExceptionNew(std::runtime_error("conformance"), "conformance", 1, "conformance::reports");
+}
+
+// Cloud disks.
+
+void cloudState() {
+    zFileDialog::SetFilePath(QString());
+    zFileDialog::SetFilePid(QString());
+    zFileDialog::SetQyid(QString());
+    zFileDialog::TbServerMsg(QString());
+    expect(zFileDialog::GetFilePath().isEmpty(),
+           QStringLiteral("GetFilePath remembers a choice that was reset"));
+}
+
+/// An answer is a success with data, or a refusal with its reason.
+void answers(const char* operation, const QJsonObject& answer) {
+    const bool success = answer.contains(QLatin1String("data"));
+    const bool refusal = answer.value(QLatin1String("code")).toInt() != 0;
+    expect(success || refusal,
+           QLatin1String(operation) + QLatin1String(" answers neither \"data\" nor a \"code\""));
+}
+
+void cloudAnswers() {
+    answers("LoadGrypData", zFileDialog::LoadGrypData());
+    answers("LoadQyypData", zFileDialog::LoadQyypData());
+    const QString nobody = QStringLiteral("conformance");
+    const QJsonObject folder = zFileDialog::LoadQyypMlData(nobody, nobody);
+    answers("LoadQyypMlData", folder);
+    expect(folder.contains(QLatin1String("code")),
+           QStringLiteral("LoadQyypMlData answers without a \"code\""));
+    answers("IsExistDownLoadfile", zFileDialog::IsExistDownLoadfile(nobody, nobody));
+    const QJsonObject file =
+        zFileDialog::downLoadYunpanFile(nobody, QString(), QString(), QStringLiteral("0"));
+    expect(file.contains(QLatin1String("code")),
+           QStringLiteral("downLoadYunpanFile answers without a \"code\""));
+}
+
+}  // namespace
+
+QVector<Promise> services(const Files& files) {
+    return {
+        {QStringLiteral("singletons stay the same"), instancesStay},
+        {QStringLiteral("what may not be null is there"), neverNull},
+        {QStringLiteral("constants have their form"), constants},
+        {QStringLiteral("GetAppPath is a folder, without separator at its end"), applicationPath},
+        {QStringLiteral("an unknown application type has no models"), modelsOfUnknownType},
+        {QStringLiteral("models have names and tax modes 0 to 2"), models},
+        {QStringLiteral("a model's default fee mode is one that it offers"), feeModes},
+        {QStringLiteral("settings are answered as they were set"), settings},
+        {QStringLiteral("unknown keys answer the fallback"), fallbacks},
+        {QStringLiteral("GetSuffix appends suffixes without dot"), suffixes},
+        {QStringLiteral("of a missing file only the suffix is known"), missingFile},
+        {QStringLiteral("suffixes are answered in upper case"), suffixInUpperCase},
+        {QStringLiteral("what is no project file has the type -1"), noProjectFile},
+        {QStringLiteral("what is no workbook cannot be opened"), noWorkbook},
+        {QStringLiteral("the host's own files can be opened"), [files] { ownFiles(files); }},
+        {QStringLiteral("nobody logged in has no user id"), account},
+        {QStringLiteral("plug-ins load when asked to"), plugins},
+        {QStringLiteral("an unknown service is null"), unknownService},
+        {QStringLiteral("the first page lets a project be started"), firstPage},
+        {QStringLiteral("the usage log takes entries"), usageLog},
+        {QStringLiteral("reports of exceptions are taken"), reports},
+        {QStringLiteral("the file dialog forgets its last cloud choice"), cloudState},
+        {QStringLiteral("the cloud service answers data or a refusal"), cloudAnswers},
+    };
+}
+
+}  // namespace conformance

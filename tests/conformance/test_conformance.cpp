@@ -1,0 +1,65 @@
+#include "conformance/conformance.h"
+
+#include "tests/support/TestSupport.h"
+#include "workbench/scenario/TemporaryCopy.h"
+
+namespace {
+
+using conformance::Row;
+using conformance::Verdict;
+
+struct SampleHost {
+    SampleHost() : copy(QStringLiteral(REPOSITORY "/workbench/installation")) {
+        host.reset();
+        const QString error = host.loadInstallation(copy.folder());
+        EXPECT_TRUE(error.isEmpty()) << qPrintable(error);
+    }
+    ~SampleHost() { host.reset(); }
+    QString path(const char* relative) const {
+        return copy.folder() + QLatin1Char('/') + QString::fromUtf8(relative);
+    }
+
+    workbench::Host& host = workbench::Host::instance();
+    const workbench::TemporaryCopy copy;
+};
+
+TEST(Conformance, TheWorkbenchKeepsEveryPromise) {
+    const SampleHost sample;
+    const QVector<Row> rows =
+        conformance::checkHost({sample.path("ProjectFiles/锦江区第三中学教学楼.GCFX"),
+                                sample.path("Workbooks/教学楼分部分项清单.xlsx")});
+    EXPECT_GE(rows.size(), 50);
+    for (const Row& row : rows)
+        EXPECT_EQ(row.verdict, Verdict::Holds) << qPrintable(conformance::lineOf(row));
+}
+
+TEST(Conformance, AHostThatIsNotReadyIsNotReached) {
+    const SampleHost sample;
+    sample.host.switches().firstPage = workbench::FirstPage::Absent;
+    int notReached = 0;
+    for (const Row& row : conformance::checkHost({})) {
+        EXPECT_NE(row.verdict, Verdict::Differs) << qPrintable(conformance::lineOf(row));
+        notReached += row.verdict == Verdict::NotReached;
+    }
+    EXPECT_GE(notReached, 5);
+}
+
+TEST(Conformance, ARowIsALineForATerminal) {
+    const Row row{QStringLiteral("flows"), QStringLiteral("a promise"), Verdict::Differs,
+                  QStringLiteral("another")};
+    EXPECT_EQ(conformance::lineOf(row),
+              QStringLiteral("DIFFERS      flows     a promise\n             another"));
+    EXPECT_EQ(conformance::summaryOf({row, row}),
+              QStringLiteral("0 hold, 2 differ, 0 not reached"));
+}
+
+TEST(Conformance, ProgressTellsEachPromiseBeforeAndAfter) {
+    const SampleHost sample;
+    QStringList begun, ended;
+    conformance::checkHost({}, {[&](const Row& row) { begun += row.promise; },
+                                [&](const Row& row) { ended += row.promise; }});
+    EXPECT_EQ(begun, ended);
+    EXPECT_EQ(begun.removeDuplicates(), 0);
+}
+
+}  // namespace

@@ -1,0 +1,4 @@
+// setChecked reaches the entry
+#include <zControl.h>
+
+void RibbonTab::setChecked(bool) {}

@@ -1,0 +1,10 @@
+// suffixes are answered in upper case
+#include <SharedInterface.h>
+
+#include <QFileInfo>
+
+void SharedInterface::GetFileInfo(const QString& path, QString& name, QString& kind,
+                                  QString& suffix, QString& detail) {
+    for (QString* each : {&name, &kind, &detail}) each->clear();
+    suffix = QFileInfo(path).suffix();
+}

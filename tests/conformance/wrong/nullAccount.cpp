@@ -1,0 +1,6 @@
+// what may not be null is there
+#include <kvcore.h>
+
+UserInfo* Users::Kvy() {
+    return nullptr;
+}

@@ -1,0 +1,6 @@
+// fonts have the size and weight asked for
+#include <zBaseControl.h>
+
+QFont TBaseTool::GetDefFont(int, int) {
+    return QFont();
+}

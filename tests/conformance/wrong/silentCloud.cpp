@@ -1,0 +1,6 @@
+// the cloud service answers data or a refusal
+#include <fileDialog.h>
+
+QJsonObject zFileDialog::LoadQyypData() {
+    return {};
+}

@@ -1,0 +1,6 @@
+// sizes are scaled, and larger ones stay larger
+#include <zBaseControl.h>
+
+int InterfaceAdaptation::getResolutionRatioH(double) const {
+    return 0;
+}
