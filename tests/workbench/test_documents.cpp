@@ -82,4 +82,24 @@ TEST(Documents, TheChangelogTellsOfTheProjectsVersion) {
     EXPECT_TRUE(dated.contains(version.constFirst())) << version.constFirst().toStdString();
 }
 
+/// @return the file names of drawings in a text, sorted.
+QStringList drawings(const QString& text) {
+    QStringList names = found(text, QStringLiteral("([\\w.]+\\.svg)"));
+    names.removeDuplicates();
+    names.sort();
+    return names;
+}
+
+TEST(Documents, TheHostsPageListsThePicturesThatTheModuleNames) {
+    QString sources;
+    for (const char* room : {"core", "models", "files", "import", "dialog"}) {
+        const QDir folder(repository.filePath(QLatin1String(room)));
+        for (const QString& file : folder.entryList({QStringLiteral("*.cpp")}))
+            sources += contents(folder.filePath(file));
+    }
+    const QString page = contents(repository.filePath(QStringLiteral("docs/writing-a-host.md")));
+    EXPECT_GE(drawings(sources).size(), 15);
+    EXPECT_EQ(drawings(page), drawings(sources));
+}
+
 }  // namespace
