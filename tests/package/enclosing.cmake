@@ -11,3 +11,5 @@ run_refused(1 "NEWPRO_HOST_LIBRARIES has to name"
 build_module(${SCRATCH}/enclosing ${readme_lines} -DCONSUMER=${package_tests}/consumer
     -DHOST_LIBRARY=${HOST_LIBRARY} -DNEWPRO_INSTALL=ON)
 show_dialog(${SCRATCH}/module/app)
+
+file(REMOVE_RECURSE ${SCRATCH})

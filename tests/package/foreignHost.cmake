@@ -35,3 +35,5 @@ build_module(${REPOSITORY} -DNEWPRO_HOST_LIBRARIES=Host::host "-DNEWPRO_HOST_PAC
 run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/package)
 file(REMOVE_RECURSE ${SCRATCH}/consumer)
 consume(${SCRATCH}/package -DHost_DIR=${SCRATCH}/moved)
+
+file(REMOVE_RECURSE ${SCRATCH})

@@ -77,3 +77,5 @@ file(GLOB_RECURSE after ${root}/*)
 if(NOT before STREQUAL after)
     message(FATAL_ERROR "the program has written beside itself:\n${before}\nbecame\n${after}")
 endif()
+
+file(REMOVE_RECURSE ${SCRATCH})

@@ -1,6 +1,8 @@
 # What the package tests share. They get the variables that CMakeLists.txt lists.
-file(REMOVE_RECURSE ${SCRATCH})
-file(MAKE_DIRECTORY ${SCRATCH}/readme)
+# Each works in a folder outside the sources, SCRATCH, which stays where a test fails.
+execute_process(COMMAND mktemp -d --tmpdir newpro-package-XXXXXX OUTPUT_VARIABLE SCRATCH
+    OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+file(REAL_PATH ${SCRATCH} SCRATCH)
 
 set(flags "")
 if(SANITIZE)
