@@ -6,3 +6,4 @@ run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${SCRATCH}/module/host-che
 if(NOT out MATCHES ", 0 differ, ")
     message(FATAL_ERROR "${out}")
 endif()
+file(REMOVE_RECURSE ${SCRATCH})
