@@ -27,6 +27,7 @@ struct EarlyEnd {
 };
 
 TEST_F(ScenarioTest, AStepThatCannotBeDoneEndsTheScenarioWithItsReason) {
+    options.stepLimit = 300;  // is waited for
     const EarlyEnd ends[] = {
         {R"({"do": "ribbon", "entry": "预算工程"})", "steps[0] ribbon: no dialog is open"},
         {R"({"do": "open"}, {"do": "open"})", "steps[1] open: the dialog is open already"},
@@ -103,6 +104,7 @@ TEST(WatchdogTest, AUserInterfaceThatStopsAnsweringEndsTheProcess) {
 }
 
 TEST_F(ScenarioTest, AStepThatBlocksWithoutAWindowEndsTheProcessWithTheDifferencesSoFar) {
+    options.stepLimit = 300;  // is waited for
     testing::GTEST_FLAG(death_test_style) = "threadsafe";
     const TemporaryFolders here(folder.path());
     const auto block = [this] {
