@@ -210,8 +210,8 @@ TEST_F(TemplateScan, FoldersThatLinkTwiceToTheNextStayBounded) {
     }
     const Lines rows = scan(folder.filePath(QStringLiteral("f0")));
     EXPECT_GT(rows.size(), size_t(2 * depth)) << "one way goes all the way down";
-    // A thousand links are followed: each has a row and the row of its template. On the way back one
-    // link in each folder is not, and has its row alone.
+    // A thousand links are followed: each has a row and the row of its template. On the way back
+    // one link in each folder is not, and has its row alone.
     EXPECT_EQ(rows.size(), size_t(1 + 2 * 1000 + depth));
 }
 
