@@ -102,7 +102,6 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     bool showImportTender = true;
     newpro::Part<QTreeWidget> templateTree;
     bool templateTreeHasFile = false;
-    int treeFilling = 0;  ///< Counts how often the tree was cleared to be filled anew.
     int hostMode = 0;
     AppPluginManager* plugins = nullptr;
     bool isFirstPageOpen = true;

@@ -124,7 +124,6 @@ void NewProCfgDialogPrivate::fitTemplateTree() {
 }
 
 void NewProCfgDialogPrivate::clearTemplateTree() {
-    ++treeFilling;
     if (templateTree) templateTree->clear();
     templateTreeHasFile = false;
 }
@@ -146,24 +145,18 @@ void NewProCfgDialogPrivate::showTemplateButton() {
 
 void NewProCfgDialog::getDirAndFiles(const QString& folder, QTreeWidgetItem* parent) {
     operate(d, [&](Parts& parts) {
-        const int filling = parts.treeFilling;
-        newpro::scanTemplateFolder(
-            folder, parent,
-            [&](const QString& text, QTreeWidgetItem* under, bool isFile, const QString& path) {
-                QTreeWidgetItem* row = parts.q->addOneRowItem(text, under, isFile, path);
-                // Filled anew while the host was asked: the rows that this scan knows are gone.
-                if (parts.treeFilling != filling) throw newpro::Gone();
-                return row;
-            });
+        newpro::scanTemplateFolder(folder, parent,
+                                   [&parts](const QString& text, QTreeWidgetItem* under,
+                                            bool isFile, const QString& path) {
+                                       return parts.q->addOneRowItem(text, under, isFile, path);
+                                   });
     });
 }
 
 QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* parent, bool isFile,
                                                 QString path) {
     const auto addRow = [&](Parts& parts) {
-        const int filling = parts.treeFilling;
         std::unique_ptr<QWidget> row = parts.templateRow(text, isFile, path);
-        if (parts.treeFilling != filling) throw newpro::Gone();
         QTreeWidget* tree = parts.templateTree.need();
         auto* item = parent ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(tree);
         if (isFile) {

@@ -82,6 +82,28 @@ TEST_F(Pages, AreBuiltOnce) {
     }
 }
 
+TEST_F(Pages, EverySlotOfAPageAsksForTheFirstPage) {
+    host.switches().firstPage = workbench::FirstPage::Absent;
+    open();
+    for (const char* slot :
+         {"xjgsButtonSlot", "xjjsButtonSlot", "xjshButtonSlot", "xjZcbButtonSlot"}) {
+        clearJournal();
+        ASSERT_TRUE(QMetaObject::invokeMethod(dialog.get(), slot)) << slot;
+        EXPECT_EQ(countOf("osgi::ObjectHelper::GetService"), 1) << slot;
+    }
+}
+
+TEST_F(Pages, OfTheGridHaveTheirCaptionAboveThePath) {
+    open();
+    auto* page = find<QWidget>("contractingPage");
+    qobject_cast<QStackedWidget*>(page->parentWidget())->setCurrentWidget(page);
+    settle();
+    auto* caption = on<QWidget>("contractingPage", "caption");
+    auto* combo = on<QWidget>("contractingPage", "fileCombo");
+    EXPECT_LT(caption->mapTo(dialog.get(), caption->rect().bottomLeft()).y(),
+              combo->mapTo(dialog.get(), QPoint()).y());
+}
+
 TEST_F(Pages, DressTheNewButtonAsOne) {
     open();
     pick(auditLabel);

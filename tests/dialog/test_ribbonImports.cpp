@@ -51,6 +51,20 @@ TEST_F(RibbonImports, AnImportWithoutEntryOfTheCurrentKindLeavesChecksAndPageAsT
     }
 }
 
+TEST_F(RibbonImports, AnEntryThatIsGoneIsNotTheCurrentKindsAnyMore) {
+    open();
+    addKindOnMainPage(estimateLabel);
+    pick(estimateLabel);
+    for (QWidgetAction* entry : entries())
+        if (entry->text() == estimateLabel) delete entry;
+    host.switches().firstPage = FirstPage::Absent;
+    clearJournal();
+    pick(excelLabel);
+    EXPECT_EQ(countOf("dialog"), 1) << "the import runs all the same";
+    EXPECT_EQ(checkedEntries(), QStringList{excelLabel}) << "as the bar left it";
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
 TEST_F(RibbonImports, TheRowsOwnButtonStartsTheTenderImportToo) {
     open();
     host.switches().firstPage = FirstPage::Absent;
