@@ -14,8 +14,6 @@
 
 namespace {
 
-constexpr int patience = 20;  // seconds that a promise may take
-
 /// The line of the promise that is being looked at, kept until the program ends.
 std::atomic<const std::string*> current{nullptr};
 
@@ -42,7 +40,8 @@ void print(const QString& line) {
 /// Watches from a thread of its own for a host that crashes or does not come back.
 class Watch {
   public:
-    Watch() {
+    /// @param patience seconds that a promise may take.
+    explicit Watch(int patience) : patience(patience) {
         for (int signal : {SIGSEGV, SIGABRT})
             std::signal(signal, [](int) { giveUp("the process crashes"); });
         thread = std::thread([this] { run(); });
@@ -62,6 +61,7 @@ class Watch {
         }
     }
 
+    const int patience;
     std::atomic<bool> done{false};
     std::thread thread;
 };
@@ -84,10 +84,13 @@ int main(int argc, char** argv) {
     const QCommandLineOption workbook(QStringLiteral("workbook"),
                                       QStringLiteral("a workbook, .xls or .xlsx"),
                                       QStringLiteral("file"));
-    parser.addOptions({project, workbook});
+    const QCommandLineOption patience(QStringLiteral("patience"),
+                                      QStringLiteral("seconds that a promise may take (20)"),
+                                      QStringLiteral("seconds"), QStringLiteral("20"));
+    parser.addOptions({project, workbook, patience});
     parser.process(application);
 
-    const Watch watch;
+    const Watch watch(parser.value(patience).toInt());
     const QVector<conformance::Row> rows = conformance::checkHost(
         {parser.value(project), parser.value(workbook)},
         {begin, [](const conformance::Row& row) { print(conformance::lineOf(row)); }});
