@@ -40,7 +40,8 @@ void colours() {
 }
 
 void skins() {
-    expect(SkinManager::instance() && SkinManager::instance() == SkinManager::instance(),
+    const SkinManager* first = SkinManager::instance();
+    expect(first && first == SkinManager::instance(),
            QStringLiteral("SkinManager::instance is null or another each time"));
 }
 
