@@ -210,7 +210,7 @@ TEST(CloudWalk, InAnyListingTheLastNameIsFoundAndAFileBeforeAFolder) {
             findInCloud(anyListing(2), {QStringLiteral("a"), QStringLiteral("a")},
                         [&last](const QJsonObject& folder) { return last = childrenOf(folder); });
         QJsonArray named, files;
-        for (const QJsonValue& value : last.value_or(QJsonArray())) {
+        for (const QJsonValue value : last.value_or(QJsonArray())) {
             if (isNamedA(value)) named.append(value);
             if (isNamedA(value) && isFile(value)) files.append(value);
         }
