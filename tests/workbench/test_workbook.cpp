@@ -130,19 +130,24 @@ TEST(Workbook, ACutBinaryWorkbookDoesNotOpenWhereverItIsCut) {
 
 /// FreeXL would read as many bytes behind the name as the entry says.
 TEST(Workbook, ANameOfImpossibleLengthIsNotHandedToTheReader) {
-    // More than is copied before the sheets, so that the reader gets the whole file.
     const QByteArray globals =
         (QByteArray::fromHex("31000020") + QByteArray(0x2000, '\0')).repeated(200);
-    const QByteArray whole =
-        compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(2), 0, globals));
-    const int directory = int(qFromLittleEndian<quint32>(whole.constData() + 48) + 1) * 512;
     TemporaryInstallation installation;
-    for (const int entry : {0, 2}) {  // before and behind the workbook's own
-        for (const quint16 length : {0, 22, 64, 65, 65535}) {
-            QByteArray forged = whole;
-            qToLittleEndian(length, forged.data() + directory + 128 * entry + 64);
-            EXPECT_EQ(opens(installation.write(QStringLiteral("a.xls"), forged)), length <= 64)
-                << entry << " " << length;
+    // With more than is copied before the sheets, the reader gets the whole file.
+    for (const QByteArray& before : {QByteArray(), globals}) {
+        const QByteArray whole =
+            compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(2), 0, before));
+        const int directory = int(qFromLittleEndian<quint32>(whole.constData() + 48) + 1) * 512;
+        for (const int entry : {0, 1, 2}) {  // the second is the workbook's own
+            for (const quint16 length : {18, 22, 64, 65, 1000, 32768, 65535}) {
+                QByteArray forged = whole;
+                qToLittleEndian(length, forged.data() + directory + 128 * entry + 64);
+                const bool opened = opens(installation.write(QStringLiteral("a.xls"), forged));
+                // Of the others a copy of the globals keeps nothing.
+                const bool copied = before.isEmpty() && entry != 1;
+                EXPECT_EQ(opened, copied || length <= 64)
+                    << before.size() << " " << entry << " " << length;
+            }
         }
     }
 }

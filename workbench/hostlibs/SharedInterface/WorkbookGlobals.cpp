@@ -74,6 +74,7 @@ class Sectors {
 };
 
 constexpr int entrySize = 128;
+constexpr int nameSizeAt = 64;  // behind the name itself; in bytes, with the name's end
 const QByteArray workbookName("W\0o\0r\0k\0b\0o\0o\0k\0\0\0", 18);
 const QByteArray oldWorkbookName("B\0o\0o\0k\0\0\0", 10);
 
@@ -92,11 +93,13 @@ bool walkDirectory(Sectors& sectors, Visit visit) {
     return false;
 }
 
-/// @return the directory's entry for the stream of a workbook; empty where there is none.
+/// @return the directory's entry for the stream of a workbook; empty where there is none. FreeXL
+///         gets it as it stands, and believes the size that it gives its name.
 QByteArray workbookEntry(Sectors& sectors) {
     QByteArray found;
     walkDirectory(sectors, [&](const QByteArray& entry) {
-        if (entry.startsWith(workbookName)) found = entry;
+        const bool honest = number<quint16>(entry, nameSizeAt) == workbookName.size();
+        if (honest && entry.startsWith(workbookName)) found = entry;
         return !found.isEmpty();
     });
     return found;
@@ -163,12 +166,12 @@ QByteArray compoundFileOf(const QByteArray& directoryEntry, const QByteArray& st
 }  // namespace
 
 bool hasSoundDirectory(QFile& file) {
-    constexpr quint16 longestName = 64;  // in bytes, with its end
+    constexpr quint16 longestName = 64;
     Sectors sectors(file);
     bool found = false;
     bool sound = true;
     const bool ends = walkDirectory(sectors, [&](const QByteArray& entry) {
-        sound = number<quint16>(entry, 64) <= longestName;
+        sound = number<quint16>(entry, nameSizeAt) <= longestName;
         found |= entry.startsWith(workbookName) || entry.startsWith(oldWorkbookName);
         return !sound;
     });
