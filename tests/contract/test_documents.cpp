@@ -4,9 +4,9 @@
 
 #include "core/hostContract.h"
 #include "tests/contract/Contract.h"
-#include "tests/monkey/words.h"
 #include "tests/schemas/Schema.h"
 #include "tests/support/TestSupport.h"
+#include "workbench/journal/hostOperations.h"
 
 namespace {
 
@@ -166,8 +166,8 @@ TEST(Documents, NameEveryOperationOfTheHost) {
             kind[QStringLiteral("then")][propertiesKey][name][QStringLiteral("enum")].toArray();
         for (const QJsonValue& each : names) named.insert(each.toString());
     }
-    const QStringList& journalled = monkey::hostOperations();
-    EXPECT_EQ(named, QSet<QString>(journalled.begin(), journalled.end()));
+    const QStringList all = workbench::hostOperations();
+    EXPECT_EQ(named, QSet<QString>(all.begin(), all.end()));
 }
 
 TEST(Documents, StandInTheTable) {

@@ -5,6 +5,7 @@
 
 #include "tests/monkey/Dice.h"
 #include "tests/monkey/words.h"
+#include "workbench/journal/hostOperations.h"
 
 namespace monkey {
 
@@ -28,7 +29,8 @@ QJsonArray some(Dice& dice, const QStringList& words, int most) {
 }
 
 QJsonObject throwRule(Dice& dice) {
-    const QString call = dice.among(hostOperations());
+    static const QStringList operations = workbench::hostOperations();
+    const QString call = dice.among(operations);
     const int most = busyOperations().contains(call) ? 2000 : 4;
     return {{key("call"), call},
             {key("nth"), dice.from(1, most)},
@@ -60,7 +62,7 @@ QJsonValue account(Dice& dice) {
 /// A slow cloud disk takes seconds for each answer, so that it is a rare one.
 QJsonValue cloud(Dice& dice) {
     if (dice.onceIn(40)) return key("slow");
-    return some(dice, {key("refused"), key("broken")}, 1);
+    return some(dice, {key("refused"), key("broken"), key("foldersRefused")}, 1);
 }
 
 QJsonValue areaConfig(Dice& dice) {

@@ -10,6 +10,7 @@
 #include "tests/monkey/words.h"
 #include "tests/support/TestSupport.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
+#include "workbench/journal/hostOperations.h"
 #include "workbench/scenario/verbs.h"
 
 namespace {
@@ -77,7 +78,7 @@ TEST(SequenceTest, EveryJournalledOperationCanThrow) {
             operations.insert(match.captured(1) + match.captured(3));
         }
     }
-    EXPECT_EQ(setOf(monkey::hostOperations()), operations);
+    EXPECT_EQ(setOf(workbench::hostOperations()), operations);
 }
 
 TEST(SequenceTest, NoSlotThatCreatesIsCalled) {

@@ -5,8 +5,6 @@
 
 namespace monkey {
 
-/// Host operations as the journal names them, every one that can be asked to throw.
-const QStringList& hostOperations();
 /// Operations that are asked so often that only a later call is one within the dialog's use.
 const QStringList& busyOperations();
 

@@ -214,15 +214,17 @@ TEST_F(MainWindowTest, EveryTickOfThePanelChangesTheHost) {
         const char* name;
         bool before;
         std::function<bool()> isOn;
-    } ticks[] = {{"configuration", true, [this] { return host.switches().configurationPresent; }},
-                 {"account.loggedIn", false, [this] { return host.switches().account.loggedIn; }},
-                 {"cloud.slow", false, [this] { return host.switches().cloud.slow; }},
-                 {"cloud.refused", false, [this] { return host.switches().cloud.refused; }},
-                 {"cloud.broken", false, [this] { return host.switches().cloud.broken; }},
-                 {"pluginManager", true, [this] { return host.switches().pluginManagerPresent; }},
-                 {"plugins.4", false, [this] { return host.switches().plugins.value(4); }},
-                 {"plugins.8", false, [this] { return host.switches().plugins.value(8); }},
-                 {"plugins.16", false, [this] { return host.switches().plugins.value(16); }}};
+    } ticks[] = {
+        {"configuration", true, [this] { return host.switches().configurationPresent; }},
+        {"account.loggedIn", false, [this] { return host.switches().account.loggedIn; }},
+        {"cloud.slow", false, [this] { return host.switches().cloud.slow; }},
+        {"cloud.refused", false, [this] { return host.switches().cloud.refused; }},
+        {"cloud.broken", false, [this] { return host.switches().cloud.broken; }},
+        {"cloud.foldersRefused", false, [this] { return host.switches().cloud.foldersRefused; }},
+        {"pluginManager", true, [this] { return host.switches().pluginManagerPresent; }},
+        {"plugins.4", false, [this] { return host.switches().plugins.value(4); }},
+        {"plugins.8", false, [this] { return host.switches().plugins.value(8); }},
+        {"plugins.16", false, [this] { return host.switches().plugins.value(16); }}};
     for (const auto& tick : ticks) {
         auto* box = part<QCheckBox>(tick.name);
         for (const bool before : {tick.before, !tick.before}) {

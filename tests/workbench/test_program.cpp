@@ -169,6 +169,18 @@ TEST_F(ProgramTest, PicturesAreKeptWhereAsked) {
     EXPECT_GT(picture.height(), 200);
 }
 
+TEST_F(ProgramTest, TheCoverageIsThatOfAllScenariosPlayed) {
+    const QString closing = scenario(openAndClose);
+    const QString creating = QStringLiteral(REPOSITORY "/tests/scenarios/tour-1-model.json");
+    const Ran ran = runProgram({play, closing, creating, QStringLiteral("--coverage")});
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    for (const char* line :
+         {"\n       1  SignalCreatePro 95\n", "\n       0  SignalCreateMB 44  NEVER\n",
+          "\n       1  NewProCfgDialog → 0: ", "\n       1  NewProCfgDialog → 1: "})
+        EXPECT_TRUE(ran.out.contains(QString::fromUtf8(line))) << line << ran.out.toStdString();
+    EXPECT_FALSE(runProgram({play, closing}).out.contains(QStringLiteral("NEVER")));
+}
+
 TEST_F(ProgramTest, TheTourPrintsTheJournalAndWhereThePicturesAre) {
     const QString pictures = folder.filePath(QStringLiteral("pictures"));
     const Ran ran =
@@ -230,8 +242,8 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     for (const char* word :
          {"[options] [play FILE... | tour]\n", "\n  -h, --help ", "\n  -v, --version ",
           "\n  --installation <DIR> ", "\n  --journal <FILE> ", "\n  --pictures <DIR> ",
-          "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ", "\n  play FILE... ",
-          "\n  tour ", "Exit codes: "})
+          "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ",
+          "\n  play FILE... ", "\n  tour ", "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

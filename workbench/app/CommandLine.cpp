@@ -51,7 +51,9 @@ void describe(QCommandLineParser& parser) {
          {text("skin"), fieldNamed(hostFields(), "skin").words.join(text(" or ")) + text("."),
           text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
-         {text("watch"), text("Play visibly, at a person's pace.")}});
+         {text("watch"), text("Play visibly, at a person's pace.")},
+         {text("coverage"), text("With play: print which host operations, messages, exits and "
+                                 "refusals the scenarios reached, and which never.")}});
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
                                  text("[play FILE... |"));
     parser.addPositionalArgument(
@@ -150,6 +152,7 @@ bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& e
     if (!readLook(parser, into, error)) return false;
     if (!readPaths(parser, into, error)) return false;
     into.watch = parser.isSet(QStringLiteral("watch"));
+    into.coverage = parser.isSet(QStringLiteral("coverage"));
     return true;
 }
 

@@ -17,6 +17,7 @@ struct CommandLine {
     QString pictures;      ///< Empty: not kept.
     QJsonObject host;      ///< Skin and scale, where they are given, as a scenario has them.
     bool watch = false;
+    bool coverage = false;  ///< Of `play`: tell what of the contract was reached.
 };
 
 /// Reads the program's arguments.

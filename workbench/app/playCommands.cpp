@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "workbench/scenario/Coverage.h"
 #include "workbench/scenario/Player.h"
 #include "workbench/scenario/journalText.h"
 
@@ -103,12 +104,17 @@ int playScenarios(CommandLine line) {
     const PlayOptions options = optionsOf(line);
     int worst = 0;
     QStringList pictures;
+    Coverage coverage;
     for (const Scenario& scenario : scenarios) {
         if (tour) printTitle(scenario.title);
         const PlayResult result = play(scenario, options);
         if (tour) printJournal(result);
         worst = qMax(worst, reported(scenario, result));
         pictures += result.pictures;
+        coverage.add(result.journal);
+    }
+    if (line.coverage) {
+        for (const QString& row : coverage.table()) print(row);
     }
     if (!tour) return worst;
     print(QStringLiteral("\n%1 pictures in %2").arg(pictures.size()).arg(line.pictures));

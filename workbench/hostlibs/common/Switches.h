@@ -29,9 +29,10 @@ struct FileAnswer {
 };
 
 struct CloudMode {
-    bool slow = false;     ///< Every answer takes two seconds.
-    bool refused = false;  ///< Every answer has code 1 and a message.
-    bool broken = false;   ///< Answers lack keys and have wrong types.
+    bool slow = false;            ///< Every answer takes two seconds.
+    bool refused = false;         ///< Every answer has code 1 and a message.
+    bool broken = false;          ///< Answers lack keys and have wrong types.
+    bool foldersRefused = false;  ///< As `refused`, for the contents of the enterprise's folders.
 };
 
 /// Asks a host operation to throw.

@@ -49,7 +49,7 @@ const char* const thrownWords = "literal QString std::exception other";
 
 // In the order of the words of "cloud".
 constexpr bool CloudMode::*cloudParts[] = {&CloudMode::slow, &CloudMode::refused,
-                                           &CloudMode::broken};
+                                           &CloudMode::broken, &CloudMode::foldersRefused};
 
 // The values of the host as JSON. The words of an enumeration stand in the order of its values.
 
@@ -202,9 +202,10 @@ const QVector<HostSwitch>& hostSwitches() {
          "`true`: the account is logged in", "", "已登录"},
         {word("account.login", "ask accepted cancelled"), ofAccount(&Account::login),
          ": what the log-in window does", "", "登录窗口", "由我回答|自动登录|自动取消"},
-        {offering(field("cloud", Shape::Words), {key("slow"), key("refused"), key("broken")}),
+        {offering(field("cloud", Shape::Words),
+                  {key("slow"), key("refused"), key("broken"), key("foldersRefused")}),
          at(&Switches::cloud), ", or an array of them", "", "",
-         "云盘应答缓慢|云盘拒绝请求|云盘数据损坏"},
+         "云盘应答缓慢|云盘拒绝请求|云盘数据损坏|云盘拒绝列出目录"},
         {sound(field("fileDialog", Shape::Objects, false,
                      {field("path", Shape::Path), sound(field("place", Shape::Whole), placeFault),
                       field("cloudPath", Shape::Path), field("cancel", Shape::Truth)}),

@@ -36,11 +36,15 @@ QJsonObject failure(const QString& message, const QJsonValue& data = QJsonArray(
     return answer(1, message, data);
 }
 
+QJsonObject refusal() {
+    return failure(QStringLiteral("云盘服务拒绝了请求，请稍后再试"));
+}
+
 /// The switches have the last word on every answer.
 template <typename Operation>
 QJsonObject served(Operation&& operation) {
     const CloudMode& mode = Host::instance().switches().cloud;
-    if (mode.refused) return failure(QStringLiteral("云盘服务拒绝了请求，请稍后再试"));
+    if (mode.refused) return refusal();
     const QJsonObject right = operation();
     return mode.broken ? damaged(right) : right;
 }
@@ -169,6 +173,7 @@ QJsonObject companyTop() {
 
 QJsonObject companyFolder(const QString& folderId, const QString& enterpriseId) {
     return served([&] {
+        if (Host::instance().switches().cloud.foldersRefused) return refusal();
         if (enterpriseId != enterprise) return failure(QStringLiteral("无权访问该企业的云盘"));
         if (!folderId.startsWith(companyDisk))
             return failure(QStringLiteral("云盘目录不存在或已被移动"));

@@ -1,0 +1,72 @@
+#include "workbench/journal/hostOperations.h"
+
+namespace workbench {
+
+QStringList hostOperations() {
+    static const char* const names[] = {
+        "AppPluginManager::instance",
+        "AppPluginManager::isLoaded",
+        "AppPluginManager::load",
+        "AppPluginManager::notify",
+        "AppPluginManager::pluginText",
+        "Communication::GetInstance",
+        "Communication::GetMainWindow",
+        "Communication::SendMsg",
+        "Communication::SendMsgToPlugin",
+        "CpfMain::GetAreaConfigValue",
+        "CpfMain::GetInstance",
+        "CpfMain::GetOpenVersion",
+        "CpfMain::IsProdAreaYN",
+        "FirstPagePlugin::canStartNew",
+        "FirstPagePlugin::showLogin",
+        "GetProgramTypeByFile",
+        "InterfaceAdaptation::closeMaxDialogMode",
+        "InterfaceAdaptation::getInstance",
+        "InterfaceAdaptation::getResolutionRatioH",
+        "InterfaceAdaptation::openMaxDialogMode",
+        "LibXLExcel::Open",
+        "ProjectSettingHelper::GetPricingModelInfoMap",
+        "ProjectSettingHelper::GetProTaxTemplateInfoList",
+        "ProjectSettingHelper::GetProjectSettingHelper",
+        "ProjectSettingHelper::GetSysSettingInfo",
+        "ProjectSettingHelper::SetSysSettingInfo",
+        "ProjectSettingHelper::getCurModeBasicSettings",
+        "ProjectSettingHelper::getJiLinMoBanList",
+        "SharedInterface::EndFunLog",
+        "SharedInterface::EndUseFun",
+        "SharedInterface::GetAppPath",
+        "SharedInterface::GetFileInfo",
+        "SharedInterface::GetSuffix",
+        "SharedInterface::InsertFunLog",
+        "SharedInterface::ReplaceFunLog",
+        "SharedInterface::UseFunc",
+        "SharedInterface::getInstance",
+        "TranMiUtilAction::Instance",
+        "TranMiUtilAction::JudageValue",
+        "UserInfo::IsLogin",
+        "UserInfo::UserID",
+        "Users::Instance",
+        "Users::Kvy",
+        "osgi::ObjectHelper::GetService",
+        "showCritical",
+        "showInforByOneBtn",
+        "showInformation",
+        "zFileDialog::GetFilePath",
+        "zFileDialog::IsExistDownLoadfile",
+        "zFileDialog::LoadGrypData",
+        "zFileDialog::LoadQyypData",
+        "zFileDialog::LoadQyypMlData",
+        "zFileDialog::SetFilePath",
+        "zFileDialog::SetFilePid",
+        "zFileDialog::SetQyid",
+        "zFileDialog::TbServerMsg",
+        "zFileDialog::downLoadYunpanFile",
+        "zFileDialog::getCurrentPath",
+        "zFileDialog::getOpenFileName",
+    };
+    QStringList list;
+    for (const char* name : names) list.append(QLatin1String(name));
+    return list;
+}
+
+}  // namespace workbench
