@@ -19,6 +19,16 @@ install(FILES
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog COMPONENT development)
 install(DIRECTORY docs/contract/ DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/contract
     COMPONENT development FILES_MATCHING PATTERN "*.schema.json")
+# The module by its sources, with the check and the skeleton: a library that is compiled already
+# belongs to the host that it was compiled with.
+install(FILES CMakeLists.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source
+    COMPONENT development)
+install(DIRECTORY host core models files import dialog conformance examples cmake
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source COMPONENT development)
+install(DIRECTORY docs/contract DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source/docs
+    COMPONENT development FILES_MATCHING PATTERN "*.schema.json")
+install(FILES docs/writing-a-host.md docs/interface.md
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/newProDialog COMPONENT development)
 install(DIRECTORY host/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog/host
     COMPONENT development FILES_MATCHING PATTERN "*.h")
 install(EXPORT newProDialogTargets NAMESPACE newProDialog:: DESTINATION ${package}

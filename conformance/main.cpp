@@ -1,6 +1,8 @@
 /// Prints what a host keeps of the contract. Exit code 0 where nothing differs, else 1.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QRegularExpression>
+#include <QSet>
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -27,6 +29,31 @@ void begin(conformance::Row row) {
 void print(const QString& line) {
     std::puts(qUtf8Printable(line));
     std::fflush(stdout);
+}
+
+/// Pictures that the host does not have, by the names that the dialog asks for.
+QSet<QString>& missingPictures() {
+    static QSet<QString> names;
+    return names;
+}
+
+/// Keeps the table readable: each missing picture is told once at its end, and what a platform
+/// without windows cannot do is nothing that a host could mend.
+void receive(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    static const QRegularExpression missing(QStringLiteral("^Cannot open file '(:[^']+)'"));
+    const QRegularExpressionMatch match = missing.match(text);
+    if (match.hasMatch())
+        missingPictures().insert(match.captured(1));
+    else if (!text.startsWith(QLatin1String("This plugin does not support")))
+        std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, text)));
+}
+
+void printMissingPictures() {
+    missingPictures().remove(QStringLiteral(":/no/such/picture.svg"));  // the check's own
+    QStringList names = missingPictures().values();
+    names.sort();
+    if (!names.isEmpty())
+        print(QStringLiteral("The host has no ") + names.join(QStringLiteral(", ")));
 }
 
 /// Ends the program with the promise that it did not come back from.
@@ -90,10 +117,12 @@ int main(int argc, char** argv) {
     parser.addOptions({project, workbook, patience});
     parser.process(application);
 
+    qInstallMessageHandler(receive);
     const Watch watch(parser.value(patience).toInt());
     const QVector<conformance::Row> rows = conformance::checkHost(
         {parser.value(project), parser.value(workbook)},
         {begin, [](const conformance::Row& row) { print(conformance::lineOf(row)); }});
+    printMissingPictures();
     print(conformance::summaryOf(rows));
     for (const conformance::Row& row : rows)
         if (row.verdict == conformance::Verdict::Differs) return 1;

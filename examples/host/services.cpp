@@ -6,6 +6,7 @@
 #include <zCpf.h>
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -137,7 +138,13 @@ QString TranMiUtilAction::JudageValue(const QString&, const QString& fallback) {
 
 LibXLExcel::LibXLExcel() = default;
 LibXLExcel::~LibXLExcel() = default;
-std::unique_ptr<LibXLExcel> LibXLExcel::Open(const QString&) { return nullptr; }
+std::unique_ptr<LibXLExcel> LibXLExcel::Open(const QString& path) {
+    // Your reader of workbooks goes here: the first bytes alone promise little.
+    QFile file(path);
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    const bool workbook = head == "PK\x03\x04" || head == "\xD0\xCF\x11\xE0";
+    return std::unique_ptr<LibXLExcel>(workbook ? new LibXLExcel : nullptr);
+}
 
 int SharedInterface::firstOpenClose = 0;
 SharedInterface* SharedInterface::getInstance() {
