@@ -3,6 +3,7 @@
 #include <QObject>
 #include <functional>
 #include <stdexcept>
+#include <string>
 
 #include "tests/support/TestSupport.h"
 
@@ -125,6 +126,29 @@ TEST_F(Guard, InsideAnotherReportsOnceAndLetsTheOuterBodyGoOn) {
     });
     EXPECT_TRUE(wentOn);
     EXPECT_EQ(journalLines(), Lines{"exception S::inner: boom"});
+}
+
+TEST(WithEnd, EndsOnEveryWayOutAndTheBodysExceptionGoesOn) {
+    std::string order;
+    newpro::withEnd([&] { order += "body "; }, [&] { order += "end"; });
+    EXPECT_EQ(order, "body end");
+
+    const auto fails = [](const char* text) { throw std::runtime_error(text); };
+    const auto caught = [&](const auto& body, const auto& end) -> std::string {
+        try {
+            newpro::withEnd(body, end);
+        } catch (const std::exception& exception) {
+            return exception.what();
+        }
+        return "nothing";
+    };
+    int ends = 0;
+    EXPECT_EQ(caught([&] { fails("body"); }, [&] { ++ends; }), "body");
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(caught([&] { fails("body"); }, [&] { ++ends, fails("end"); }), "body");
+    EXPECT_EQ(ends, 2);
+    EXPECT_EQ(caught([] {}, [&] { ++ends, fails("end"); }), "end");
+    EXPECT_EQ(ends, 3);
 }
 
 TEST_F(Guard, SurvivesAReporterThatFails) {
