@@ -17,18 +17,15 @@ install(FILES
     import/importExcelSelFile.h
     ${PROJECT_BINARY_DIR}/include/newProDialog_export.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog COMPONENT development)
-install(DIRECTORY docs/contract/ DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/contract
-    COMPONENT development FILES_MATCHING PATTERN "*.schema.json")
 # The module by its sources, with the check and the skeleton: a library that is compiled already
 # belongs to the host that it was compiled with.
-install(FILES CMakeLists.txt DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source
-    COMPONENT development)
+set(source ${CMAKE_INSTALL_DATADIR}/newProDialog/source)
+install(FILES CMakeLists.txt DESTINATION ${source} COMPONENT development)
 install(DIRECTORY host core models files import dialog conformance examples cmake
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source COMPONENT development)
-install(DIRECTORY docs/contract DESTINATION ${CMAKE_INSTALL_DATADIR}/newProDialog/source/docs
-    COMPONENT development FILES_MATCHING PATTERN "*.schema.json")
-install(FILES docs/writing-a-host.md docs/interface.md
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/newProDialog COMPONENT development)
+    DESTINATION ${source} COMPONENT development)
+install(DIRECTORY docs/contract DESTINATION ${source}/docs COMPONENT development)
+install(FILES docs/writing-a-host.md docs/scenarios.md docs/interface.md docs/trust.md
+    DESTINATION ${source}/docs COMPONENT development)
 install(DIRECTORY host/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/newProDialog/host
     COMPONENT development FILES_MATCHING PATTERN "*.h")
 install(EXPORT newProDialogTargets NAMESPACE newProDialog:: DESTINATION ${package}
@@ -45,6 +42,13 @@ if(TARGET workbenchHost)
     endif()
     set(host_libraries "\${library_folder}/${host_file}")
 endif()
+# Targets of an enclosing project, which whoever uses the package need not have.
+set(host_targets "")
+foreach(library IN LISTS host_libraries)
+    if(TARGET ${library} AND NOT NEWPRO_HOST_PACKAGE)
+        list(APPEND host_targets ${library})
+    endif()
+endforeach()
 configure_package_config_file(cmake/newProDialogConfig.cmake.in
     ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake
     INSTALL_DESTINATION ${package} PATH_VARS CMAKE_INSTALL_LIBDIR)

@@ -11,5 +11,15 @@ run_refused(1 "NEWPRO_HOST_LIBRARIES has to name"
 build_module(${SCRATCH}/enclosing ${readme_lines} -DCONSUMER=${package_tests}/consumer
     -DHOST_LIBRARY=${HOST_LIBRARY} -DNEWPRO_INSTALL=ON)
 show_dialog(${SCRATCH}/module/app)
+show_dialog(${SCRATCH}/module/app-in-one)
+
+# A target of that project is nothing that a consumer has: it says where the library lies.
+run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/installed)
+run_refused(1 "The host's target appHost is not there."
+    ${CMAKE_COMMAND} -S ${package_tests}/consumer -B ${SCRATCH}/unknown ${toolchain}
+    ${readme_lines} -DCMAKE_PREFIX_PATH=${SCRATCH}/installed)
+file(GLOB host ${SCRATCH}/module/libappHost.so)
+two_libraries(${host} ${HOST_LIBRARY})
+consume(${SCRATCH}/installed -C ${two_libraries})
 
 file(REMOVE_RECURSE ${SCRATCH})

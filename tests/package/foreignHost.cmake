@@ -1,12 +1,21 @@
 # The module is built for a host of somebody else's, which lies in a folder of its own: once named
-# as a file, once as a target of a package. What is installed finds it.
+# as a file and once as a target of a package, each from the sources of our own. What is installed
+# finds it.
 include(${CMAKE_CURRENT_LIST_DIR}/support.cmake)
+run(${CMAKE_COMMAND} --install ${BUILD} --component development --prefix ${SCRATCH}/root)
+set(source ${SCRATCH}/root/share/newProDialog/source)
+run_refused(1 "NEWPRO_HOST_LIBRARIES has to name"
+    ${CMAKE_COMMAND} -S ${source} -B ${SCRATCH}/none ${toolchain})
 set(host ${SCRATCH}/host)
 file(COPY ${HOST_LIBRARY} DESTINATION ${host}/lib)
 cmake_path(GET HOST_LIBRARY FILENAME name)
 set(host_library ${host}/lib/${name})
 
-build_module(${REPOSITORY} -DNEWPRO_HOST_LIBRARIES=${host_library})
+# Two libraries, as many hosts have: the second has nothing that the module calls.
+file(WRITE ${SCRATCH}/second.cpp "extern \"C\" int second() { return 2; }\n")
+run(${COMPILER} -shared -fPIC -o ${host}/lib/libsecond.so ${SCRATCH}/second.cpp)
+two_libraries(${host_library} ${host}/lib/libsecond.so)
+build_module(${source} -C ${two_libraries})
 run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/file)
 if(EXISTS ${SCRATCH}/module/bin OR EXISTS ${SCRATCH}/file/bin OR EXISTS ${SCRATCH}/file/lib/${name})
     message(FATAL_ERROR "the workbench is built or installed")
@@ -25,12 +34,13 @@ file(RENAME ${host} ${SCRATCH}/moved)
 run_refused(1 "The host library ${host_library} is not there."
     ${CMAKE_COMMAND} ${SCRATCH}/consumer)
 set(host_library ${SCRATCH}/moved/lib/${name})
-consume(${SCRATCH}/file -DNEWPRO_HOST_LIBRARIES=${host_library})
+two_libraries(${host_library} ${SCRATCH}/moved/lib/libsecond.so)
+consume(${SCRATCH}/file -C ${two_libraries})
 
 file(COPY ${package_tests}/hostPackage/HostConfigVersion.cmake DESTINATION ${SCRATCH}/moved)
 configure_file(${package_tests}/hostPackage/HostConfig.cmake.in ${SCRATCH}/moved/HostConfig.cmake
     @ONLY)
-build_module(${REPOSITORY} -DNEWPRO_HOST_LIBRARIES=Host::host "-DNEWPRO_HOST_PACKAGE=Host 1.2"
+build_module(${source} -DNEWPRO_HOST_LIBRARIES=Host::host "-DNEWPRO_HOST_PACKAGE=Host 1.2"
     -DHost_DIR=${SCRATCH}/moved)
 run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/package)
 file(REMOVE_RECURSE ${SCRATCH}/consumer)

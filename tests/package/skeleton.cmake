@@ -2,11 +2,22 @@
 # away, and built and held against the contract by the lines of docs/writing-a-host.md.
 include(${CMAKE_CURRENT_LIST_DIR}/support.cmake)
 run(${CMAKE_COMMAND} --install ${BUILD} --component development --prefix ${SCRATCH}/root)
-set(shared ${SCRATCH}/root/share/newProDialog)
+set(installed ${SCRATCH}/root/share/newProDialog/source)
 file(GLOB schemas RELATIVE ${REPOSITORY}/docs/contract ${REPOSITORY}/docs/contract/*.schema.json)
 foreach(schema IN LISTS schemas)
     run(${CMAKE_COMMAND} -E compare_files
-        ${REPOSITORY}/docs/contract/${schema} ${shared}/contract/${schema})
+        ${REPOSITORY}/docs/contract/${schema} ${installed}/docs/contract/${schema})
+endforeach()
+
+# The guide leads nowhere that is not installed, but for the tests.
+file(READ ${installed}/docs/writing-a-host.md guide)
+string(REPLACE "](" "@" guide "${guide}")  # a bracket would keep a list in one piece
+string(REGEX MATCHALL "@[^)#]+" links "${guide}")
+foreach(link IN LISTS links)
+    string(SUBSTRING ${link} 1 -1 link)
+    if(NOT link MATCHES "^(https?:|\\.\\./tests/)" AND NOT EXISTS ${installed}/docs/${link})
+        message(FATAL_ERROR "docs/writing-a-host.md leads to ${link}, which is not installed")
+    endif()
 endforeach()
 
 file(READ ${REPOSITORY}/docs/writing-a-host.md text)

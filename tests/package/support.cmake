@@ -68,6 +68,14 @@ function(show_dialog program)
     run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${program})
 endfunction()
 
+# two_libraries(FIRST SECOND): makes a file for `cmake -C` that names them as the host's, and sets
+# `two_libraries` to it. As an argument, a list would come apart on its way.
+function(two_libraries first second)
+    file(WRITE ${SCRATCH}/two.cmake
+        "set(NEWPRO_HOST_LIBRARIES ${first} ${second} CACHE STRING \"\" FORCE)\n")
+    set(two_libraries ${SCRATCH}/two.cmake PARENT_SCOPE)
+endfunction()
+
 # consume(PREFIX ARG...): builds the consumer against an installed package and runs it. Qt's parts
 # that the package must not ask for are hidden.
 function(consume prefix)
