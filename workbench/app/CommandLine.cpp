@@ -55,7 +55,9 @@ void describe(QCommandLineParser& parser) {
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
                                  text("[play FILE... |"));
     parser.addPositionalArgument(
-        text("tour"), text("Play the tour and print what crossed the boundary."), text("tour]"));
+        text("tour"), text("Play the tour and print what crossed the boundary."), text("tour |"));
+    parser.addPositionalArgument(text("diff A B"), text("Print what differs between two journals."),
+                                 text("diff A B]"));
 }
 
 /// Prints what was asked for instead of a command.
@@ -78,6 +80,10 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
     } else if (command == QLatin1String("tour")) {
         into.command = Command::Tour;
         if (!words.isEmpty()) error = QStringLiteral("tour: unknown argument ") + words.first();
+    } else if (command == QLatin1String("diff")) {
+        into.command = Command::Diff;
+        into.files = words;
+        if (words.size() != 2) error = QStringLiteral("diff: takes two journals");
     } else if (!command.isEmpty()) {
         error = QStringLiteral("unknown command ") + command;
     }

@@ -3,6 +3,7 @@
 
 #include "workbench/app/CommandLine.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/journalCommands.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -80,6 +81,7 @@ int main(int argc, char** argv) {
     if (!readArguments(argc, argv, line, error)) return error.isEmpty() ? 0 : wrong(error);
     error = choosePlatform(line);
     if (!error.isEmpty()) return wrong(error);
+    if (line.command == Command::Diff) return workbench::diffJournals(line);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
