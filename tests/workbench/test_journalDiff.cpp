@@ -1,7 +1,7 @@
 #include "workbench/scenario/journalDiff.h"
 
-#include <QElapsedTimer>
 #include <QFile>
+#include <ctime>
 #include <random>
 
 #include "tests/workbench/RunProgram.h"
@@ -136,11 +136,9 @@ TEST(JournalDifference, OfTenThousandLinesTakesLessThanTwoSeconds) {
         for (int i = 0; i < 10000; ++i) side.append(QString::number(random() % 50));
     const Entries left = calls(sides[0]);
     const Entries right = calls(sides[1]);
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t start = std::clock();  // of this process alone, whatever else is going on
     EXPECT_GT(changesIn(journalDifference(left, right)), 1000);
-    RecordProperty("milliseconds", int(clock.elapsed()));
-    EXPECT_LT(clock.elapsed(), 2000);
+    EXPECT_LT(double(std::clock() - start) / CLOCKS_PER_SEC, 2);
 }
 
 class JournalFileTest : public testing::Test {

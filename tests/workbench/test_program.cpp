@@ -169,6 +169,9 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
         {{QStringLiteral("tour"), file}, "tour: unknown argument "},
         {{QStringLiteral("diff"), file}, "diff: takes two journals\n"},
         {{QStringLiteral("diff"), file, file, file}, "diff: takes two journals\n"},
+        {{QStringLiteral("record")}, "record: takes one file\n"},
+        {{QStringLiteral("record"), QString()}, "record: takes one file\n"},
+        {{QStringLiteral("record"), file, file}, "record: takes one file\n"},
         {{play, file, QStringLiteral("--skin"), QStringLiteral("red")},
          "--skin: must be light or dark\n"},
         {{play, file, QStringLiteral("--journal"), QString()}, "--journal: must not be empty\n"},
@@ -186,12 +189,23 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
 TEST_F(ProgramTest, WithoutADisplayThereIsNothingToWatch) {
     for (const QStringList& arguments :
          {QStringList{play, scenario(openAndClose), QStringLiteral("--watch")},
-          QStringList{QStringLiteral("tour"), QStringLiteral("--watch")}, QStringList{}}) {
+          QStringList{QStringLiteral("tour"), QStringLiteral("--watch")},
+          QStringList{QStringLiteral("record"), folder.filePath(QStringLiteral("r.json"))},
+          QStringList{}}) {
         const Ran ran = runProgram(arguments, {});
         EXPECT_EQ(ran.code, 2) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(ran.err.endsWith(QStringLiteral("there is no display\n")))
             << ran.err.toStdString();
     }
+}
+
+TEST_F(ProgramTest, ARecordingThatCouldNotBeWrittenEndsWith2BeforeTheWindowOpens) {
+    const QString file = folder.filePath(QStringLiteral("none/recorded.json"));
+    const Ran ran = runProgram({QStringLiteral("record"), file});
+    EXPECT_EQ(ran.code, 2);
+    EXPECT_TRUE(ran.err.endsWith(file + QStringLiteral(": No such file or directory\n")))
+        << ran.err.toStdString();
+    EXPECT_EQ(ran.out.toStdString(), "");
 }
 
 TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
@@ -202,10 +216,10 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     EXPECT_EQ(runProgram({QStringLiteral("-h")}).out, ran.out);
     EXPECT_EQ(runProgram({play, QStringLiteral("--help")}).out, ran.out);
     for (const char* word :
-         {"[options] [play FILE... | tour | diff A B]\n", "\n  -h, --help ", "\n  -v, --version ",
-          "\n  --installation <DIR> ", "\n  --journal <FILE> ", "\n  --pictures <DIR> ",
-          "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ", "\n  play FILE... ",
-          "\n  tour ", "\n  diff A B ", "Exit codes: "})
+         {"[options] [play FILE... | tour | diff A B | record FILE]\n", "\n  -h, --help ",
+          "\n  -v, --version ", "\n  --installation <DIR> ", "\n  --journal <FILE> ",
+          "\n  --pictures <DIR> ", "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ",
+          "\n  play FILE... ", "\n  tour ", "\n  diff A B ", "\n  record FILE ", "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

@@ -9,4 +9,8 @@ namespace workbench {
 /// @return 0: nothing; 1: something differs; 2: a file is no journal.
 int diffJournals(const CommandLine& line);
 
+/// Records the scenario of the command line, and tells whether a play of it gives the same journal.
+/// @return as `recordScenario` of recordCommand.h.
+int recordFile(const CommandLine& line);
+
 }  // namespace workbench
