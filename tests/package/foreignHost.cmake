@@ -1,5 +1,5 @@
 # The module is built for a host of somebody else's, which lies in a folder of its own: once named
-# as a file and once as a target of a package, each from the sources of our own. What is installed
+# as a file and once as a target of a package, both from the sources that are installed. What is installed
 # finds it.
 include(${CMAKE_CURRENT_LIST_DIR}/support.cmake)
 run(${CMAKE_COMMAND} --install ${BUILD} --component development --prefix ${SCRATCH}/root)

@@ -1,43 +1,15 @@
 #include <QDir>
 #include <QImage>
 #include <QJsonDocument>
-#include <QProcess>
 #include <QRegularExpression>
 
 #include "tests/support/TestSupport.h"
+#include "tests/workbench/RunProgram.h"
 
 namespace {
 
-struct Ran {
-    int code = -1;
-    QString out;
-    QString err;
-};
-
-/// Runs the program without a display, but for what `variables` say.
-Ran runProgram(const QStringList& arguments,
-               const QMap<QString, QString>& variables = {
-                   {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}}) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(name));
-    environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"
-                                      ":print_suppressions=0"));
-    for (auto it = variables.begin(); it != variables.end(); ++it)
-        environment.insert(it.key(), it.value());
-    QProcess program;
-    program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(PROGRAM), arguments);
-    EXPECT_TRUE(program.waitForFinished(100000)) << program.errorString().toStdString();
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    // By its size: else a NUL would end the text.
-    const auto text = [](const QByteArray& utf8) {
-        return QString::fromUtf8(utf8.constData(), utf8.size());
-    };
-    return {program.exitCode(), text(program.readAllStandardOutput()),
-            text(program.readAllStandardError())};
-}
+using workbench_test::Ran;
+using workbench_test::runProgram;
 
 class ProgramTest : public testing::Test {
   protected:
@@ -207,6 +179,11 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
         {{QStringLiteral("jump")}, "unknown command jump\n"},
         {{play}, "play: which files?\n"},
         {{QStringLiteral("tour"), file}, "tour: unknown argument "},
+        {{QStringLiteral("diff"), file}, "diff: takes two journals\n"},
+        {{QStringLiteral("diff"), file, file, file}, "diff: takes two journals\n"},
+        {{QStringLiteral("record")}, "record: takes one file\n"},
+        {{QStringLiteral("record"), QString()}, "record: takes one file\n"},
+        {{QStringLiteral("record"), file, file}, "record: takes one file\n"},
         {{play, file, QStringLiteral("--skin"), QStringLiteral("red")},
          "--skin: must be light or dark\n"},
         {{play, file, QStringLiteral("--journal"), QString()}, "--journal: must not be empty\n"},
@@ -224,12 +201,23 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
 TEST_F(ProgramTest, WithoutADisplayThereIsNothingToWatch) {
     for (const QStringList& arguments :
          {QStringList{play, scenario(openAndClose), QStringLiteral("--watch")},
-          QStringList{QStringLiteral("tour"), QStringLiteral("--watch")}, QStringList{}}) {
+          QStringList{QStringLiteral("tour"), QStringLiteral("--watch")},
+          QStringList{QStringLiteral("record"), folder.filePath(QStringLiteral("r.json"))},
+          QStringList{}}) {
         const Ran ran = runProgram(arguments, {});
         EXPECT_EQ(ran.code, 2) << arguments.join(QLatin1Char(' ')).toStdString();
         EXPECT_TRUE(ran.err.endsWith(QStringLiteral("there is no display\n")))
             << ran.err.toStdString();
     }
+}
+
+TEST_F(ProgramTest, ARecordingThatCouldNotBeWrittenEndsWith2BeforeTheWindowOpens) {
+    const QString file = folder.filePath(QStringLiteral("none/recorded.json"));
+    const Ran ran = runProgram({QStringLiteral("record"), file});
+    EXPECT_EQ(ran.code, 2);
+    EXPECT_TRUE(ran.err.endsWith(file + QStringLiteral(": No such file or directory\n")))
+        << ran.err.toStdString();
+    EXPECT_EQ(ran.out.toStdString(), "");
 }
 
 TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
@@ -240,10 +228,11 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     EXPECT_EQ(runProgram({QStringLiteral("-h")}).out, ran.out);
     EXPECT_EQ(runProgram({play, QStringLiteral("--help")}).out, ran.out);
     for (const char* word :
-         {"[options] [play FILE... | tour]\n", "\n  -h, --help ", "\n  -v, --version ",
-          "\n  --installation <DIR> ", "\n  --journal <FILE> ", "\n  --pictures <DIR> ",
-          "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ",
-          "\n  play FILE... ", "\n  tour ", "Exit codes: "})
+         {"[options] [play FILE... | tour | diff A B | record FILE]\n", "\n  -h, --help ",
+          "\n  -v, --version ", "\n  --installation <DIR> ", "\n  --journal <FILE> ",
+          "\n  --pictures <DIR> ", "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ",
+          "\n  --coverage ", "\n  play FILE... ", "\n  tour ", "\n  diff A B ", "\n  record FILE ",
+          "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

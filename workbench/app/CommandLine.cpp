@@ -43,7 +43,7 @@ void describe(QCommandLineParser& parser) {
          {{text("v"), text("version")}, text("Print the version and end.")},
          {text("installation"),
           text("Installation folder. The window works in it, instead of in its own copy of the "
-               "sample; play and tour play on a temporary copy of it, instead "
+               "sample; play, tour and record take a temporary copy of it, instead "
                "of the sample, where a scenario names none."),
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
@@ -57,7 +57,14 @@ void describe(QCommandLineParser& parser) {
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
                                  text("[play FILE... |"));
     parser.addPositionalArgument(
-        text("tour"), text("Play the tour and print what crossed the boundary."), text("tour]"));
+        text("tour"), text("Play the tour and print what crossed the boundary."), text("tour |"));
+    parser.addPositionalArgument(text("diff A B"), text("Print what differs between two journals."),
+                                 text("diff A B |"));
+    parser.addPositionalArgument(
+        text("record FILE"),
+        text("Open the window on a temporary copy and write what is done in the dialog as a "
+             "scenario file."),
+        text("record FILE]"));
 }
 
 /// Prints what was asked for instead of a command.
@@ -80,6 +87,15 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
     } else if (command == QLatin1String("tour")) {
         into.command = Command::Tour;
         if (!words.isEmpty()) error = QStringLiteral("tour: unknown argument ") + words.first();
+    } else if (command == QLatin1String("diff")) {
+        into.command = Command::Diff;
+        into.files = words;
+        if (words.size() != 2) error = QStringLiteral("diff: takes two journals");
+    } else if (command == QLatin1String("record")) {
+        into.command = Command::Record;
+        for (const QString& word : words) into.files.append(QDir::current().absoluteFilePath(word));
+        if (words.size() != 1 || words.first().isEmpty())
+            error = QStringLiteral("record: takes one file");
     } else if (!command.isEmpty()) {
         error = QStringLiteral("unknown command ") + command;
     }

@@ -7,11 +7,11 @@
 
 namespace workbench {
 
-enum class Command { Window, Play, Tour };
+enum class Command { Window, Play, Tour, Diff, Record };
 
 struct CommandLine {
     Command command = Command::Window;
-    QStringList files;     ///< Of `play`.
+    QStringList files;     ///< Of `play`, `diff` and `record`.
     QString installation;  ///< Absolute folder.
     QString journal;       ///< Empty: not written.
     QString pictures;      ///< Empty: not kept.

@@ -3,6 +3,7 @@
 
 #include "workbench/app/CommandLine.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/journalCommands.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -41,12 +42,17 @@ bool hasDisplay() {
 #endif
 }
 
+/// @return whether the command shows the window.
+bool hasWindow(const CommandLine& line) {
+    return line.command == Command::Window || line.command == Command::Record;
+}
+
 /// Playing needs no display, unless somebody is to watch.
 /// @return empty, or why the command cannot be run here.
 QString choosePlatform(const CommandLine& line) {
     if (line.watch && !hasDisplay()) return QStringLiteral("--watch: there is no display");
     const bool chosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-    if (line.command == Command::Window)
+    if (hasWindow(line))
         return chosen || hasDisplay() ? QString() : QStringLiteral("there is no display");
     qInstallMessageHandler(passOn);
     if (!hasDisplay() && !chosen) qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -72,6 +78,11 @@ int showWindow(const CommandLine& line) {
     return QApplication::exec();
 }
 
+int run(const CommandLine& line) {
+    if (line.command == Command::Record) return workbench::recordFile(line);
+    return line.command == Command::Window ? showWindow(line) : workbench::playScenarios(line);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -80,16 +91,16 @@ int main(int argc, char** argv) {
     if (!readArguments(argc, argv, line, error)) return error.isEmpty() ? 0 : wrong(error);
     error = choosePlatform(line);
     if (!error.isEmpty()) return wrong(error);
+    if (line.command == Command::Diff) return workbench::diffJournals(line);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
-    QApplication::setQuitOnLastWindowClosed(line.command == Command::Window);
+    QApplication::setQuitOnLastWindowClosed(hasWindow(line));
     if (!line.journal.isEmpty() && !workbench::Journal::instance().setFile(line.journal))
         return wrong(workbench::Journal::instance().fileError());
     workbench::removeAbandonedCopies();
     workbench::applySkin();
-    const int result =
-        line.command == Command::Window ? showWindow(line) : workbench::playScenarios(line);
+    const int result = run(line);
     const QString unwritten = workbench::Journal::instance().fileError();
     return unwritten.isEmpty() ? result : wrong(unwritten);
 }

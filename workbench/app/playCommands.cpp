@@ -14,7 +14,7 @@ namespace {
 
 const int widestLine = 180;
 
-void print(const QString& line, std::FILE* stream = stdout) {
+void writeTo(std::FILE* stream, const QString& line) {
     const QByteArray text = line.toUtf8() + '\n';
     std::fwrite(text.constData(), 1, size_t(text.size()), stream);
     std::fflush(stream);
@@ -92,8 +92,12 @@ void printJournal(const PlayResult& result) {
 
 }  // namespace
 
+void print(const QString& line) {
+    writeTo(stdout, line);
+}
+
 void complain(const QString& line) {
-    print(line, stderr);
+    writeTo(stderr, line);
 }
 
 int playScenarios(CommandLine line) {

@@ -5,7 +5,8 @@
 
 namespace workbench {
 
-/// Prints a line to the standard error. A text that holds a NUL is printed beyond it.
+/// Prints a line to the standard output or error. A text that holds a NUL is printed beyond it.
+void print(const QString& line);
 void complain(const QString& line);
 
 /// Plays the files, or the tour, and prints what differs; of the tour, every journal entry as well.

@@ -1,0 +1,41 @@
+/// The program as a person starts it.
+#pragma once
+
+#include <QProcess>
+
+#include "tests/support/TestSupport.h"
+
+namespace workbench_test {
+
+struct Ran {
+    int code = -1;
+    QString out;
+    QString err;
+};
+
+/// Runs the program without a display, but for what `variables` say.
+inline Ran runProgram(const QStringList& arguments,
+                      const QMap<QString, QString>& variables = {
+                          {QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen")}}) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"),
+                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"
+                                      ":print_suppressions=0"));
+    for (auto it = variables.begin(); it != variables.end(); ++it)
+        environment.insert(it.key(), it.value());
+    QProcess program;
+    program.setProcessEnvironment(environment);
+    program.start(QStringLiteral(PROGRAM), arguments);
+    EXPECT_TRUE(program.waitForFinished(100000)) << program.errorString().toStdString();
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    // By its size: else a NUL would end the text.
+    const auto text = [](const QByteArray& utf8) {
+        return QString::fromUtf8(utf8.constData(), utf8.size());
+    };
+    return {program.exitCode(), text(program.readAllStandardOutput()),
+            text(program.readAllStandardError())};
+}
+
+}  // namespace workbench_test

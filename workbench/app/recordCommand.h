@@ -1,0 +1,25 @@
+/// The window in which what a person does is recorded.
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+namespace workbench {
+
+struct RecordOptions {
+    QString file;          ///< The scenario to write, absolute.
+    QString installation;  ///< Absolute folder.
+    bool isSample = true;  ///< Whether a play finds the installation without its name.
+    QJsonObject host;      ///< Settings from the start, as a scenario has them.
+    QString program;       ///< The program that plays the scenario to verify it.
+};
+
+/// Shows the window over a temporary copy of the installation, as a play has one, until it is
+/// closed; then writes what was done there as a scenario with its journal as expectation, and has
+/// it played. The host is reset before and after.
+/// @param report set to what to tell the person.
+/// @return 0: the play gave the same journal; 1: it did not, the report shows where, and the file
+///         is written nevertheless; 2: an input is wrong or the file cannot be written.
+int recordScenario(const RecordOptions& options, QString& report);
+
+}  // namespace workbench

@@ -1,0 +1,68 @@
+/// Watches what a person does in the dialog, and makes a scenario of it.
+#pragma once
+
+#include <QJsonArray>
+#include <QObject>
+#include <QPointer>
+
+#include "workbench/scenario/Scenario.h"
+
+class QComboBox;
+class QKeyEvent;
+class QMouseEvent;
+class QWidget;
+
+namespace workbench {
+
+/// Watches mouse, keyboard and journal from its construction to its end. It is made where the host
+/// stands as a play of the scenario will find it: what the host's switches say later is what
+/// differs. The host's own windows (boxes, file dialog, log-in) are recorded by their answers.
+class Recorder : public QObject {
+    Q_OBJECT
+  public:
+    Recorder();
+
+    /// @return what has been done so far, and what crossed the boundary as its expectation.
+    Scenario scenario(const QString& title) const;
+    /// @return the journal that a play of the scenario is to give.
+    const QVector<QJsonObject>& journal() const { return entries; }
+    /// @return what was done that no step says, each with the number of steps before it.
+    const QStringList& unsaid() const { return lost; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void notice(QWidget* widget, QEvent* event);
+    void noticeShow(QWidget* window);
+    void noticePress(QWidget* widget, bool twice);
+    void noticeRelease(QWidget* widget, const QMouseEvent* event);
+    void noticeMenu(QWidget* menu, QEvent* event);
+    void noticeKey(QWidget* widget, const QKeyEvent* event);
+    void noticeEntry(const QJsonObject& entry);
+    void noticeLogin(bool accepted);
+    void noticeChoice(int index);
+    void watch(QComboBox* combo);
+    void click(QWidget* widget, bool twice);
+    void add(Step step);
+    void addText();
+    void addHost();
+
+    QVector<Step> steps;
+    QJsonObject host;  ///< What differed from the start before the first step.
+    QJsonArray fileAnswers;
+    QVector<QJsonObject> entries;
+    QStringList lost;
+    QJsonObject known;  ///< The switches, as the scenario has set them so far.
+    QString folder;     ///< The installation.
+    QPointer<QWidget> pressed;
+    QPointer<QWidget> keyDown;
+    QPointer<QComboBox> edited;  ///< Whose text was typed and is no step yet.
+    Step menuStep;               ///< Of the card whose menu is open.
+    QPointer<QWidget> clicked;   ///< Whose click is the last step: it may become a double click.
+    bool doubled = false;        ///< The second press of a double click is not released yet.
+    bool inPopup = false;        ///< The last input went to a pop-up.
+    bool kindChosen = false;     ///< The chooser is about to open the dialog.
+};
+
+}  // namespace workbench

@@ -1,0 +1,24 @@
+/// What differs between two journals.
+#pragma once
+
+#include <QJsonObject>
+#include <QStringList>
+#include <QVector>
+
+namespace workbench {
+
+/// Reads a journal file, one JSON object per line.
+/// @param error set to "file:line: what is wrong" on failure.
+/// @return whether every line is one of a journal; `into` is only changed on success.
+bool readJournal(const QString& file, QVector<QJsonObject>& into, QString& error);
+
+/// @return the entry as one line of text, without what differs from play to play: number, time, the
+///         folder of a temporary copy, and the day in the name of a project file.
+QString lastingText(const QJsonObject& entry);
+
+/// Compares two journals by their entries' `lastingText`, over a longest common subsequence.
+/// @return the lines of a unified difference, with the number of the left entry, of an added one
+///         that of the right; empty where nothing differs.
+QStringList journalDifference(const QVector<QJsonObject>& left, const QVector<QJsonObject>& right);
+
+}  // namespace workbench
