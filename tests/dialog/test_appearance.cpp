@@ -52,9 +52,10 @@ class Appearance : public PageLooks {
                 "安全文明施工费按2025年的规定计取，材料价格按除税价格输入，税率按9%计算。");
             models.append(info);
         }
-        host.values().pricing[kvys][models.at(0).name] = testing_support::pricing(
-            models.at(0).key, {QStringLiteral("整体计费"), QStringLiteral("单独计费")},
-            QStringLiteral("整体计费"));
+        host.configure(models.at(0).name, testing_support::pricing(models.at(0).key,
+                                                                   {QStringLiteral("整体计费"),
+                                                                    QStringLiteral("单独计费")},
+                                                                   QStringLiteral("整体计费")));
         for (int mode : {0, 1, 2}) host.setModels(kvys, mode, models);
         host.setModels(QStringLiteral("Kvzcb"), 0, models);
         for (const char* key : {"kvys", "kvzcb"}) {

@@ -63,6 +63,8 @@ class TemporaryInstallation {
     workbench::Installation& values() { return workbench::Host::instance().installation(); }
     /// Replaces the models of one tax mode of an application type.
     void setModels(const QString& appType, int taxMode, const QList<TaxTemplateInfo>& models);
+    /// Gives a budget model this configuration, in place of those that it has.
+    void configure(const QString& modelName, const ProjectSettingSpace::PricingModelInfo& info);
     void clearModels() { values().models.clear(); }
 
   private:
