@@ -4,6 +4,7 @@
 #include "workbench/app/CommandLine.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/playCommands.h"
+#include "workbench/base/qtNames.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
@@ -80,7 +81,7 @@ int main(int argc, char** argv) {
     if (!readArguments(argc, argv, line, error)) return error.isEmpty() ? 0 : wrong(error);
     error = choosePlatform(line);
     if (!error.isEmpty()) return wrong(error);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    workbench::useHighDpiPixmaps();
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
     QApplication::setQuitOnLastWindowClosed(line.command == Command::Window);

@@ -1,6 +1,7 @@
 /// What Qt 5 and Qt 6 have under different names, for the workbench and the tests.
 #pragma once
 
+#include <QCoreApplication>
 #include <QKeySequence>
 #include <QMetaType>
 #include <QMouseEvent>
@@ -33,6 +34,11 @@ inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPos();
 }
 
+/// Draws in the screen's own pixels. To be called before there is an application.
+inline void useHighDpiPixmaps() {
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
 #else
 
 constexpr QMetaType::TypeFlag relocatableType = QMetaType::RelocatableType;
@@ -52,6 +58,8 @@ inline int firstKeyOf(const QKeySequence& sequence) {
 inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPosition().toPoint();
 }
+
+inline void useHighDpiPixmaps() {}
 
 #endif
 
