@@ -89,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(Looks, Appearance, testing::ValuesIn(testing_support::a
 class SampleAppearance : public PageLooks {
   protected:
     void SetUp() override {
-        const QString sample = QFINDTESTDATA("../../workbench/installation");
+        const QString sample = QStringLiteral(SAMPLE_INSTALLATION);
         ASSERT_EQ(workbench::Host::instance().loadInstallation(sample), QString());
         testing_support::wear(GetParam());
         open();
