@@ -4,6 +4,7 @@
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev fonts-noto-cjk)
 test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file)
+qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev)
 tools_packages=(gcovr python3)

@@ -45,7 +45,9 @@ void useModels(int count) {
     installation.models[QStringLiteral("Kvys")] << entry;
     // A record without fee modes for each model: the card searches, and keeps its plain button.
     for (const TaxTemplateInfo& info : entry.models) {
-        installation.pricing[QStringLiteral("Kvys")][info.key].key = info.key;
+        ProjectSettingSpace::PricingModelInfo pricing;
+        pricing.key = info.key;
+        installation.pricing[QStringLiteral("Kvys")].insert(info.key, pricing);
     }
 }
 

@@ -21,7 +21,7 @@ if(DPKG_DEB)
     set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
     set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libnewprodialog-dev)
     set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
-    set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "qtbase5-dev (>= 5.15)")
+    set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${qt_development_package}")
     set(CPACK_DEBIAN_WORKBENCH_PACKAGE_NAME newpro-workbench)
     set(CPACK_DEBIAN_WORKBENCH_PACKAGE_SECTION devel)
     if(DPKG_SHLIBDEPS)  # what the programs and libraries are linked with

@@ -115,7 +115,8 @@ void doubleClickAsksOnce() {
                             QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
         if (!card) break;
         const bool down = type != QEvent::MouseButtonRelease;
-        QMouseEvent event(type, QPointF(20, 20), Qt::LeftButton,
+        const QPointF place(20, 20);
+        QMouseEvent event(type, place, card->mapToGlobal(place.toPoint()), Qt::LeftButton,
                           down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
         QApplication::sendEvent(card, &event);
     }

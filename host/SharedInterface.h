@@ -47,6 +47,14 @@ struct PricingModelInfo {
     QMap<QString, QMap<QString, QString>> parameters;
 };
 
+/// Configurations by model name. Models of one name, in two tax modes for example, each have their
+/// own: since Qt 6 only a QMultiMap holds both.
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+using PricingModelInfoMap = QMap<QString, PricingModelInfo>;
+#else
+using PricingModelInfoMap = QMultiMap<QString, PricingModelInfo>;
+#endif
+
 /// The user's system settings.
 struct SysSettingInfo {
     QString modelName;           ///< The model name remembered by the last estimate project.
@@ -91,8 +99,8 @@ class NEWPRO_HOST_API ProjectSettingHelper {
         const QString& appType, const QString& taxMode);
     /// @param appType application type. @param taxMode empty for every tax mode.
     /// @return detailed configuration by model name.
-    QMap<QString, ProjectSettingSpace::PricingModelInfo> GetPricingModelInfoMap(
-        const QString& appType, const QString& taxMode);
+    ProjectSettingSpace::PricingModelInfoMap GetPricingModelInfoMap(const QString& appType,
+                                                                    const QString& taxMode);
     /// @return template projects by group name.
     QMap<QString, QList<ProjectSettingSpace::JLTaxTemplateInfo>> getJiLinMoBanList();
     ProjectSettingSpace::BasicSettingsInfo getCurModeBasicSettings();

@@ -40,7 +40,7 @@ class NEWPRO_HOST_API SkinManager : public QObject {
 
 class NEWPRO_HOST_API TBaseTool {
   public:
-    /// @param size pixel size, already scaled. @param weight QFont weight (50 normal, 75 bold).
+    /// @param size pixel size, already scaled. @param weight QFont::Normal or QFont::Bold.
     static QFont GetDefFont(int size, int weight);
 };
 

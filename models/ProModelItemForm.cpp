@@ -170,7 +170,7 @@ void ProModelItemForm::initXjButton(zBaseButton* button) {
     ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
     if (!helper) return;
     // Always the budget type's configuration, whatever kind the dialog is in.
-    const QMap<QString, ProjectSettingSpace::PricingModelInfo> configured =
+    const ProjectSettingSpace::PricingModelInfoMap configured =
         helper->GetPricingModelInfoMap(newpro::applicationType::budget, QString());
     for (const ProjectSettingSpace::PricingModelInfo& info : configured) {
         if (info.key != model.key) continue;

@@ -125,7 +125,7 @@ void zBaseComboxPopup::setDisplayText(const QString& text) {
 QString zBaseComboxPopup::displayText() const { return popup->text; }
 void zBaseComboxPopup::setPopupWidget(QWidget* widget) { popup->rows->addWidget(widget); }
 void zBaseComboxPopup::showDropDownPopup() {
-    popup->window->move(mapToGlobal({0, height()}));
+    popup->window->move(mapToGlobal(QPoint(0, height())));
     popup->window->show();
 }
 void zBaseComboxPopup::hideDropDownPopup() { popup->window->hide(); }

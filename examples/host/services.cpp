@@ -83,8 +83,8 @@ const QList<ProTaxTemplateInfo>& ProjectSettingHelper::GetProTaxTemplateInfoList
     return answer;
 }
 
-QMap<QString, PricingModelInfo> ProjectSettingHelper::GetPricingModelInfoMap(const QString& appType,
-                                                                             const QString&) {
+PricingModelInfoMap ProjectSettingHelper::GetPricingModelInfoMap(const QString& appType,
+                                                                 const QString&) {
     if (appType != QLatin1String("Kvys")) return {};
     PricingModelInfo model;
     model.key = QStringLiteral("qdjj");

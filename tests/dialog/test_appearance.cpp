@@ -52,9 +52,10 @@ class Appearance : public PageLooks {
                 "安全文明施工费按2025年的规定计取，材料价格按除税价格输入，税率按9%计算。");
             models.append(info);
         }
-        host.values().pricing[kvys][models.at(0).name] = testing_support::pricing(
-            models.at(0).key, {QStringLiteral("整体计费"), QStringLiteral("单独计费")},
-            QStringLiteral("整体计费"));
+        host.configure(models.at(0).name, testing_support::pricing(models.at(0).key,
+                                                                   {QStringLiteral("整体计费"),
+                                                                    QStringLiteral("单独计费")},
+                                                                   QStringLiteral("整体计费")));
         for (int mode : {0, 1, 2}) host.setModels(kvys, mode, models);
         host.setModels(QStringLiteral("Kvzcb"), 0, models);
         for (const char* key : {"kvys", "kvzcb"}) {
@@ -88,7 +89,7 @@ INSTANTIATE_TEST_SUITE_P(Looks, Appearance, testing::ValuesIn(testing_support::a
 class SampleAppearance : public PageLooks {
   protected:
     void SetUp() override {
-        const QString sample = QFINDTESTDATA("../../workbench/installation");
+        const QString sample = QStringLiteral(SAMPLE_INSTALLATION);
         ASSERT_EQ(workbench::Host::instance().loadInstallation(sample), QString());
         testing_support::wear(GetParam());
         open();

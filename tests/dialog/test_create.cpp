@@ -154,9 +154,9 @@ TEST_F(Create, AHostMayDeleteTheDialogInTheReceiver) {
     deleting([this] { click(newButton()); });
     deleting([this] { doubleClick(card("lswGeneralTax", 0)); });
     deleting([this] { callNewPro(model(counted)); });
-    host.values().pricing[kvys][counted] =
-        testing_support::pricing(counted, {QStringLiteral("整体计费"), QStringLiteral("单独计费")},
-                                 QStringLiteral("整体计费"));
+    host.configure(counted, testing_support::pricing(
+                                counted, {QStringLiteral("整体计费"), QStringLiteral("单独计费")},
+                                QStringLiteral("整体计费")));
     deleting([this] { click(newButton()->findChildren<zBaseButton*>().at(0)); });
     deleting([this] {
         newButton()->findChildren<zBaseButton*>().at(1)->menu()->actions().at(0)->trigger();

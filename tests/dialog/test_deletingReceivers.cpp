@@ -32,7 +32,7 @@ class DeletingReceiver : public DialogTest {
     void doubleClickTree(const QPoint& place) {
         QWidget* viewport = tree()->viewport();
         QTest::mouseClick(viewport, Qt::LeftButton, Qt::NoModifier, place);
-        QTest::mouseDClick(viewport, Qt::LeftButton, Qt::NoModifier, place);
+        doubleClick(viewport, place);
     }
     QWidget* showCard() {
         QListWidget* cards = list("lswTemplateEng");

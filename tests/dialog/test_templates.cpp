@@ -28,7 +28,7 @@ class Templates : public DialogTest {
         const int x = column == 0 ? area.left() + 60 : tree()->columnViewportPosition(1) + 10;
         const QPoint place(x, area.center().y());
         QTest::mouseClick(tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
-        QTest::mouseDClick(tree()->viewport(), Qt::LeftButton, Qt::NoModifier, place);
+        doubleClick(tree()->viewport(), place);
     }
     /// @return what is painted before a row, where its folder is opened and closed.
     QImage branch(QTreeWidgetItem* item) {
@@ -102,7 +102,7 @@ TEST_F(Templates, ADoubleClickOnTheTextOfARowDoesTheSame) {
     showTree();
     auto* text = row(fileItem())->findChild<QLabel*>();
     QTest::mouseClick(text, Qt::LeftButton);
-    QTest::mouseDClick(text, Qt::LeftButton);
+    doubleClick(text);
     EXPECT_EQ(flowLines(), (Lines{service, asked, accepted, created(path)}));
 }
 

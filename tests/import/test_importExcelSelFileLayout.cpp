@@ -81,7 +81,7 @@ TEST_F(ExcelSelection, writes_both_headings_in_one_font) {
         for (const QLabel* label : dialog.findChildren<QLabel*>()) {
             if (label->text() != QString::fromUtf8(text)) continue;
             EXPECT_EQ(label->font().pointSize(), 10);
-            EXPECT_EQ(label->font().weight(), 75);
+            EXPECT_EQ(label->font().weight(), QFont::Bold);
             EXPECT_EQ(label->font().family(), QLabel().font().family());
         }
     }

@@ -26,7 +26,7 @@ inline const QString name = QStringLiteral("某模式");
 class Card : public testing::Test {
   protected:
     void configure(const QStringList& feeModes, const QString& defaultMode = QString()) {
-        host.values().pricing[QStringLiteral("Kvys")][name] = pricing(name, feeModes, defaultMode);
+        host.configure(name, pricing(name, feeModes, defaultMode));
     }
     ProModelItemForm* make(const TaxTemplateInfo& info) {
         card = std::make_unique<ProModelItemForm>(info, nullptr);

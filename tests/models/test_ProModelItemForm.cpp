@@ -2,6 +2,7 @@
 #include <stdexcept>
 
 #include "tests/models/CardFixture.h"
+#include "workbench/base/qtNames.h"
 
 namespace {
 
@@ -132,16 +133,16 @@ TEST_F(Card, SizesAndMarginsFollowTheScale) {
         EXPECT_EQ(button->cursor().shape(), Qt::PointingHandCursor);
         auto* title = child<zBaseLabel>(&unshown, "lblTitle");
         EXPECT_NEAR(title->minimumWidth(), h(5), 1);
-        EXPECT_EQ(title->font().weight(), 75);
+        EXPECT_EQ(title->font().weight(), QFont::Bold);
     }
 }
 
 TEST_F(Card, TheRecordIsRegisteredUnderBothNames) {
     make(model(name));
-    const int id = QMetaType::type("ProjectSettingSpace::TaxTemplateInfo");
+    const int id = workbench::typeIdOf("ProjectSettingSpace::TaxTemplateInfo");
     EXPECT_NE(id, int(QMetaType::UnknownType));
-    EXPECT_EQ(QMetaType::type("TaxTemplateInfo"), id);
-    EXPECT_TRUE(QMetaType(id).flags().testFlag(QMetaType::MovableType));
+    EXPECT_EQ(workbench::typeIdOf("TaxTemplateInfo"), id);
+    EXPECT_TRUE(QMetaType(id).flags().testFlag(workbench::relocatableType));
 }
 
 /// A card whose exceptions are looked at; each report is "source function: text".

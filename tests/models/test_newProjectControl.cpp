@@ -67,11 +67,10 @@ TEST_F(Card, WithoutConfigurationTheButtonStaysPlain) {
 }
 
 TEST_F(Card, TheRecordIsFoundByItsKeyAndNotByItsName) {
-    auto& map = host.values().pricing[QStringLiteral("Kvys")];
-    map.clear();
-    map[name] = pricing(QStringLiteral("another key"), {whole, single}, whole);
-    map[QStringLiteral("z")] = pricing(name, {single}, QStringLiteral("second"));
-    map[QStringLiteral("a")] = pricing(name, {whole}, QStringLiteral("first"));
+    host.values().pricing.clear();
+    host.configure(name, pricing(QStringLiteral("another key"), {whole, single}, whole));
+    host.configure(QStringLiteral("z"), pricing(name, {single}, QStringLiteral("second")));
+    host.configure(QStringLiteral("a"), pricing(name, {whole}, QStringLiteral("first")));
     make(model(name));
     click(newButton());
     ASSERT_EQ(created.size(), 1);

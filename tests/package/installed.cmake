@@ -32,14 +32,14 @@ function(unpack name)
     endforeach()
 endfunction()
 
-unpack(${runtime} libqt5widgets5)
-unpack(${development} libnewprodialog1 qtbase5-dev)
+unpack(${runtime} libqt${QT}widgets${QT})
+unpack(${development} libnewprodialog1 ${QT_PACKAGE})
 consume(${prefix})
 if(EXISTS ${prefix}/bin)
     message(FATAL_ERROR "a program comes with the library")
 endif()
 
-unpack(${workbench} libnewprodialog1 libqt5test5)
+unpack(${workbench} libnewprodialog1 libqt${QT}test${QT})
 set(home ${SCRATCH}/home)
 set(program ${CMAKE_COMMAND} -E env --unset=XDG_DATA_HOME HOME=${home} QT_QPA_PLATFORM=offscreen
     ${prefix}/bin/newpro-workbench)

@@ -60,6 +60,10 @@ function(readme_lines file language start)
 endfunction()
 readme_lines(find.cmake cmake "find_package(newProDialog")
 readme_lines(enclose.cmake cmake "find_package(Qt5")
+# The lines are for Qt 5; with Qt 6 the first finds that.
+file(READ ${SCRATCH}/readme/enclose.cmake enclose)
+string(REPLACE "Qt5 5.15" "Qt${QT} ${OLDEST_QT}" enclose "${enclose}")
+file(WRITE ${SCRATCH}/readme/enclose.cmake "${enclose}")
 readme_lines(readme.h cpp "#include <NewProCfgDialog.h>")
 set(readme_lines -DREADME_LINES=${SCRATCH}/readme)
 
@@ -80,7 +84,7 @@ endfunction()
 # that the package must not ask for are hidden.
 function(consume prefix)
     run(${CMAKE_COMMAND} -S ${package_tests}/consumer -B ${SCRATCH}/consumer ${toolchain}
-        ${readme_lines} -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_DISABLE_FIND_PACKAGE_Qt5Svg=ON ${ARGN})
+        ${readme_lines} -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_DISABLE_FIND_PACKAGE_Qt${QT}Svg=ON ${ARGN})
     run(${CMAKE_COMMAND} --build ${SCRATCH}/consumer --parallel 2)
     show_dialog(${SCRATCH}/consumer/app)
 endfunction()
@@ -89,7 +93,7 @@ endfunction()
 # pieces compile in a tenth of the time; where two files share a name, each file by itself.
 function(build_module source)
     run(${CMAKE_COMMAND} -S ${source} -B ${SCRATCH}/module ${toolchain}
-        -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON
+        -DNEWPRO_QT=${QT} -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON
         -DCMAKE_UNITY_BUILD_BATCH_SIZE=16
         -DCMAKE_PROJECT_newProDialog_INCLUDE=${package_tests}/pieces.cmake ${ARGN})
     set(build ${CMAKE_COMMAND} --build ${SCRATCH}/module --parallel 2)

@@ -103,6 +103,13 @@ QString TemporaryInstallation::addTemplate(const QString& appTypeKey, const QStr
     return write(QStringLiteral("MBSC/") + appTypeKey + QLatin1Char('/') + name);
 }
 
+void TemporaryInstallation::configure(const QString& modelName,
+                                      const ProjectSettingSpace::PricingModelInfo& info) {
+    auto& configured = values().pricing[QStringLiteral("Kvys")];
+    configured.remove(modelName);
+    configured.insert(modelName, info);
+}
+
 void TemporaryInstallation::setModels(const QString& appType, int taxMode,
                                       const QList<TaxTemplateInfo>& models) {
     auto& modes = values().models[appType];

@@ -63,6 +63,8 @@ class TemporaryInstallation {
     workbench::Installation& values() { return workbench::Host::instance().installation(); }
     /// Replaces the models of one tax mode of an application type.
     void setModels(const QString& appType, int taxMode, const QList<TaxTemplateInfo>& models);
+    /// Gives a budget model this configuration, in place of those that it has.
+    void configure(const QString& modelName, const ProjectSettingSpace::PricingModelInfo& info);
     void clearModels() { values().models.clear(); }
 
   private:
@@ -105,7 +107,9 @@ const std::vector<Thrown>& thrownKinds();
 
 /// Clicks with the left button in the middle of a visible, enabled widget; else fails the test.
 void click(QWidget* widget);
+/// The second press of a double click, in the middle of a widget or at a place in it.
 void doubleClick(QWidget* widget, Qt::MouseButton button = Qt::LeftButton);
+void doubleClick(QWidget* widget, const QPoint& place, Qt::MouseButton button = Qt::LeftButton);
 /// Runs what was posted: events, deferred deletions, timers that are due.
 void settle();
 

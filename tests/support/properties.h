@@ -17,7 +17,8 @@ inline rc::Gen<QString> anyText(const QString& likely) {
     const auto unit = rc::gen::oneOf(rc::gen::elementOf(units), rc::gen::arbitrary<ushort>());
     return rc::gen::map(rc::gen::container<std::vector<ushort>>(unit),
                         [](const std::vector<ushort>& text) {
-                            return QString::fromUtf16(text.data(), int(text.size()));
+                            return QString::fromUtf16(
+                                reinterpret_cast<const char16_t*>(text.data()), int(text.size()));
                         });
 }
 

@@ -67,7 +67,7 @@ class Hand {
     void doubleClickRow(const char* name) {
         const QPoint where = at(utf(name));
         QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, where);
-        QTest::mouseDClick(list()->viewport(), Qt::LeftButton, {}, where);
+        testing_support::doubleClick(list()->viewport(), where);
     }
 
     workbench::OpenDialog* dialog;

@@ -95,7 +95,8 @@ class MainWindowTest : public testing::Test {
             ProModelItemForm* first = nullptr;
             for (ProModelItemForm* card : dialog->findChildren<ProModelItemForm*>()) {
                 if (!card->isVisible()) continue;
-                if (!first || card->mapTo(dialog, {}).y() < first->mapTo(dialog, {}).y())
+                if (!first ||
+                    card->mapTo(dialog, QPoint()).y() < first->mapTo(dialog, QPoint()).y())
                     first = card;
             }
             ASSERT_TRUE(first);

@@ -123,8 +123,9 @@ TEST(Workbook, ACutBinaryWorkbookDoesNotOpenWhereverItIsCut) {
     TemporaryInstallation installation;
     const QByteArray whole =
         compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(3), 9 * 1024 * 1024));
-    for (int size : {100, 512, 1000, 5000, 1 << 20, whole.size() - 100000, whole.size() - 512}) {
-        EXPECT_FALSE(opens(installation.write(QStringLiteral("a.xls"), whole.left(size)))) << size;
+    const int size = int(whole.size());
+    for (int kept : {100, 512, 1000, 5000, 1 << 20, size - 100000, size - 512}) {
+        EXPECT_FALSE(opens(installation.write(QStringLiteral("a.xls"), whole.left(kept)))) << kept;
     }
 }
 

@@ -5,6 +5,7 @@
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/journalCommands.h"
 #include "workbench/app/playCommands.h"
+#include "workbench/base/qtNames.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
@@ -92,7 +93,7 @@ int main(int argc, char** argv) {
     error = choosePlatform(line);
     if (!error.isEmpty()) return wrong(error);
     if (line.command == Command::Diff) return workbench::diffJournals(line);
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    workbench::useHighDpiPixmaps();
     QApplication application(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("新建工程工作台"));
     QApplication::setQuitOnLastWindowClosed(hasWindow(line));

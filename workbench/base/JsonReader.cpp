@@ -5,8 +5,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTextCodec>
 #include <QtNumeric>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -114,17 +114,11 @@ class Places {
 
 /// @return offset of the first line that is not valid UTF-8; -1 if all are.
 int badlyEncoded(const QByteArray& text) {
-    const QTextCodec* codec = QTextCodec::codecForName("UTF-8");
-    int begin = 0;
-    while (begin < text.size()) {
-        const int end = text.indexOf('\n', begin);
-        const int length = (end < 0 ? text.size() : end) - begin;
-        QTextCodec::ConverterState state;
-        codec->toUnicode(text.constData() + begin, length, &state);
-        if (state.invalidChars > 0 || state.remainingChars > 0) return begin;
-        begin += length + 1;
-    }
-    return -1;
+    // What is not UTF-8 becomes a replacement character, which is written as other bytes.
+    const QByteArray again = QString::fromUtf8(text.constData(), text.size()).toUtf8();
+    if (again == text) return -1;
+    const auto bad = std::mismatch(text.begin(), text.end(), again.begin(), again.end()).first;
+    return text.left(int(bad - text.begin())).lastIndexOf('\n') + 1;
 }
 
 }  // namespace

@@ -101,9 +101,9 @@ Plan useHiddenCard(QWidget* card, bool twice) {
         return Plan::act([button] { button->click(); });
     }
     return Plan::act([card] {
-        const QPointF middle = card->rect().center();
-        QMouseEvent event(QEvent::MouseButtonDblClick, middle, Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
+        const QPoint middle = card->rect().center();
+        QMouseEvent event(QEvent::MouseButtonDblClick, middle, card->mapToGlobal(middle),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(card, &event);
     });
 }

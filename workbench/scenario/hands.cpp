@@ -10,6 +10,8 @@
 #include <QScrollArea>
 #include <QWindow>
 
+#include "workbench/base/qtNames.h"
+
 namespace workbench {
 
 namespace {
@@ -23,7 +25,7 @@ bool isBehindModal(const QWidget* window) {
 
 int codeOf(const QString& keys) {
     const QKeySequence sequence = QKeySequence::fromString(keys, QKeySequence::PortableText);
-    return sequence.count() == 1 ? sequence[0] : int(Qt::Key_unknown);
+    return sequence.count() == 1 ? firstKeyOf(sequence) : int(Qt::Key_unknown);
 }
 
 QPoint inWindow(const QWidget* widget, QPoint at) {

@@ -4,6 +4,7 @@
 #include <QVariant>
 
 #include "SharedInterface.h"
+#include "workbench/base/qtNames.h"
 #include "workbench/hostlibs/common/Host.h"
 
 namespace workbench {
@@ -24,9 +25,9 @@ bool findModel(const QString& name, QVariant& into) {
     return false;
 }
 
-int typeIdOf(QByteArray name) {
+int typeOfParameter(QByteArray name) {
     if (name.endsWith('&')) name.chop(1);
-    return QMetaType::type(name);
+    return typeIdOf(name);
 }
 
 bool convert(const QJsonValue& json, int type, QVariant& into) {
@@ -36,7 +37,7 @@ bool convert(const QJsonValue& json, int type, QVariant& into) {
     else
         into = json.toVariant();
     return type == QMetaType::QVariant || type == QMetaType::QJsonValue ||
-           into.userType() == type || into.convert(type);
+           into.userType() == type || convertTo(type, into);
 }
 
 QMetaMethod methodOf(const QObject* object, const QString& name, int argumentCount) {
@@ -53,7 +54,7 @@ bool invoke(QObject* object, const QMetaMethod& method, QVector<QVariant>& value
     const QList<QByteArray> types = method.parameterTypes();
     QGenericArgument arguments[mostArguments];
     for (int i = 0; i < values.size(); ++i) {
-        const bool asVariant = typeIdOf(types[i]) == QMetaType::QVariant;
+        const bool asVariant = typeOfParameter(types[i]) == QMetaType::QVariant;
         const void* data = asVariant ? &values[i] : values[i].constData();
         arguments[i] = QGenericArgument(types[i].constData(), data);
     }
@@ -75,7 +76,7 @@ std::function<bool()> slotCall(QObject* object, const QString& slot, const QJson
     const QList<QByteArray> types = method.parameterTypes();
     QVector<QVariant> values(args.size());
     for (int i = 0; i < args.size(); ++i) {
-        if (convert(args[i], typeIdOf(types[i]), values[i])) continue;
+        if (convert(args[i], typeOfParameter(types[i]), values[i])) continue;
         error = QStringLiteral("argument %1 of %2 is no %3")
                     .arg(i + 1)
                     .arg(slot, QLatin1String(types[i]));

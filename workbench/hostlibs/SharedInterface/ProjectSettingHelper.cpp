@@ -40,7 +40,7 @@ ProjectSettingHelper::GetProTaxTemplateInfoList(const QString& appType, const QS
                                     {appType, taxMode}, models, countOf);
 }
 
-QMap<QString, ProjectSettingSpace::PricingModelInfo> ProjectSettingHelper::GetPricingModelInfoMap(
+ProjectSettingSpace::PricingModelInfoMap ProjectSettingHelper::GetPricingModelInfoMap(
     const QString& appType, const QString& taxMode) {
     return Journal::instance().call(
         "ProjectSettingHelper::GetPricingModelInfoMap", {appType, taxMode},

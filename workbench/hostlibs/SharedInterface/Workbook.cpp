@@ -62,7 +62,7 @@ QByteArray partOf(zip_t* package, const QString& name) {
     return content;
 }
 
-bool isWorkbookType(const QStringRef& contentType) {
+bool isWorkbookType(QStringView contentType) {
     return contentType.endsWith(QLatin1String(".main+xml")) &&
            (contentType.contains(QLatin1String("spreadsheetml")) ||
             contentType.contains(QLatin1String("ms-excel")));

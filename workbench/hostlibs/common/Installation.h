@@ -24,7 +24,7 @@ struct WORKBENCH_API Installation {
     QString folder;  ///< Absolute, without trailing separator; empty while none is loaded.
     QMap<QString, QList<ProjectSettingSpace::ProTaxTemplateInfo>> models;  ///< By application type.
     /// By application type, then by model name; models that share a name have a record each.
-    QMap<QString, QMap<QString, ProjectSettingSpace::PricingModelInfo>> pricing;
+    QMap<QString, ProjectSettingSpace::PricingModelInfoMap> pricing;
     QMap<QString, QList<ProjectSettingSpace::JLTaxTemplateInfo>> groupedTemplates;
     ProjectSettingSpace::BasicSettingsInfo basicSettings;
     ProjectSettingSpace::SysSettingInfo systemSettings;

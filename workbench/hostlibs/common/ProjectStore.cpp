@@ -58,7 +58,7 @@ QString safeFileName(const QString& title) {
     static const QString forbidden = QStringLiteral("/\\:*?\"<>|#");
     constexpr int longest = 40;
     QString name;
-    for (const uint c : title.simplified().toUcs4()) {
+    for (const char32_t c : title.simplified().toUcs4()) {
         const QString character = QString::fromUcs4(&c, 1);
         if (name.size() + character.size() > longest) break;
         name +=

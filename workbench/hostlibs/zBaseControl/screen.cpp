@@ -59,6 +59,6 @@ QFont TBaseTool::GetDefFont(int size, int weight) {
     font.setFamily(families.first());
     font.setFamilies(families);
     font.setPixelSize(qMax(1, size));
-    font.setWeight(weight);
+    font.setWeight(QFont::Weight(weight));
     return font;
 }

@@ -2,6 +2,7 @@
 #include <QPainter>
 #include <QWindow>
 
+#include "workbench/base/qtNames.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 #include "workbench/hostlibs/zControl/Outline.h"
@@ -22,7 +23,7 @@ void FramelessDialog::mousePressEvent(QMouseEvent* event) {
 
 // For window systems that cannot move a window on request.
 void FramelessDialog::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & Qt::LeftButton) move(event->globalPos() - grip);
+    if (event->buttons() & Qt::LeftButton) move(workbench::placeOnScreen(*event) - grip);
 }
 
 RoundedDialog::RoundedDialog(QWidget* parent) : FramelessDialog(parent) {

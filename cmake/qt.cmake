@@ -1,0 +1,13 @@
+# The Qt that all of this is built with: its version is chosen here and nowhere else.
+set(NEWPRO_QT 5 CACHE STRING "Major version of Qt, 5 or 6")
+set_property(CACHE NEWPRO_QT PROPERTY STRINGS 5 6)
+set(oldest_qt_5 5.15)
+set(oldest_qt_6 6.4)
+set(qt_package_5 qtbase5-dev)
+set(qt_package_6 qt6-base-dev)
+if(NOT NEWPRO_QT MATCHES "^[56]$")
+    message(FATAL_ERROR "NEWPRO_QT has to be 5 or 6, and is \"${NEWPRO_QT}\".")
+endif()
+set(oldest_qt ${oldest_qt_${NEWPRO_QT}})
+set(qt_development_package "${qt_package_${NEWPRO_QT}} (>= ${oldest_qt})")  # Debian's
+find_package(Qt${NEWPRO_QT} ${oldest_qt} REQUIRED COMPONENTS Core Gui Widgets)
