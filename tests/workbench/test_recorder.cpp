@@ -30,6 +30,7 @@ const struct {
                    {"calls-pages", calls},
                    {"cloud-broken", calls},
                    {"cloud-disk-alone", calls},
+                   {"cloud-folders-refused", calls},
                    {"cloud-other-user", calls},
                    {"cloud-path-resolved", calls},
                    {"cloud-personal-resolved", calls},
@@ -51,7 +52,7 @@ const struct {
                    {"template-card-host-busy", hiddenCards},
                    {"tour-3-template-card", hiddenCards}};
 /// More than these are a hole in the recorder.
-static_assert(std::size(beyondHands) <= 27);
+static_assert(std::size(beyondHands) <= 28);
 
 /// @return why no hand can do what a scenario does; null if one can.
 const char* beyondHand(const std::string& name) {

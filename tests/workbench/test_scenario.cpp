@@ -56,7 +56,8 @@ TEST_F(ScenarioTest, WhatIsWrongWithAFileIsToldWithItsPlace) {
         {"{\"title\": \"t\", \"host\": {\"plugins\": {\"four\": true}}, \"steps\": []}",
          "s.json:1: host.plugins.four: the key must be a whole number"},
         {"{\"title\": \"t\", \"host\": {\"cloud\": [\"slow\", \"wet\"]}, \"steps\": []}",
-         "s.json:1: host.cloud[1]: must be one of \"slow\", \"refused\", \"broken\""},
+         "s.json:1: host.cloud[1]: must be one of \"slow\", \"refused\", \"broken\", "
+         "\"foldersRefused\""},
         {"{\"title\": \"t\", \"host\": {\"scale\": 4}, \"steps\": []}",
          "s.json:1: host.scale: must be a factor from 1 to 3 or a percentage from 100 to 300"},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"host\", \"skin\": \"blue\"}]}",
