@@ -44,8 +44,16 @@ const Legal legalChanges[] = {
 
     {".*", "/seq = [1-9]\\d*|/ms = \\d+", "another place or time"},
     {"project|exception", "/name = \".+\"", "another file or function"},
-    {"call", "/args(/.*| =.*\\[\\]| longer)", "other arguments: host/ has them"},
-    {"call", "/answer .*|/answer/.*| \\+ answer", "another answer or none: host/ has them"},
+    {"call", "/args/\\d = -?\\d+", "another plug-in, function, kind or size"},
+    {"call", "/args/\\d = \".*\"", "another path, name or caption"},
+    {"call", "/args/0 = null", "a file dialog without a parent"},
+    {"call", "/args/0 dropped|/args = \\[\\]", "load: the plug-in that isLoaded was asked about"},
+    {"call", "/args/2( = \\[\\]|/\\d+ = \".*\"|/\\d+ dropped)", "other suffixes"},
+    {"call", "/args/0/(\\w+ = \".*\"|others \\+ .*)", "other settings of the user's"},
+    {"call", "/answer = .+", "another answer of its type"},
+    {"call", "/answer/\\d+( = \".*\"| dropped)", "a shorter list, or other texts in it"},
+    {"call", "/answer(/.*| \\+ .*)", "other settings; the cloud service's answers are its own"},
+    {"call", "/answer dropped| \\+ answer", "the host has thrown, or has not"},
     {"dialog", "/result = -?\\d+", "another result"},
     {"box", "/args/(0 = \".*\"|1 = \".+\"|2/\\d = \".+\")", "other texts"},
     {"exception", "/args/(1 = [1-9]\\d*|[02] = \".+\"|3 = \".*\")", "another place or text"},
@@ -185,6 +193,8 @@ TEST_F(Mutants, OfEveryKindOfLineAreRefusedOrInTheTable) {
             const auto& all = contract::messages();
             if (std::any_of(all.begin(), all.end(), isOfLine)) continue;
             QByteArray shape = line.value(QLatin1String("kind")).toString().toUtf8();
+            if (shape == "call")
+                shape += ' ' + line.value(QLatin1String("name")).toString().toUtf8();
             for (const QString& key : line.keys()) shape += ' ' + key.toUtf8();
             shape += ' ' + QByteArray::number(line.value(QLatin1String("answer")).type());
             examples.insert(shape, line);

@@ -53,6 +53,9 @@ class Mutation {
 
     void changeItems(const QJsonArray& array, const QString& at, const See& see) const {
         for (int i = 0; i < array.size(); ++i) {
+            QJsonArray fewer = array;
+            fewer.removeAt(i);
+            see(fewer, at + QLatin1Char('/') + QString::number(i) + QLatin1String(" dropped"));
             change(array[i], at + QLatin1Char('/') + QString::number(i),
                    [&](const QJsonValue& changed, const QString& what) {
                        QJsonArray whole = array;

@@ -20,7 +20,7 @@ struct Vocabulary {
 Vocabulary anyWords();
 
 /// Hands out every value that differs from `value` in one place: each member dropped, renamed and
-/// replaced, members added to each object and an item to each array.
+/// replaced, members added to each object, an item added to each array and each item dropped.
 /// @param see gets the changed value and what was changed, such as "/2/type = 1", "/2/type
 /// dropped",
 ///        "/2/type renamed path", "/2 + path" or "/2 longer".
