@@ -22,7 +22,8 @@ constexpr int estimateBit = 2;
 /// every signal and plug-in message is one. The signals carry that of the application type, so that
 /// the estimate and the audit arrive as 4. Messages 107, 108 and 114 go to 4 or 16, message 103 to
 /// the plug-in of the file's kind, 4 or 16; messages 0, 100, 102, 104 and 105 to the kind asked
-/// for, bits included.
+/// for, bits included. The kinds that exist are these; of any other int slotCreatePro looks at the
+/// bits 4, 2, 1 and 16 all the same: 36 would send message 100 to 36, and -1 message 102 to -1.
 enum ProgramType {
     BudgetProgram = 4,
     AuditProgram = BudgetProgram | fromFileBit,
@@ -63,14 +64,16 @@ inline constexpr auto projectType = latin1("GcLx");
 /// the plug-in the wrong kind. Not in 0, where no kind is known.
 inline constexpr auto appType = latin1("apptype");
 /// 102, 103, 104: path of the project file to start from; in 102 and 104 empty where the page's
-/// template is to be used alone.
+/// template is to be used alone. It may be the path of a cloud file: the disk's name first,
+/// "个人云盘" or "企业云盘", and zFileDialog::pathFgf between the parts. The dialog has neither
+/// looked for it nor downloaded it; the receiver fetches it.
 inline constexpr auto projectFile = latin1("GcLj");
 /// 102: name of the estimate's template.
 inline constexpr auto estimateTemplate = latin1("GsMb");
 /// 104: name of the settlement's template.
 inline constexpr auto settlementTemplate = latin1("JsMb");
-/// The number of the plug-in addressed, as in the first argument. 107 and 114: always. 0 and 100 to
-/// 105: only where the plug-in manager answers that this plug-in is loaded. 108: never.
+/// The number of the plug-in addressed, as in the first argument. 107 and 114: always, loaded or
+/// not. 0 and 100 to 105: only where the plug-in manager answers that it is loaded. 108: never.
 inline constexpr auto client = latin1("client_pid");
 /// 107: true, the import starts a new project.
 inline constexpr auto isNewProject = latin1("isnewapp");
@@ -84,7 +87,7 @@ inline constexpr auto pricingModel = latin1("jjms");
 inline constexpr auto projectTemplate = latin1("gcmb");
 /// 108: path of the tendering-data file.
 inline constexpr auto tenderFile = latin1("dzb_file");
-/// 114: path of the general-contracting project file to start from.
+/// 114: path of the project file to start from; like projectFile it may be that of a cloud file.
 inline constexpr auto contractingFile = latin1("pro_file");
 }  // namespace messageKey
 
@@ -109,7 +112,8 @@ inline constexpr auto hasEstimate = latin1("m_bHaveEstimate");     ///< Integer,
 inline constexpr auto feeMode = latin1("mJfms");                   ///< A FeeMode.
 }  // namespace projectKey
 
-/// Values of projectKey::feeMode. Any text but `wholeProjectFee` counts as `FeePerUnit`.
+/// Values of projectKey::feeMode. Any text but `wholeProjectFee` counts as `FeePerUnit`. What
+/// counts is the mode that the card holds, not the one picked in its menu.
 enum FeeMode { FeePerUnit = 0, FeeOfWholeProject = 1 };
 
 /// The fee modes as they stand in the configuration that the host supplies.

@@ -45,7 +45,8 @@ class NEWPRO_EXPORT NewProCfgDialog : public zBaseModal {
 
     /// Adds a ribbon entry and its page.
     /// @param page the page of the entry; a page that is already in the stack is added only once.
-    /// @return the entry's action, owned by the ribbon; null after a reported exception.
+    /// @return the entry's action, owned by the ribbon; null after a reported exception, or where
+    ///         the host made none.
     QAction* addXjPage(const RIBBON::CentralTab& tab, QWidget* page);
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -64,9 +64,10 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
     return operateOr<QAction*>(d, nullptr, [&](Parts& parts) {
         QStackedWidget* pages = parts.pageStack.need();
         QAction* action = parts.ribbon->addTab(tab);
+        if (page && pages->indexOf(page) < 0) pages->addWidget(page);
+        if (!action) return action;  // the page stays, and the host has no entry for it
         if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
         connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
-        if (page && pages->indexOf(page) < 0) pages->addWidget(page);
         parts.pageOfAction.insert(action, page);
         parts.actionOfTab.insert(tab.text, action);
         // The ribbon owns the action, and the host may take it out again.

@@ -29,6 +29,8 @@ zBaseButton* button(const char* name, const QString& text, const QString& access
 
 xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
     guarded(source, [this] {
+        // Its answer is used after it has closed: it must not end the application.
+        setAttribute(Qt::WA_QuitOnClose, false);
         SetCaption(QStringLiteral("新建"));
         setFixedSize(scaled(280), scaled(240));
         CreateUI();

@@ -67,6 +67,8 @@ QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
 
 importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
     guarded(source, [this] {
+        // Its choice is sent after it has closed: it must not end the application.
+        setAttribute(Qt::WA_QuitOnClose, false);
         // Opened and never closed, deliberately: closing names no dialog, and would close the mode
         // of the new-project dialog, which may still be there and closes it itself.
         InterfaceAdaptation::getInstance()->openMaxDialogMode(580, 420);

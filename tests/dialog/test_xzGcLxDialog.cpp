@@ -65,6 +65,23 @@ TEST_F(TypeChooser, answers_with_the_program_type_of_the_button) {
     }
 }
 
+TEST_F(TypeChooser, ends_no_application_as_its_last_window) {
+    const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
+    // Only an application that runs tells of its last window.
+    QTimer::singleShot(0, &dialog, [&] {
+        for (const char* name : {"BtnYs", "BtnZcb", "BtnQx"}) {
+            dialog.show();
+            click(button(name));
+            EXPECT_FALSE(dialog.isVisible()) << name;
+        }
+        dialog.show();
+        dialog.close();
+        QCoreApplication::exit();
+    });
+    QApplication::exec();
+    EXPECT_EQ(ended.count(), 0);
+}
+
 TEST_F(TypeChooser, answers_every_slot_through_the_meta_object) {
     const struct {
         const char* slot;

@@ -1,5 +1,7 @@
 #include "import/importExcelSelFile.h"
 
+#include <QSignalSpy>
+
 #include "tests/import/ExcelSelection.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 
@@ -30,6 +32,23 @@ TEST_F(ExcelSelection, opens_on_the_budget_type_with_nothing_chosen) {
     EXPECT_TRUE(contracting(dialog)->isHidden());
     EXPECT_EQ(contracting(dialog)->backgroundIcon(), QString());
     EXPECT_TRUE(contracting(dialog)->autoFillBackground());
+}
+
+TEST_F(ExcelSelection, ends_no_application_as_its_last_window) {
+    importExcelSelFile dialog(nullptr);
+    const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
+    // Only an application that runs tells of its last window.
+    QTimer::singleShot(0, &dialog, [&] {
+        for (const auto& end : {&importExcelSelFile::accept, &importExcelSelFile::reject}) {
+            dialog.show();
+            (dialog.*end)();
+        }
+        dialog.show();
+        dialog.close();
+        QCoreApplication::exit();
+    });
+    QApplication::exec();
+    EXPECT_EQ(ended.count(), 0);
 }
 
 TEST_F(ExcelSelection, names_what_can_be_operated_for_a_screen_reader) {
