@@ -7,7 +7,7 @@ namespace conformance {
 
 namespace {
 
-QStringList& reports() {
+QStringList& heard() {
     static QStringList texts;
     return texts;
 }
@@ -16,7 +16,7 @@ QStringList& reports() {
 
 QStringList takeReports() {
     QStringList taken;
-    taken.swap(reports());
+    taken.swap(heard());
     return taken;
 }
 
@@ -29,7 +29,7 @@ QStringList takeReports() {
 // part of the program its definition is the one, and nothing is heard here.
 __attribute__((weak)) void ProcExceptionNew(const std::exception& exception, const char* source,
                                             int line, const char* function) {
-    conformance::reports() +=
+    conformance::heard() +=
         QString::fromUtf8(function) + QLatin1String(": ") + QString::fromUtf8(exception.what());
     using Report = void (*)(const std::exception&, const char*, int, const char*);
     // The name of this very function, as the Itanium ABI has it.

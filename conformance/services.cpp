@@ -231,8 +231,9 @@ void usageLog() {
     SharedInterface::EndFunLog(GNSJ_XJGC, false, -1);
 }
 
-void reports() {
-    ProcExceptionNew(std::runtime_error("conformance"), "conformance", 1, "conformance::reports");
+void reportsAreTaken() {
+    ProcExceptionNew(std::runtime_error("conformance"), "conformance", 1,
+                     "conformance::reportsAreTaken");
     if (takeReports().isEmpty())
         throw NotReached{QStringLiteral(
             "nothing can stand before the host's: what it throws in a flow is not found out")};
@@ -297,7 +298,7 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("an unknown service is null"), unknownService},
         {QStringLiteral("the first page lets a project be started"), firstPage},
         {QStringLiteral("the usage log takes entries"), usageLog},
-        {QStringLiteral("reports of exceptions are taken"), reports},
+        {QStringLiteral("reports of exceptions are taken"), reportsAreTaken},
         {QStringLiteral("the file dialog forgets its last cloud choice"), cloudState},
         {QStringLiteral("the cloud service answers data or a refusal"), cloudAnswers},
     };
