@@ -21,15 +21,26 @@ inline void expect(bool holds, const QString& what) {
     if (!holds) throw Differs{what};
 }
 
+/// @return whether an event loop runs while the action is done.
+bool runsEventLoop(const std::function<void()>& action);
+
+/// Does what a host answers without a window; ends the promise where an event loop runs meanwhile.
+void quietly(const std::function<void()>& action);
+
+/// @return what was reported to ProcExceptionNew since it was asked last: "function: text" each.
+///         Stays empty where the host's own cannot be stood before; see docs/writing-a-host.md.
+QStringList takeReports();
+
 /// A promise, and what looks at it.
 struct Promise {
     QString text;
     std::function<void()> look;
 };
 
-// The three areas.
+// The three areas; the last has two parts.
 QVector<Promise> services(const Files& files);
 QVector<Promise> controls();
-QVector<Promise> flows(const Files& files);
+QVector<Promise> flows();
+QVector<Promise> fileFlows(const Files& files);
 
 }  // namespace conformance

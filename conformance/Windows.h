@@ -4,6 +4,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QPointer>
 #include <QStringList>
 #include <QTimer>
@@ -14,17 +17,20 @@ namespace conformance {
 class Closer {
   public:
     Closer() {
-        QObject::connect(&timer, &QTimer::timeout, [this] { closeOne(); });
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            if (QWidget* window = current()) meet(window);
+        });
         timer.start(10);  // milliseconds
     }
+    virtual ~Closer() = default;
 
     const QStringList& closed() const { return names; }
 
-  private:
-    void closeOne() {
-        QWidget* window = QApplication::activePopupWidget();
-        if (!window) window = QApplication::activeModalWidget();
-        if (!window) return;
+  protected:
+    /// What to do with a window that is open.
+    virtual void meet(QWidget* window) { close(window); }
+
+    void close(QWidget* window) {
         names += QLatin1String(window->metaObject()->className());
         if (auto* dialog = qobject_cast<QDialog*>(window)) {
             dialog->reject();
@@ -33,8 +39,50 @@ class Closer {
         }
     }
 
+  private:
+    static QWidget* current() {
+        QWidget* popup = QApplication::activePopupWidget();
+        return popup ? popup : QApplication::activeModalWidget();
+    }
+
     QTimer timer;
     QStringList names;
+};
+
+/// Chooses a file as a user without a mouse would: types its path into the fields of a dialog, one
+/// after the other, and presses Return. Closes what does not go away by that.
+class Typist : public Closer {
+  public:
+    explicit Typist(const QString& file) : path(QFileInfo(file).absoluteFilePath()) {}
+
+    /// @return whether a dialog took the path.
+    bool typed() const { return taken; }
+
+  protected:
+    void meet(QWidget* window) override {
+        QVector<QLineEdit*> fields;
+        for (auto* field : window->findChildren<QLineEdit*>())
+            if (field->isVisible() && field->isEnabled() && !field->isReadOnly()) fields += field;
+        if (!fields.isEmpty() && window != last) {
+            last = window;  // not a box, behind which it waits
+            tried = 0;
+        }
+        if (fields.isEmpty() || tried >= fields.size()) return close(window);
+        if (auto* dialog = qobject_cast<QDialog*>(window))
+            QObject::connect(dialog, &QDialog::accepted, &here, [this] { taken = true; });
+        QLineEdit* field = fields[tried++];
+        field->setText(path);
+        // Posted: no timer ticks in a window that opens inside of it.
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+            QApplication::postEvent(field, new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier));
+    }
+
+  private:
+    const QString path;
+    QPointer<QWidget> last;
+    int tried = 0;
+    bool taken = false;
+    QObject here;  ///< The connections end with it.
 };
 
 /// Clicks the button with a text in the next modal window, as soon as it is there.

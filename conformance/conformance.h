@@ -1,7 +1,7 @@
 /// Holds a host's libraries against what the dialog expects of them.
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 
@@ -31,10 +31,14 @@ struct Files {
 
 /// Looks at the host libraries that this program is linked with: asks every service, makes every
 /// control, and does each flow in the real dialog. Boxes and dialogs of the host that open on the
-/// way are closed again. Needs a QApplication; takes some seconds; writes no file, but the host may
-/// create projects when it is asked to.
+/// way are closed again. Needs a QApplication; takes some seconds. Writes temporary files alone,
+/// one of them a template below GetAppPath() where there is none; but the host may create projects
+/// when it is asked to.
 /// @return a row for each promise, in the order in which they were looked at.
 QVector<Row> checkHost(const Files& files, const Progress& progress = {});
+
+/// @return the pictures that the dialog names and the program's resources lack.
+QStringList missingPictures();
 
 /// @return a row as it stands in a table for a terminal, without line break at its end.
 QString lineOf(const Row& row);

@@ -120,9 +120,9 @@ struct Ribbon {
                QStringLiteral("the default widget of an entry is no RibbonTab"));
         return widget;
     }
-    QAbstractButton* button(int i) const {
-        auto* found = entry(i)->findChild<QAbstractButton*>(QStringLiteral("curText"));
-        expect(found, QStringLiteral("an entry has no child button named curText"));
+    zBaseButton* button(int i) const {
+        auto* found = entry(i)->findChild<zBaseButton*>(QStringLiteral("curText"));
+        expect(found, QStringLiteral("an entry has no zBaseButton named curText"));
         return found;
     }
 

@@ -1,67 +1,20 @@
-#include <NewProCfgDialog.h>
-#include <osgi.h>
+#include <SharedInterface.h>
 #include <xzGcLxDialog.h>
-#include <zControl.h>
 
+#include <QDir>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QTreeWidget>
+#include <optional>
 
 #include "Check.h"
+#include "Opened.h"
 #include "Windows.h"
 
 namespace conformance {
 
 namespace {
-
-/// The dialog as a host shows it, and what it asks for.
-struct Opened {
-    explicit Opened(const QStringList& history = {})
-        : dialog(new NewProCfgDialog(0, true, nullptr)) {
-        dialog->SetLsjl(history);
-        QObject::connect(
-            dialog, &NewProCfgDialog::SignalCreatePro,
-            [this](int type, int code, const QVariant& map) {
-                requests += QStringLiteral("%1 %2 %3").arg(type).arg(code).arg(map.toMap().size());
-            });
-        QObject::connect(dialog, &NewProCfgDialog::SignalCreateMB,
-                         [this](int type, int code, const QString&) {
-                             requests += QStringLiteral("%1 %2").arg(type).arg(code);
-                         });
-        dialog->show();
-        settle();
-    }
-    ~Opened() {
-        delete dialog;
-        settle();
-    }
-
-    QAbstractButton* entry(const QString& text) const {
-        for (const auto* tab : dialog->findChildren<RibbonTab*>())
-            if (tab->property("name") == text && !tab->isHidden())
-                return tab->findChild<QAbstractButton*>(QStringLiteral("curText"));
-        throw NotReached{QStringLiteral("the ribbon has no entry ") + text};
-    }
-    QWidget* page(const char* name) const {
-        auto* found = dialog->findChild<QWidget*>(QLatin1String(name));
-        expect(found, QLatin1String(name) + QLatin1String(" was not built: did the host throw?"));
-        return found;
-    }
-    QWidget* firstCard() const {
-        for (const auto* list : dialog->findChildren<QListWidget*>())
-            if (list->isVisible() && list->count() > 0) return list->itemWidget(list->item(0));
-        throw NotReached{QStringLiteral("no pricing model is shown")};
-    }
-
-    QPointer<NewProCfgDialog> dialog;
-    QStringList requests;
-};
-
-void needFirstPage() {
-    auto* page = static_cast<FirstPagePlugin*>(osgi::ObjectHelper::GetService("firstPagePlugin"));
-    if (!page || !page->canStartNew(true))
-        throw NotReached{QStringLiteral("the first page lets no project be started")};
-}
 
 /// A button, or the "新建" inside of one that is split.
 void create(const QWidget* card) {
@@ -69,7 +22,7 @@ void create(const QWidget* card) {
     expect(button, QStringLiteral("a card has no button: did the host throw?"));
     for (auto* part : button->findChildren<QAbstractButton*>())
         if (!part->text().isEmpty()) button = part;
-    button->click();
+    quietly([button] { button->click(); });
     settle();
 }
 
@@ -87,14 +40,37 @@ void opens() {
 
 void ribbonChangesThePage() {
     const Opened opened;
-    opened.entry(QStringLiteral("审核工程"))->click();
+    quietly([&] { opened.entry(QStringLiteral("审核工程"))->click(); });
     settle();
     expect(opened.page("auditPage")->isVisible(),
            QStringLiteral("a click on 审核工程 does not show its page"));
-    opened.entry(QStringLiteral("预算工程"))->click();
+    quietly([&] { opened.entry(QStringLiteral("预算工程"))->click(); });
     settle();
     expect(!opened.page("auditPage")->isVisible(),
            QStringLiteral("a click on 预算工程 does not leave the audit page"));
+}
+
+void ribbonTakesNoKeys() {
+    const Opened opened;
+    QAbstractButton* audit = opened.entry(QStringLiteral("审核工程"));
+    for (const int key : {Qt::Key_Space, Qt::Key_Return})
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QApplication::sendEvent(audit, &event);
+        }
+    settle();
+    expect(
+        !opened.page("auditPage")->isVisible(),
+        QStringLiteral("a key changes the page: the dialog cannot filter what it does not find"));
+}
+
+void currentEntryIsBold() {
+    const Opened opened;
+    const QAbstractButton* audit = opened.entry(QStringLiteral("审核工程"));
+    expect(!audit->font().bold(), QStringLiteral("an entry is bold that is not the current one"));
+    opened.entry(QStringLiteral("审核工程"))->click();
+    settle();
+    expect(audit->font().bold(), QStringLiteral("the current entry is not bold"));
 }
 
 void modelAsks() {
@@ -125,56 +101,62 @@ void doubleClickAsksOnce() {
            QStringLiteral("a double click asks for %1 projects").arg(opened.requests.size()));
 }
 
-void emptyAuditIsRefused() {
+/// A template in the host's folder, for as long as nobody has put one there.
+class TemplateFile {
+  public:
+    TemplateFile() {
+        const QString folder = SharedInterface::GetAppPath() + QStringLiteral("/MBSC/kvys");
+        for (QDir up(folder); !up.exists(); up.setPath(QFileInfo(up.path()).path()))
+            made += up.path();
+        file.setFileName(folder + QStringLiteral("/conformance.MODX"));
+        if (!QDir().mkpath(folder) || !file.open(QIODevice::WriteOnly))
+            throw NotReached{QStringLiteral("no template can be written to ") + folder};
+        file.close();
+    }
+    ~TemplateFile() {
+        file.remove();
+        for (const QString& folder : made) QDir().rmdir(folder);
+    }
+
+  private:
+    QFile file;
+    QStringList made;  ///< Folders, the innermost first.
+};
+
+/// @param create finds the button of a template; null where there is none.
+void templateAsks(const std::function<QAbstractButton*(const QWidget& dialog)>& create) {
     needFirstPage();
-    Opened opened;
-    opened.entry(QStringLiteral("审核工程"))->click();
-    auto* button =
-        opened.page("auditPage")->findChild<QAbstractButton*>(QStringLiteral("newButton"));
+    std::optional<TemplateFile> own;
+    auto opened = std::make_unique<Opened>();
+    if (!create(*opened->dialog)) {
+        opened.reset();
+        own.emplace();
+        opened = std::make_unique<Opened>();
+    }
+    QAbstractButton* button = create(*opened->dialog);
+    expect(button, QStringLiteral("the templates below GetAppPath()/MBSC are not offered"));
     const Closer closer;
-    button->click();
+    const bool loop = runsEventLoop([button] { button->click(); });
     settle();
-    expect(!closer.closed().isEmpty(), QStringLiteral("no box tells that a file is missing"));
-    expect(opened.dialog && opened.dialog->isVisible() && opened.dialog->isEnabled(),
-           QStringLiteral("the dialog cannot be used after the box"));
+    expect(!loop || !closer.closed().isEmpty(),
+           QStringLiteral("an event loop runs before a service answers"));
+    expect(opened->requests == QStringList{QStringLiteral("4 44")},
+           QStringLiteral("the host is asked for: ") + opened->requests.join(QLatin1String(", ")));
 }
 
-void fileStartsAnAudit(const Files& files) {
-    if (files.project.isEmpty()) throw NotReached{QStringLiteral("no file was given: --project")};
-    needFirstPage();
-    Opened opened;
-    opened.entry(QStringLiteral("审核工程"))->click();
-    const QWidget* page = opened.page("auditPage");
-    page->findChild<QComboBox*>(QStringLiteral("fileCombo"))->setEditText(files.project);
-    const Closer closer;
-    page->findChild<QAbstractButton*>(QStringLiteral("newButton"))->click();
-    settle();
-    expect(closer.closed().isEmpty(), QStringLiteral("the file is refused: ") + files.project);
-    expect(!opened.dialog || !opened.dialog->isVisible(),
-           QStringLiteral("the dialog stays open after the request"));
+void cardAsks() {
+    templateAsks([](const QWidget& dialog) -> QAbstractButton* {
+        const auto* list = dialog.findChild<QListWidget*>(QStringLiteral("lswTemplateEng"));
+        const QWidget* card = list && list->count() > 0 ? list->itemWidget(list->item(0)) : nullptr;
+        return card ? card->findChild<QAbstractButton*>(QStringLiteral("btnNewProject")) : nullptr;
+    });
 }
 
-void historyIsOffered(const Files& files) {
-    if (files.project.isEmpty()) throw NotReached{QStringLiteral("no file was given: --project")};
-    // A local file stands in the history with this in front.
-    const Opened opened({QStringLiteral("bd##") + files.project});
-    const auto* combo =
-        opened.page("auditPage")->findChild<QComboBox*>(QStringLiteral("fileCombo"));
-    expect(combo->findText(files.project) >= 0,
-           QStringLiteral("the history does not offer the file: is its suffix one of GetSuffix?"));
-}
-
-/// Starts an import by its ribbon entry and closes whatever opens.
-void importIsCancelled(const QString& entry, const QString& expected) {
-    needFirstPage();
-    Opened opened;
-    const Closer closer;
-    opened.entry(entry)->click();
-    settle();
-    expect(!closer.closed().isEmpty(), QStringLiteral("nothing opens to choose from"));
-    expect(expected.isEmpty() || closer.closed().contains(expected),
-           expected + QStringLiteral(" does not open"));
-    expect(opened.requests.isEmpty(), QStringLiteral("a cancelled import asks for a project"));
+void treeAsks() {
+    templateAsks([](const QWidget& dialog) -> QAbstractButton* {
+        const auto* tree = dialog.findChild<QTreeWidget*>(QStringLiteral("templateTree"));
+        return tree ? tree->viewport()->findChild<QAbstractButton*>() : nullptr;
+    });
 }
 
 void chooserAnswers() {
@@ -196,22 +178,16 @@ void goesWithItsParent() {
 
 }  // namespace
 
-QVector<Promise> flows(const Files& files) {
+QVector<Promise> flows() {
     return {
         {QStringLiteral("the dialog opens, is painted and closes"), opens},
         {QStringLiteral("the ribbon changes the page"), ribbonChangesThePage},
+        {QStringLiteral("the ribbon takes no keys"), ribbonTakesNoKeys},
+        {QStringLiteral("the current ribbon entry is bold"), currentEntryIsBold},
         {QStringLiteral("a model asks for one project"), modelAsks},
         {QStringLiteral("a double click asks for one project"), doubleClickAsksOnce},
-        {QStringLiteral("an audit without a file is refused with a box"), emptyAuditIsRefused},
-        {QStringLiteral("a project file starts an audit"), [files] { fileStartsAnAudit(files); }},
-        {QStringLiteral("the history is offered"), [files] { historyIsOffered(files); }},
-        {QStringLiteral("the Excel import can be cancelled"),
-         [] {
-             importIsCancelled(QStringLiteral("导入Excel新建"),
-                               QStringLiteral("importExcelSelFile"));
-         }},
-        {QStringLiteral("the tender import can be cancelled"),
-         [] { importIsCancelled(QStringLiteral("导入YFJZ新建"), QString()); }},
+        {QStringLiteral("a template's card asks for one project"), cardAsks},
+        {QStringLiteral("the template tree asks for one project"), treeAsks},
         {QStringLiteral("the project type chooser answers"), chooserAnswers},
         {QStringLiteral("the dialog goes with its parent"), goesWithItsParent},
     };

@@ -1,8 +1,6 @@
 /// Prints what a host keeps of the contract. Exit code 0 where nothing differs, else 1.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QRegularExpression>
-#include <QSet>
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -31,27 +29,16 @@ void print(const QString& line) {
     std::fflush(stdout);
 }
 
-/// Pictures that the host does not have, by the names that the dialog asks for.
-QSet<QString>& missingPictures() {
-    static QSet<QString> names;
-    return names;
-}
-
-/// Keeps the table readable: each missing picture is told once at its end, and what a platform
-/// without windows cannot do is nothing that a host could mend.
+/// Keeps the table readable: missing pictures are told at its end, and what a platform without
+/// windows cannot do is nothing that a host could mend.
 void receive(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-    static const QRegularExpression missing(QStringLiteral("^Cannot open file '(:[^']+)'"));
-    const QRegularExpressionMatch match = missing.match(text);
-    if (match.hasMatch())
-        missingPictures().insert(match.captured(1));
-    else if (!text.startsWith(QLatin1String("This plugin does not support")))
+    const bool ofPicture = qstrcmp(context.category, "qt.svg") == 0;
+    if (!ofPicture && !text.startsWith(QLatin1String("This plugin does not support")))
         std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, text)));
 }
 
 void printMissingPictures() {
-    missingPictures().remove(QStringLiteral(":/no/such/picture.svg"));  // the check's own
-    QStringList names = missingPictures().values();
-    names.sort();
+    const QStringList names = conformance::missingPictures();
     if (!names.isEmpty())
         print(QStringLiteral("The host has no ") + names.join(QStringLiteral(", ")));
 }
@@ -98,6 +85,7 @@ class Watch {
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody could close them
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;

@@ -220,7 +220,6 @@ bool NewProCfgDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void NewProCfgDialogPrivate::buildRibbonEntries() {
-    const QString home = QStringLiteral(":/Image/Home/");
     QWidget* audit = q->addShXjWid();
     const struct {
         QString text;
@@ -229,8 +228,8 @@ void NewProCfgDialogPrivate::buildRibbonEntries() {
     } entries[] = {
         {QStringLiteral("预算工程"), QString(), mainPage},
         {QStringLiteral("审核工程"), QString(), audit},
-        {excelImportEntry, home + QStringLiteral("excelXJ.svg"), mainPage},
-        {tenderImportEntry, home + QStringLiteral("drYfj.svg"), mainPage},
+        {excelImportEntry, QStringLiteral(":/Image/Home/excelXJ.svg"), mainPage},
+        {tenderImportEntry, QStringLiteral(":/Image/Home/drYfj.svg"), mainPage},
     };
     for (const auto& entry : entries) q->addXjPage({entry.icon, entry.text, 0}, entry.page);
     importTenderButton->hide();

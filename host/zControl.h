@@ -95,7 +95,7 @@ struct CentralTab {
 
 }  // namespace RIBBON
 
-/// The widget of a ribbon entry. Its child button is named "curText".
+/// The widget of a ribbon entry. Its child "curText" is a zBaseButton.
 class NEWPRO_HOST_API RibbonTab : public zBaseWidget {
     Q_OBJECT
   public:

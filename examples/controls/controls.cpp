@@ -189,16 +189,16 @@ int showInforByOneBtn(const QString& text, QWidget* parent, int) {
 
 // The ribbon.
 RibbonTab::RibbonTab(const RIBBON::CentralTab& tab, QWidget* parent) : zBaseWidget(parent) {
-    auto* button = new QPushButton(QIcon(tab.icon), tab.text, this);
+    auto* button = new zBaseButton(tab.text, this);
+    button->setIcon(tab.icon);
     button->setObjectName(QStringLiteral("curText"));
     button->setCheckable(true);
-    button->setAutoDefault(false);
     auto* row = new QHBoxLayout(this);
     row->addWidget(button);
 }
 
 void RibbonTab::setChecked(bool checked) {
-    findChild<QPushButton*>(QStringLiteral("curText"))->setChecked(checked);
+    findChild<zBaseButton*>(QStringLiteral("curText"))->setChecked(checked);
 }
 
 RibbonNavigationBar::RibbonNavigationBar(int, int, int, QWidget* parent) : zBasePanelH(parent) {}
@@ -211,7 +211,7 @@ QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
     action->setDefaultWidget(entry);  // hides the entry
     panelLayout()->addWidget(entry);
     entry->show();
-    const auto* button = entry->findChild<QPushButton*>(QStringLiteral("curText"));
+    const auto* button = entry->findChild<zBaseButton*>(QStringLiteral("curText"));
     connect(button, &QPushButton::clicked, action, [this, entry, action] {
         for (RibbonTab* each : findChildren<RibbonTab*>()) each->setChecked(each == entry);
         action->trigger();

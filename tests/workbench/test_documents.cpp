@@ -82,24 +82,25 @@ TEST(Documents, TheChangelogTellsOfTheProjectsVersion) {
     EXPECT_TRUE(dated.contains(version.constFirst())) << version.constFirst().toStdString();
 }
 
-/// @return the file names of drawings in a text, sorted.
-QStringList drawings(const QString& text) {
-    QStringList names = found(text, QStringLiteral("([\\w.]+\\.svg)"));
+/// @return the pictures that a text names, sorted.
+QStringList pictures(const QString& text) {
+    QStringList names = found(text, QStringLiteral("(:/Image/[^\")`]+)"));
     names.removeDuplicates();
     names.sort();
     return names;
 }
 
-TEST(Documents, TheHostsPageListsThePicturesThatTheModuleNames) {
+TEST(Documents, ThePicturesThatTheModuleNamesAreListedForHosts) {
     QString sources;
     for (const char* room : {"core", "models", "files", "import", "dialog"}) {
         const QDir folder(repository.filePath(QLatin1String(room)));
         for (const QString& file : folder.entryList({QStringLiteral("*.cpp")}))
             sources += contents(folder.filePath(file));
     }
-    const QString page = contents(repository.filePath(QStringLiteral("docs/writing-a-host.md")));
-    EXPECT_GE(drawings(sources).size(), 15);
-    EXPECT_EQ(drawings(page), drawings(sources));
+    EXPECT_GE(pictures(sources).size(), 21);
+    for (const char* list : {"docs/writing-a-host.md", "conformance/pictures.cpp"})
+        EXPECT_EQ(pictures(contents(repository.filePath(QLatin1String(list)))), pictures(sources))
+            << list;
 }
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace {
 
 using testing_support::Lines;
 using workbench::journalDifference;
-using workbench::readJournal;
 using workbench_test::Ran;
 using workbench_test::runProgram;
 

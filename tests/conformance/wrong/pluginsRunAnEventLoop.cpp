@@ -1,4 +1,4 @@
-// plug-ins load when asked to
+// the plug-in manager answers
 #include <SharedInterface.h>
 
 #include <QCoreApplication>

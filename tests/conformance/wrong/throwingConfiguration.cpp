@@ -1,4 +1,4 @@
-// a model's default fee mode is one that it offers
+// a choice of fee modes has a default among them
 #include <SharedInterface.h>
 
 ProjectSettingSpace::PricingModelInfoMap ProjectSettingHelper::GetPricingModelInfoMap(

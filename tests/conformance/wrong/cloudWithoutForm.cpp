@@ -2,5 +2,5 @@
 #include <fileDialog.h>
 
 QJsonObject zFileDialog::LoadQyypData() {
-    return {};
+    return {{QStringLiteral("data"), QJsonObject()}};
 }
