@@ -13,6 +13,10 @@ struct Ran {
     QString err;
 };
 
+/// For programs under a leak detector: what is Qt's own.
+constexpr char leakOptions[] =
+    "suppressions=" REPOSITORY "/tests/support/leaks.supp:print_suppressions=0";
+
 /// Runs the program without a display, but for what `variables` say.
 inline Ran runProgram(const QStringList& arguments,
                       const QMap<QString, QString>& variables = {
@@ -20,9 +24,7 @@ inline Ran runProgram(const QStringList& arguments,
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QLatin1String(name));
-    environment.insert(QStringLiteral("LSAN_OPTIONS"),
-                       QStringLiteral("suppressions=" REPOSITORY "/tests/support/leaks.supp"
-                                      ":print_suppressions=0"));
+    environment.insert(QStringLiteral("LSAN_OPTIONS"), QLatin1String(leakOptions));
     for (auto it = variables.begin(); it != variables.end(); ++it)
         environment.insert(it.key(), it.value());
     QProcess program;

@@ -14,6 +14,7 @@
 #include "dialog/xzGcLxDialog.h"
 #include "import/importExcelSelFile.h"
 #include "tests/workbench/FileDialogHand.h"
+#include "tests/workbench/RunProgram.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/recordCommand.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
@@ -48,6 +49,7 @@ class RecordTest : public testing::Test {
         options.file = folder.filePath(QStringLiteral("recorded.json"));
         options.installation = QStringLiteral(SAMPLE_INSTALLATION);
         options.program = QStringLiteral(PROGRAM);
+        qputenv("LSAN_OPTIONS", workbench_test::leakOptions);  // the program plays what it recorded
     }
 
     /// Records what `person` does in the window. @return the exit code of the command.
