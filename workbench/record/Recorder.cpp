@@ -61,21 +61,6 @@ void setIn(QJsonObject& object, const QString& path, const QJsonValue& value) {
     object.insert(first, inner);
 }
 
-/// @return the value with `folder` in its texts as "{installation}".
-QJsonValue withoutFolder(const QJsonValue& value, const QString& folder) {
-    const QString placeholder = QStringLiteral("{installation}");
-    if (value.isString() && !folder.isEmpty()) return value.toString().replace(folder, placeholder);
-    if (value.isArray()) {
-        QJsonArray array = value.toArray();
-        for (auto it = array.begin(); it != array.end(); ++it) *it = withoutFolder(*it, folder);
-        return array;
-    }
-    if (!value.isObject()) return value;
-    QJsonObject object = value.toObject();
-    for (auto it = object.begin(); it != object.end(); ++it) *it = withoutFolder(*it, folder);
-    return object;
-}
-
 /// @return whether a key in a field for a path changes or marks the text there, and no more.
 bool types(const QKeyEvent* event) {
     switch (event->key()) {
@@ -283,14 +268,14 @@ void Recorder::add(Step step) {
     addText();
     addHost();
     clicked = nullptr;
-    step.args = withoutFolder(step.args, folder).toObject();
+    step.args = withPlaceholder(step.args, folder).toObject();
     steps.append(step);
 }
 
 void Recorder::addText() {
     if (edited)
         steps.append(
-            {key("file"), {{key("text"), withoutFolder(edited->lineEdit()->text(), folder)}}});
+            {key("file"), {{key("text"), withPlaceholder(edited->lineEdit()->text(), folder)}}});
     edited = nullptr;
 }
 
@@ -315,7 +300,7 @@ Scenario Recorder::scenario(const QString& title) const {
     made.title = title;
     made.host = host;
     if (!fileAnswers.isEmpty()) made.host.insert(key("fileDialog"), fileAnswers);
-    made.host = withoutFolder(made.host, folder).toObject();
+    made.host = withPlaceholder(made.host, folder).toObject();
     made.steps = steps;
     made.expect.hasOnly = true;
     QSet<QString> kinds;
@@ -335,7 +320,7 @@ Scenario Recorder::scenario(const QString& title) const {
             entry.remove(key("answer"));
         }
         if (!made.expect.onlyNames.contains(name)) made.expect.onlyNames.append(name);
-        made.expect.onlyList.append(withoutFolder(entry, folder).toObject());
+        made.expect.onlyList.append(withPlaceholder(entry, folder).toObject());
     }
     made.expect.onlyNames.sort();
     for (const char* kind : {"box", "exception", "project"})

@@ -98,6 +98,22 @@ Scenario scenarioFrom(const JsonPlace& root) {
     return scenario;
 }
 
+const QString placeholder = QStringLiteral("{installation}");
+
+/// @return the value with `from` replaced by `to` in every text, keys excluded.
+QJsonValue withTexts(const QJsonValue& value, const QString& from, const QString& to) {
+    if (value.isString()) return value.toString().replace(from, to);
+    if (value.isArray()) {
+        QJsonArray array = value.toArray();
+        for (auto it = array.begin(); it != array.end(); ++it) *it = withTexts(*it, from, to);
+        return array;
+    }
+    if (!value.isObject()) return value;
+    QJsonObject object = value.toObject();
+    for (auto it = object.begin(); it != object.end(); ++it) *it = withTexts(*it, from, to);
+    return object;
+}
+
 }  // namespace
 
 bool readScenario(const QString& file, Scenario& into, QString& error) {
@@ -117,17 +133,11 @@ bool readScenario(const QString& file, Scenario& into, QString& error) {
 }
 
 QJsonValue filledIn(const QJsonValue& value, const QString& folder) {
-    if (value.isString()) return value.toString().replace(QLatin1String("{installation}"), folder);
-    if (value.isArray()) {
-        QJsonArray filled;
-        const QJsonArray array = value.toArray();
-        for (const QJsonValue& each : array) filled.append(filledIn(each, folder));
-        return filled;
-    }
-    if (!value.isObject()) return value;
-    QJsonObject object = value.toObject();
-    for (auto it = object.begin(); it != object.end(); ++it) *it = filledIn(*it, folder);
-    return object;
+    return withTexts(value, placeholder, folder);
+}
+
+QJsonValue withPlaceholder(const QJsonValue& value, const QString& folder) {
+    return folder.isEmpty() ? value : withTexts(value, folder, placeholder);
 }
 
 }  // namespace workbench

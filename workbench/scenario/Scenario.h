@@ -47,5 +47,8 @@ bool readScenario(const QString& file, Scenario& into, QString& error);
 
 /// @return the value with "{installation}" replaced by `folder` in every text, keys excluded.
 QJsonValue filledIn(const QJsonValue& value, const QString& folder);
+/// The reverse: @return the value with `folder` replaced by "{installation}"; as it is for an empty
+/// folder.
+QJsonValue withPlaceholder(const QJsonValue& value, const QString& folder);
 
 }  // namespace workbench
