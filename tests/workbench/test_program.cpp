@@ -230,9 +230,9 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     for (const char* word :
          {"[options] [play FILE... | tour | diff A B | record FILE]\n", "\n  -h, --help ",
           "\n  -v, --version ", "\n  --installation <DIR> ", "\n  --journal <FILE> ",
-          "\n  --pictures <DIR> ", "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ",
-          "\n  --coverage ", "\n  play FILE... ", "\n  tour ", "\n  diff A B ", "\n  record FILE ",
-          "Exit codes: "})
+          "\n  --pictures <DIR> ", "\n  --settings <FILE> ", "\n  --skin <SKIN> ",
+          "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ", "\n  play FILE... ",
+          "\n  tour ", "\n  diff A B ", "\n  record FILE ", "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

@@ -48,6 +48,8 @@ void describe(QCommandLineParser& parser) {
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
          {text("pictures"), text("Keep pictures in this folder."), text("DIR")},
+         {text("settings"), text("Keep the window's look and its last installations in this file."),
+          text("FILE")},
          {text("skin"), fieldNamed(hostFields(), "skin").words.join(text(" or ")) + text("."),
           text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
@@ -122,7 +124,8 @@ bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& erro
 bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& error) {
     const std::pair<const char*, QString*> options[] = {{"installation", &into.installation},
                                                         {"journal", &into.journal},
-                                                        {"pictures", &into.pictures}};
+                                                        {"pictures", &into.pictures},
+                                                        {"settings", &into.settings}};
     for (const auto& [name, path] : options) {
         const QString option = QLatin1String(name);
         if (!parser.isSet(option)) continue;
@@ -150,6 +153,14 @@ QString workingInstallation(QString& error) {
     if (!QFileInfo(folder).isDir() && QDir().mkpath(home))
         error = copyFolderWhole(sampleInstallation(), folder);
     return folder;
+}
+
+QString ownSettings() {
+    const QString folder =
+        isInstalled() ? QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                            QStringLiteral("/newpro-workbench")
+                      : fromProgram(QStringLiteral(".."));
+    return folder + QStringLiteral("/window.ini");
 }
 
 QString scenarioFolder() {
