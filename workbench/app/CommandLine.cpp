@@ -66,7 +66,10 @@ void describe(QCommandLineParser& parser) {
         text("record FILE"),
         text("Open the window on a temporary copy and write what is done in the dialog as a "
              "scenario file."),
-        text("record FILE]"));
+        text("record FILE |"));
+    parser.addPositionalArgument(text("gallery"),
+                                 text("Picture every page in every skin, a sheet for each skin."),
+                                 text("gallery]"));
 }
 
 /// Prints what was asked for instead of a command.
@@ -98,6 +101,9 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
         for (const QString& word : words) into.files.append(QDir::current().absoluteFilePath(word));
         if (words.size() != 1 || words.first().isEmpty())
             error = QStringLiteral("record: takes one file");
+    } else if (command == QLatin1String("gallery")) {
+        into.command = Command::Gallery;
+        if (!words.isEmpty()) error = QStringLiteral("gallery: unknown argument ") + words.first();
     } else if (!command.isEmpty()) {
         error = QStringLiteral("unknown command ") + command;
     }

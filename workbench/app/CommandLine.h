@@ -7,7 +7,7 @@
 
 namespace workbench {
 
-enum class Command { Window, Play, Tour, Diff, Record };
+enum class Command { Window, Play, Tour, Diff, Record, Gallery };
 
 struct CommandLine {
     Command command = Command::Window;

@@ -4,6 +4,7 @@
 #include "workbench/app/CommandLine.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/Settings.h"
+#include "workbench/app/galleryCommand.h"
 #include "workbench/app/journalCommands.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/base/qtNames.h"
@@ -87,6 +88,7 @@ int showWindow(const CommandLine& line) {
 }
 
 int run(const CommandLine& line) {
+    if (line.command == Command::Gallery) return workbench::makeGallery(line);
     if (line.command == Command::Record) return workbench::recordFile(line);
     return line.command == Command::Window ? showWindow(line) : workbench::playScenarios(line);
 }
