@@ -218,7 +218,7 @@ QWidget* OpenDialogView::buttonRow() {
     progressBar = new QProgressBar(row);
     progressBar->setObjectName(QStringLiteral("progressBar"));
     progressBar->setAccessibleName(QStringLiteral("下载进度"));
-    progressBar->setFixedWidth(scaled(160));
+    progressBar->setFixedSize(scaled(160), scaled(8));
     progressBar->setTextVisible(false);
     progressBar->hide();
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
@@ -248,7 +248,14 @@ void OpenDialogView::applyColours() {
             .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
                  colour(Tint::Text).name(), colour(Tint::Muted).name())
             .arg(scaled(4));
-    setStyleSheet(fieldSheet() + listSheet);
+    const QString barSheet =
+        QStringLiteral(
+            "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
+            "QProgressBar::chunk{background:%4;border-radius:%3px}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
+            .arg(scaled(3))
+            .arg(colour(Tint::Accent).name());
+    setStyleSheet(fieldSheet() + listSheet + barSheet);
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),
                     listIcon("file", size, devicePixelRatioF()));
@@ -381,7 +388,8 @@ void OpenDialogView::showProgress(qint64 done, qint64 total) {
     progressBar->setValue(int(whole * done / total));
     const QLocale locale(QLocale::Chinese);
     tell(QStringLiteral("正在下载：%1 / %2，按“取消”停止")
-             .arg(locale.formattedDataSize(done), locale.formattedDataSize(total)),
+             .arg(locale.formattedDataSize(done, 1, QLocale::DataSizeTraditionalFormat),
+                  locale.formattedDataSize(total, 1, QLocale::DataSizeTraditionalFormat)),
          false);
 }
 
