@@ -2,7 +2,7 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034  # whoever sources this uses some of the lists
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
-                libzip-dev fonts-noto-cjk)
+                libzip-dev libicu-dev fonts-noto-cjk)
 test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file)
 qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)

@@ -1,6 +1,9 @@
 // The host's file dialog: prepared answers, and the real window driven by mouse and keyboard.
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDir>
+#include <QGuiApplication>
 #include <QJsonArray>
 
 #include "tests/workbench/FileDialogHand.h"
@@ -256,4 +259,54 @@ TEST_F(FileDialog, ItsParentMayDieWhileItIsOpen) {
     EXPECT_EQ(zFileDialog::getOpenFileName(parent, projects, nullptr, 2, QString(), true, QString(),
                                            true, OpenFile),
               QString());
+}
+
+TEST_F(FileDialog, AnEmptyListSaysWhetherTheFolderOrTheFilterIsTheReason) {
+    ASSERT_TRUE(QDir().mkpath(inProjects("空")));
+    const auto driver = whenOpen([](Hand& hand) {
+        const auto says = [&hand] {
+            auto* state = child<QLabel>(hand.list(), "emptyState");
+            return state->isVisible() ? state->accessibleName() : QString();
+        };
+        EXPECT_EQ(says(), QString());
+        hand.doubleClickRow("空");
+        EXPECT_EQ(says(), utf("此文件夹是空的"));
+        hand.press("upButton");
+        EXPECT_EQ(says(), QString());
+        hand.doubleClickRow("旧");
+        hand.doubleClickRow("深");
+        EXPECT_TRUE(says().startsWith(utf("没有此类型的文件\n此处有 1 个")))
+            << says().toStdString();
+        hand.press("cancelButton");
+    });
+    open(projects, 2, OpenFile, {utf("GCFG")});
+}
+
+TEST_F(FileDialog, ANulInATypedNameOrPathIsNamed) {
+    const auto driver = whenOpen([](Hand& hand) {
+        const QString name = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+        for (const char* field : {"nameField", "pathField"}) {
+            child<QLineEdit>(hand.dialog, field)->setText(name);
+            ASSERT_TRUE(hand.read(field).contains(QChar(0))) << field;
+            child<QWidget>(hand.dialog, field)->setFocus();
+            hand.key(field, Qt::Key_Return);
+            EXPECT_TRUE(hand.message().contains(utf("NUL"))) << field;
+        }
+        hand.press("cancelButton");
+    });
+    open(projects);
+}
+
+TEST_F(FileDialog, TheMenuOfTheListOpensGoesUpAndCopies) {
+    const auto driver = whenOpen([this](Hand& hand) {
+        hand.clickRow("旧");
+        child<QAction>(hand.dialog, "copyEntryPath")->trigger();
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), inProjects("旧"));
+        child<QAction>(hand.dialog, "openEntry")->trigger();
+        EXPECT_EQ(hand.names(), Lines{"深"});
+        child<QAction>(hand.dialog, "goUp")->trigger();
+        EXPECT_EQ(hand.read("pathField"), projects);
+        hand.press("cancelButton");
+    });
+    open(projects);
 }

@@ -1,6 +1,10 @@
 // The cloud disks in the host's file dialog.
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
+#include <QProgressBar>
+#include <algorithm>
 
 #include "osgi.h"
 #include "tests/workbench/FileDialogHand.h"
@@ -159,6 +163,71 @@ TEST_F(CloudFileDialog, ItsParentMayDieWhileItWaitsForASlowDisk) {
     EXPECT_EQ(zFileDialog::getOpenFileName(parent, projects, nullptr, 2, QString(), true, QString(),
                                            true, OpenFile),
               QString());
+}
+
+TEST_F(CloudFileDialog, ADownloadShowsHowFarItIsAndIsGivenUpWithoutATrace) {
+    host.switches().account.loggedIn = true;
+    const QByteArray content(4000, 'x');
+    host.write(utf("CloudDisks/个人云盘/大.GCFX"), content);
+    const QString old = host.write(utf("Downloads/个人云盘/大.GCFX"), "earlier");
+    const auto driver = whenOpen([&](Hand& hand) {
+        hand.press("place3");
+        hand.clickRow("大.GCFX");
+        host.switches().cloud.slow = true;
+        auto* bar = child<QProgressBar>(hand.dialog, "progressBar");
+        EXPECT_FALSE(bar->isVisible());
+        QVector<int> values;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, [&] {
+            if (!bar->isVisible() || bar->maximum() == 0) return;
+            if (!values.contains(bar->value())) values.append(bar->value());
+            EXPECT_FALSE(hand.list()->isEnabled());
+            EXPECT_TRUE(hand.message().startsWith(utf("正在下载：")));
+            if (values.size() == 3) {
+                look.stop();
+                hand.press("cancelButton");
+            }
+        });
+        look.start(5);
+        hand.press("openButton");
+        EXPECT_EQ(values.size(), 3);
+        EXPECT_TRUE(std::is_sorted(values.begin(), values.end()));
+        EXPECT_TRUE(hand.dialog->isVisible());
+        EXPECT_TRUE(hand.message().contains(utf("已取消下载"))) << hand.message().toStdString();
+        EXPECT_FALSE(bar->isVisible());
+        EXPECT_TRUE(hand.list()->isEnabled());
+        EXPECT_EQ(QFileInfo(old).size(), 7) << "the earlier copy stays";
+        EXPECT_EQ(QFileInfo(old).dir().entryList(QDir::Files).size(), 1);
+        host.switches().cloud.slow = false;
+        hand.clickRow("大.GCFX");
+        hand.press("openButton");
+    });
+    EXPECT_EQ(open(projects), old);
+    EXPECT_EQ(QFileInfo(old).size(), content.size());
+}
+
+TEST_F(CloudFileDialog, ItsParentMayDieInTheMiddleOfADownload) {
+    host.switches().account.loggedIn = true;
+    auto* parent = new QWidget;
+    const auto driver = whenModal<OpenDialog>([&](OpenDialog* dialog) {
+        Hand hand(dialog);
+        hand.press("place3");
+        hand.doubleClickRow("住宅");
+        hand.clickRow("楼.GCFX");
+        host.switches().cloud.slow = true;
+        auto* bar = child<QProgressBar>(dialog, "progressBar");
+        auto* look = new QTimer(bar);
+        QObject::connect(look, &QTimer::timeout, bar, [bar, parent] {
+            if (bar->isVisible() && bar->maximum() > 0) delete parent;
+        });
+        look->start(5);
+        QMetaObject::invokeMethod(child<QPushButton>(dialog, "openButton"), "click",
+                                  Qt::QueuedConnection);
+    });
+    EXPECT_EQ(zFileDialog::getOpenFileName(parent, projects, nullptr, 2, QString(), true, QString(),
+                                           true, OpenFile),
+              QString());
+    EXPECT_TRUE(QDir(host.path(utf("Downloads/个人云盘/住宅"))).isEmpty());
 }
 
 TEST_F(CloudFileDialog, TheFirstPageShowsTheSameLogInWindow) {

@@ -5,6 +5,7 @@
 
 #include "tests/support/TestSupport.h"
 #include "tests/workbench/RunProgram.h"
+#include "workbench/hostlibs/common/hostSwitches.h"
 
 namespace {
 
@@ -167,6 +168,26 @@ TEST_F(ProgramTest, TheTourPrintsTheJournalAndWhereThePicturesAre) {
         EXPECT_TRUE(ran.out.contains(pictures + QLatin1Char('/') + file)) << file.toStdString();
 }
 
+TEST_F(ProgramTest, TheGalleryHasASheetForEverySkinOfTheHost) {
+    const QString pictures = folder.filePath(QStringLiteral("sheets"));
+    const Ran ran = runProgram({QStringLiteral("gallery"), QStringLiteral("--pictures"), pictures});
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    const QStringList skins = workbench::fieldNamed(workbench::hostFields(), "skin").words;
+    ASSERT_GE(skins.size(), 2);
+    for (const QString& skin : skins) {
+        const QString file = QStringLiteral("%1/gallery-%2.png").arg(pictures, skin);
+        const QImage sheet(file);
+        EXPECT_GT(sheet.width(), 3 * 300) << file.toStdString();
+        EXPECT_GT(sheet.height(), 3 * 300) << file.toStdString();
+        EXPECT_TRUE(ran.out.contains(file));
+        const QString shown = QStringLiteral("pictures/gallery-%1.png").arg(skin);
+        QFile page(QStringLiteral(REPOSITORY "/docs/gallery.md"));
+        ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(QString::fromUtf8(page.readAll()).contains(shown))
+            << "docs/gallery.md lacks " << shown.toStdString();
+    }
+}
+
 TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
     struct Wrong {
         QStringList arguments;
@@ -179,6 +200,7 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
         {{QStringLiteral("jump")}, "unknown command jump\n"},
         {{play}, "play: which files?\n"},
         {{QStringLiteral("tour"), file}, "tour: unknown argument "},
+        {{QStringLiteral("gallery"), file}, "gallery: unknown argument "},
         {{QStringLiteral("diff"), file}, "diff: takes two journals\n"},
         {{QStringLiteral("diff"), file, file, file}, "diff: takes two journals\n"},
         {{QStringLiteral("record")}, "record: takes one file\n"},
@@ -228,11 +250,11 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     EXPECT_EQ(runProgram({QStringLiteral("-h")}).out, ran.out);
     EXPECT_EQ(runProgram({play, QStringLiteral("--help")}).out, ran.out);
     for (const char* word :
-         {"[options] [play FILE... | tour | diff A B | record FILE]\n", "\n  -h, --help ",
+         {"[options] [play FILE... | tour | diff A B | record FILE | gallery]\n", "\n  -h, --help ",
           "\n  -v, --version ", "\n  --installation <DIR> ", "\n  --journal <FILE> ",
-          "\n  --pictures <DIR> ", "\n  --skin <SKIN> ", "\n  --scale <SCALE> ", "\n  --watch ",
-          "\n  --coverage ", "\n  play FILE... ", "\n  tour ", "\n  diff A B ", "\n  record FILE ",
-          "Exit codes: "})
+          "\n  --pictures <DIR> ", "\n  --settings <FILE> ", "\n  --skin <SKIN> ",
+          "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ", "\n  play FILE... ",
+          "\n  tour ", "\n  diff A B ", "\n  record FILE ", "\n  gallery ", "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

@@ -16,37 +16,37 @@ using workbench::PlayResult;
 using workbench::Recorder;
 using workbench::Scenario;
 
-const char* const calls = "it calls slots and signals";
+const char* const slotCalls = "it calls slots and signals";
 const char* const hiddenCards = "it uses the list of template cards, which no mouse reaches";
 
 /// The scenarios that do what no hand can, and why: the recorder cannot see it.
 const struct {
     const char* name;
     const char* reason;
-} beyondHands[] = {{"calls-browse", calls},
-                   {"calls-creation", calls},
-                   {"calls-history", calls},
-                   {"calls-models", calls},
-                   {"calls-pages", calls},
-                   {"cloud-broken", calls},
-                   {"cloud-disk-alone", calls},
-                   {"cloud-folders-refused", calls},
-                   {"cloud-other-user", calls},
-                   {"cloud-path-resolved", calls},
-                   {"cloud-personal-resolved", calls},
-                   {"cloud-refused", calls},
-                   {"cloud-slow", calls},
-                   {"create-from-page-data", calls},
+} beyondHands[] = {{"calls-browse", slotCalls},
+                   {"calls-creation", slotCalls},
+                   {"calls-history", slotCalls},
+                   {"calls-models", slotCalls},
+                   {"calls-pages", slotCalls},
+                   {"cloud-broken", slotCalls},
+                   {"cloud-disk-alone", slotCalls},
+                   {"cloud-folders-refused", slotCalls},
+                   {"cloud-other-user", slotCalls},
+                   {"cloud-path-resolved", slotCalls},
+                   {"cloud-personal-resolved", slotCalls},
+                   {"cloud-refused", slotCalls},
+                   {"cloud-slow", slotCalls},
+                   {"create-from-page-data", slotCalls},
                    {"flow-template-card-is-listed-next", hiddenCards},
                    {"history-layouts", "the host hands the open dialog another history"},
-                   {"page-data-audit", calls},
-                   {"page-data-budget", calls},
-                   {"page-data-contracting", calls},
-                   {"page-data-estimate", calls},
-                   {"page-data-of-no-case", calls},
-                   {"page-data-settlement", calls},
-                   {"signals-never-sent", calls},
-                   {"slots-without-page", calls},
+                   {"page-data-audit", slotCalls},
+                   {"page-data-budget", slotCalls},
+                   {"page-data-contracting", slotCalls},
+                   {"page-data-estimate", slotCalls},
+                   {"page-data-of-no-case", slotCalls},
+                   {"page-data-settlement", slotCalls},
+                   {"signals-never-sent", slotCalls},
+                   {"slots-without-page", slotCalls},
                    {"template-card-double-click", hiddenCards},
                    {"template-card-host-absent", hiddenCards},
                    {"template-card-host-busy", hiddenCards},

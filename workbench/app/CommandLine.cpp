@@ -48,6 +48,8 @@ void describe(QCommandLineParser& parser) {
           text("DIR")},
          {text("journal"), text("Write the journal to this file."), text("FILE")},
          {text("pictures"), text("Keep pictures in this folder."), text("DIR")},
+         {text("settings"), text("Keep the window's look and its last installations in this file."),
+          text("FILE")},
          {text("skin"), fieldNamed(hostFields(), "skin").words.join(text(" or ")) + text("."),
           text("SKIN")},
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
@@ -64,7 +66,10 @@ void describe(QCommandLineParser& parser) {
         text("record FILE"),
         text("Open the window on a temporary copy and write what is done in the dialog as a "
              "scenario file."),
-        text("record FILE]"));
+        text("record FILE |"));
+    parser.addPositionalArgument(text("gallery"),
+                                 text("Picture every page in every skin, a sheet for each skin."),
+                                 text("gallery]"));
 }
 
 /// Prints what was asked for instead of a command.
@@ -96,6 +101,9 @@ bool readCommand(QStringList words, CommandLine& into, QString& error) {
         for (const QString& word : words) into.files.append(QDir::current().absoluteFilePath(word));
         if (words.size() != 1 || words.first().isEmpty())
             error = QStringLiteral("record: takes one file");
+    } else if (command == QLatin1String("gallery")) {
+        into.command = Command::Gallery;
+        if (!words.isEmpty()) error = QStringLiteral("gallery: unknown argument ") + words.first();
     } else if (!command.isEmpty()) {
         error = QStringLiteral("unknown command ") + command;
     }
@@ -122,7 +130,8 @@ bool readLook(const QCommandLineParser& parser, CommandLine& into, QString& erro
 bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& error) {
     const std::pair<const char*, QString*> options[] = {{"installation", &into.installation},
                                                         {"journal", &into.journal},
-                                                        {"pictures", &into.pictures}};
+                                                        {"pictures", &into.pictures},
+                                                        {"settings", &into.settings}};
     for (const auto& [name, path] : options) {
         const QString option = QLatin1String(name);
         if (!parser.isSet(option)) continue;
@@ -150,6 +159,14 @@ QString workingInstallation(QString& error) {
     if (!QFileInfo(folder).isDir() && QDir().mkpath(home))
         error = copyFolderWhole(sampleInstallation(), folder);
     return folder;
+}
+
+QString ownSettings() {
+    const QString folder =
+        isInstalled() ? QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                            QStringLiteral("/newpro-workbench")
+                      : fromProgram(QStringLiteral(".."));
+    return folder + QStringLiteral("/window.ini");
 }
 
 QString scenarioFolder() {

@@ -7,7 +7,7 @@
 
 namespace workbench {
 
-enum class Command { Window, Play, Tour, Diff, Record };
+enum class Command { Window, Play, Tour, Diff, Record, Gallery };
 
 struct CommandLine {
     Command command = Command::Window;
@@ -15,6 +15,7 @@ struct CommandLine {
     QString installation;  ///< Absolute folder.
     QString journal;       ///< Empty: not written.
     QString pictures;      ///< Empty: not kept.
+    QString settings;      ///< Of the window. Empty: its own.
     QJsonObject host;      ///< Skin and scale, where they are given, as a scenario has them.
     bool watch = false;
     bool coverage = false;  ///< Of `play`: tell what of the contract was reached.
@@ -34,6 +35,9 @@ QString sampleInstallation();
 /// among the user's data, any other beside itself in the build tree.
 /// @param error set where the copy cannot be made.
 QString workingInstallation(QString& error);
+/// @return the file in which the window keeps its look and its last installations: of an installed
+///         program among the user's settings, else beside the copy of the sample.
+QString ownSettings();
 /// @return folder of the scenario files, found like the sample.
 QString scenarioFolder();
 

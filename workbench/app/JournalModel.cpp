@@ -2,6 +2,7 @@
 
 #include <QColor>
 
+#include "workbench/app/Surface.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/journalText.h"
@@ -24,7 +25,7 @@ QVariant textOf(const QJsonObject& entry, int column) {
         case JournalModel::Time:
             return QStringLiteral("%1 ms").arg(entry.value(QStringLiteral("ms")).toDouble());
         case JournalModel::Kind:
-            return kindText(kindOf(entry));
+            return said(kindText(kindOf(entry)));
         default:
             return entryText(entry);
     }
@@ -46,6 +47,10 @@ JournalModel::JournalModel(QObject* parent)
     connect(&soon, &QTimer::timeout, this, &JournalModel::showArrived);
     connect(&Journal::instance(), &Journal::recorded, this, &JournalModel::append);
     connect(&Journal::instance(), &Journal::cleared, this, &JournalModel::empty);
+    connect(&Surface::instance(), &Surface::languageChanged, this, [this] {
+        Q_EMIT headerDataChanged(Qt::Horizontal, 0, ColumnCount - 1);
+        if (!entries.isEmpty()) Q_EMIT dataChanged(index(0, Kind), index(entries.size() - 1, Kind));
+    });
 }
 
 int JournalModel::rowCount(const QModelIndex& parent) const {
@@ -61,6 +66,7 @@ QVariant JournalModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return textOf(entry, index.column());
+        case lineRole:
         case Qt::ToolTipRole:
             return QString::fromUtf8(Journal::line(entry));
         case Qt::ForegroundRole:
@@ -76,10 +82,9 @@ QVariant JournalModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant JournalModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    static const QString titles[ColumnCount] = {QStringLiteral("序号"), QStringLiteral("时间"),
-                                                QStringLiteral("类别"), QStringLiteral("内容")};
+    static const char* const titles[ColumnCount] = {"序号", "时间", "类别", "内容"};
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return titles[section];
+    return said(titles[section]);
 }
 
 void JournalModel::append(const QJsonObject& entry) {

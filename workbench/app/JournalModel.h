@@ -22,6 +22,8 @@ class JournalModel : public QAbstractTableModel {
 
     /// The kind of a row's entry as the journal has it, under this role.
     static constexpr int kindRole = Qt::UserRole;
+    /// A row's entry whole, as a line of a journal file, under this one.
+    static constexpr int lineRole = Qt::UserRole + 1;
 
   private:
     void append(const QJsonObject& entry);

@@ -1,6 +1,9 @@
 #include "workbench/app/JournalPanel.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -8,10 +11,13 @@
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
 #include <QTreeView>
+#include <algorithm>
 
 #include "workbench/app/JournalModel.h"
+#include "workbench/app/Surface.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/journalText.h"
 
@@ -49,6 +55,7 @@ JournalPanel::JournalPanel(QWidget* parent)
     layout->addWidget(makeFilterRow());
     layout->addWidget(view);
     makeView();
+    makeMenu();
     adaptToScale();
     connect(&Host::instance(), &Host::scaleChanged, this, &JournalPanel::adaptToScale);
 }
@@ -89,12 +96,62 @@ void JournalPanel::makeView() {
     view->setUniformRowHeights(true);
     view->setAlternatingRowColors(true);
     view->setFrameShape(QFrame::NoFrame);
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    empty = new EmptyState(view, [this] { return emptyText(); });
+    connect(&Surface::instance(), &Surface::languageChanged, empty, &EmptyState::refresh);
     connect(filtered, &QAbstractItemModel::rowsInserted, view, [this] {
         // Whoever reads further up is left in peace.
         QScrollBar* bar = view->verticalScrollBar();
         if (bar->value() == bar->maximum())
             QMetaObject::invokeMethod(view, &QTreeView::scrollToBottom, Qt::QueuedConnection);
     });
+}
+
+void JournalPanel::makeMenu() {
+    const auto add = [this](const QString& text, const char* name, auto&& work) {
+        auto* action = new QAction(text, view);
+        action->setObjectName(QLatin1String(name));
+        connect(action, &QAction::triggered, this, work);
+        view->addAction(action);
+        return action;
+    };
+    QAction* line = add(QStringLiteral("复制整行"), "copyJournalLines",
+                        [this] { copy(JournalModel::lineRole); });
+    line->setShortcut(QKeySequence::Copy);
+    line->setShortcutContext(Qt::WidgetShortcut);
+    add(QStringLiteral("复制内容文字"), "copyJournalTexts", [this] { copy(Qt::DisplayRole); });
+    add(QStringLiteral("全选"), "selectJournal", [this] { view->selectAll(); });
+    add(QStringLiteral("只看此类别"), "onlyThisKind", [this] { showOnlyKindOfCurrent(); });
+    add(QStringLiteral("显示全部日志"), "allJournal", [this] {
+        kind->setCurrentIndex(0);
+        text->clear();
+    });
+    add(QStringLiteral("清空日志"), "clearJournal", [] { Journal::instance().clear(); });
+    view->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+QString JournalPanel::emptyText() const {
+    return filtered->sourceModel()->rowCount() == 0
+               ? said("还没有日志\n按 Ctrl+N 打开“新建工程”，对话框与主程序的往来就会列在这里。")
+               : said("没有符合筛选条件的日志\n请换一个类别，或清空筛选文字。");
+}
+
+/// Copies what is selected, in the order of the rows.
+void JournalPanel::copy(int role) const {
+    QModelIndexList rows = view->selectionModel()->selectedRows(JournalModel::Entry);
+    if (rows.isEmpty()) return;
+    std::sort(rows.begin(), rows.end());
+    QStringList lines;
+    for (const QModelIndex& row : qAsConst(rows)) lines.append(row.data(role).toString());
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')) + QLatin1Char('\n'));
+}
+
+void JournalPanel::showOnlyKindOfCurrent() {
+    const QModelIndex current = view->currentIndex();
+    if (!current.isValid()) return;
+    const QModelIndex entry = current.siblingAtColumn(JournalModel::Entry);
+    kind->setCurrentIndex(kind->findData(entry.data(JournalModel::kindRole)));
 }
 
 void JournalPanel::adaptToScale() {
@@ -111,6 +168,7 @@ void JournalPanel::applyFilter() {
     filter->kind = kind->currentData().toString();
     filter->text = text->text();
     filter->invalidate();
+    empty->refresh();
 }
 
 }  // namespace workbench

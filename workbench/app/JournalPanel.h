@@ -10,6 +10,9 @@ class QTreeView;
 
 namespace workbench {
 
+class EmptyState;
+
+/// Its lines are copied as they stand in a journal file, by Ctrl+C or the context menu.
 class JournalPanel : public QWidget {
     Q_OBJECT
   public:
@@ -19,12 +22,17 @@ class JournalPanel : public QWidget {
     QWidget* makeFilterRow();
     void makeView();
     void adaptToScale();
+    void makeMenu();
     void applyFilter();
+    QString emptyText() const;
+    void copy(int role) const;
+    void showOnlyKindOfCurrent();
 
     QSortFilterProxyModel* filtered;
     QComboBox* kind;
     QLineEdit* text;
     QTreeView* view;
+    EmptyState* empty = nullptr;
 };
 
 }  // namespace workbench

@@ -1,7 +1,7 @@
 #include "workbench/app/MainWindow.h"
 
 #include <QAction>
-#include <QDesktopServices>
+#include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
 #include <QLabel>
@@ -12,14 +12,20 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
-#include <QUrl>
+#include <QVBoxLayout>
 
 #include "dialog/NewProCfgDialog.h"
 #include "workbench/app/HostPanel.h"
 #include "workbench/app/JournalPanel.h"
+#include "workbench/app/NoticeBar.h"
 #include "workbench/app/ProjectPanel.h"
+#include "workbench/app/Settings.h"
+#include "workbench/app/Surface.h"
+#include "workbench/app/showInFolder.h"
+#include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/scenario/hostDialog.h"
 
 namespace workbench {
@@ -59,24 +65,45 @@ QCheckBox::indicator:unchecked{background:@field;border:1px solid @border;border
 
 }  // namespace
 
-MainWindow::MainWindow()
-    : projects(new ProjectPanel), tools(new QToolBar(QStringLiteral("工具栏"))), count(new QLabel) {
+MainWindow::MainWindow(Settings* settings)
+    : settings(settings),
+      notice(new NoticeBar),
+      projects(new ProjectPanel),
+      tools(new QToolBar(QStringLiteral("工具栏"))),
+      count(new QLabel),
+      installation(new QLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
-    setCentralWidget(projects);
+    auto* centre = new QWidget;
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(notice);
+    layout->addWidget(projects, 1);
+    setCentralWidget(centre);
     makeActions();
+    makeMenus();
     makeDocks();
     makeStatusBar();
     Host& host = Host::instance();
     host.setMainWindow(this);
     connect(projects, &ProjectPanel::refreshed, this, &MainWindow::showCount);
     connect(&store, &ProjectStore::created, this, &MainWindow::showCreated);
-    connect(&store, &ProjectStore::failed, this,
-            [this](const QString& text) { statusBar()->showMessage(text); });
+    connect(projects, &ProjectPanel::folderWanted, this, &MainWindow::showFolder);
+    connect(&store, &ProjectStore::failed, this, &MainWindow::tellFailed);
     connect(&host, &Host::skinChanged, this, &MainWindow::adaptToLook);
     connect(&host, &Host::scaleChanged, this, &MainWindow::adaptToLook);
+    watchJournal();
     adaptToLook();
-    showCount();
-    resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
+    showInstallation();
+    Surface::instance().adopt(this);
+    connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::showInstallation);
+    if (!settings || !settings->restore(*this))
+        resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
+    if (!settings) return;
+    connect(settings, &Settings::unwritten, this, [this] {
+        notice->tell({"窗口设置无法保存", QDir::toNativeSeparators(this->settings->file()),
+                      "请检查该文件及其文件夹的权限和磁盘空间。"});
+    });
 }
 
 QAction* MainWindow::addAction(const QString& text, const char* picture, const char* objectName,
@@ -95,17 +122,14 @@ void MainWindow::makeActions() {
     QAction* fresh = addAction(QStringLiteral("新建工程"), "new", "newProjectAction", "Ctrl+N",
                                [this] { newProject(); });
     fresh->setToolTip(QStringLiteral("新建工程（Ctrl+N）"));
-    QAction* choose = addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction",
-                                "Ctrl+Shift+N", [this] { chooseKind(); });
+    addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction", "Ctrl+Shift+N",
+              [this] { chooseKind(); });
     tools->addSeparator();
-    QAction* folder =
-        addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction", "", [] {
-            QDesktopServices::openUrl(
-                QUrl::fromLocalFile(Host::instance().installation().projectFolder()));
-        });
-    QAction* refresh = addAction(QStringLiteral("刷新"), "file", "refreshAction", "F5",
-                                 [this] { projects->refresh(); });
-    QAction* skin = addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction", "", [] {
+    addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction", "",
+              [this] { showFolder(Host::instance().installation().projectFolder()); });
+    addAction(QStringLiteral("刷新"), "file", "refreshAction", "F5",
+              [this] { projects->refresh(); });
+    addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction", "", [] {
         Host& host = Host::instance();
         host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
     });
@@ -116,11 +140,6 @@ void MainWindow::makeActions() {
     for (QAction* action : tools->actions())
         if (QWidget* button = tools->widgetForAction(action))
             button->setAccessibleName(action->text());
-    QMenu* menu = menuBar()->addMenu(QStringLiteral("工程"));
-    menu->addActions({fresh, choose, folder, refresh});
-    QMenu* view = menuBar()->addMenu(QStringLiteral("视图"));
-    view->setObjectName(QStringLiteral("viewMenu"));
-    view->addAction(skin);
 }
 
 void MainWindow::makeDocks() {
@@ -149,8 +168,9 @@ void MainWindow::makeDocks() {
 void MainWindow::makeStatusBar() {
     count->setObjectName(QStringLiteral("projectCount"));
     statusBar()->addPermanentWidget(count);
-    const QString folder = QDir::toNativeSeparators(Host::instance().installation().folder);
-    statusBar()->addPermanentWidget(new QLabel(QStringLiteral("安装目录：") + folder));
+    installation->setObjectName(QStringLiteral("installationFolder"));
+    installation->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    statusBar()->addPermanentWidget(installation);
 }
 
 void MainWindow::adaptToLook() {
@@ -179,15 +199,43 @@ void MainWindow::chooseKind() {
     if (const auto kind = askForKind(this)) newProject(*kind);
 }
 
+void MainWindow::showFolder(const QString& path) {
+    showInFolder(path, [self = QPointer<MainWindow>(this)](const QString& folder) {
+        if (!self) return;
+        self->notice->tell({"没有程序能打开文件夹", QDir::toNativeSeparators(folder),
+                            "请在文件管理器中自行打开，或安装一个文件管理器。"});
+    });
+}
+
+void MainWindow::tellFailed(const QString& reason) {
+    notice->tell({"工程没有完整保存", reason, fileAdvice(reason)});
+}
+
+/// A journal that cannot be written any more is said when it happens, and once.
+void MainWindow::watchJournal() {
+    const Journal& journal = Journal::instance();
+    connect(&journal, &Journal::recorded, this, [this, &journal, told = QString()]() mutable {
+        if (journal.fileError() == told) return;
+        told = journal.fileError();
+        if (!told.isEmpty()) notice->tell({"日志文件无法继续写入", told, fileAdvice(told)});
+    });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (settings) settings->keep(*this);
+    QMainWindow::closeEvent(event);
+}
+
 void MainWindow::showCreated(const QString& path) {
     projects->refresh();
     projects->select(path);
-    statusBar()->showMessage(QStringLiteral("已创建工程文件：%1").arg(QFileInfo(path).fileName()),
-                             messageMs);
+    statusBar()->showMessage(said("已创建工程文件：%1").arg(QFileInfo(path).fileName()), messageMs);
 }
 
 void MainWindow::showCount() {
-    count->setText(QStringLiteral("工程文件：%1 个").arg(projects->projectCount()));
+    QString text = said("工程文件：%1 个").arg(projects->projectCount());
+    if (projects->isSearching()) text += said("，找到 %1 个").arg(projects->shownCount());
+    count->setText(text);
 }
 
 }  // namespace workbench

@@ -1,16 +1,23 @@
 #include "workbench/app/ProjectPanel.h"
 
+#include <QAction>
+#include <QClipboard>
 #include <QDir>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QJsonDocument>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QTreeWidget>
 
+#include "workbench/app/Surface.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/projects/ProjectFile.h"
 #include "zBaseControl.h"
 
@@ -20,6 +27,7 @@ namespace {
 
 enum Column { Name, Kind, Created, ColumnCount };
 
+const QString behindReason = QStringLiteral("（");  ///< Where an error goes on with the file.
 const int pathRole = Qt::UserRole;
 const int isProjectRole = Qt::UserRole + 1;
 
@@ -36,7 +44,7 @@ QString timeText(const QDateTime& time) {
 
 QString sourceText(const QJsonObject& source) {
     const QString path = source.value(QStringLiteral("path")).toString();
-    if (path.isEmpty()) return QStringLiteral("无");
+    if (path.isEmpty()) return said("无");
     const QJsonValue bytes = source.value(QStringLiteral("bytes"));
     if (bytes.isUndefined()) return path;
     return QStringLiteral("%1（%2）")
@@ -47,7 +55,7 @@ QTreeWidgetItem* rowOf(const QFileInfo& file) {
     const auto project = ProjectFile::read(file.filePath());
     auto* row = new QTreeWidgetItem;
     row->setText(Name, file.fileName());
-    row->setText(Kind, project ? project->kind() : QStringLiteral("不是工程文件"));
+    row->setText(Kind, said(project ? project->kind() : QStringLiteral("不是工程文件")));
     row->setText(Created, project ? timeText(project->created) : QString());
     row->setToolTip(Name, QDir::toNativeSeparators(file.filePath()));
     row->setData(Name, pathRole, file.filePath());
@@ -60,27 +68,119 @@ QTreeWidgetItem* rowOf(const QFileInfo& file) {
 
 }  // namespace
 
-ProjectPanel::ProjectPanel(QWidget* parent) : QSplitter(parent), list(new QTreeWidget) {
+ProjectPanel::ProjectPanel(QWidget* parent)
+    : QSplitter(parent), search(new QLineEdit), list(new QTreeWidget) {
+    addWidget(makeList());
+    addWidget(makeDetails());
+    setStretchFactor(0, 3);
+    setStretchFactor(1, 2);
+    setChildrenCollapsible(false);
+    makeMenu();
+    connect(list, &QTreeWidget::currentItemChanged, this, &ProjectPanel::showDetails);
+    connect(search, &QLineEdit::textChanged, this, &ProjectPanel::applySearch);
+    connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
+    connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
+    connect(&Host::instance(), &Host::scaleChanged, this, &ProjectPanel::adaptToScale);
+    connect(&Surface::instance(), &Surface::languageChanged, this, &ProjectPanel::say);
+    adaptToScale();
+    say();
+}
+
+QWidget* ProjectPanel::makeList() {
+    search->setObjectName(QStringLiteral("projectSearch"));
+    search->setAccessibleName(QStringLiteral("查找工程"));
+    search->setPlaceholderText(QStringLiteral("查找：文件名、类型，或拼音及首字母"));
+    search->setClearButtonEnabled(true);
+    search->installEventFilter(this);
     list->setObjectName(QStringLiteral("projectList"));
     list->setAccessibleName(QStringLiteral("工程列表"));
-    list->setHeaderLabels(
-        {QStringLiteral("工程文件"), QStringLiteral("类型"), QStringLiteral("创建时间")});
+    list->setColumnCount(ColumnCount);
     list->setRootIsDecorated(false);
     list->setAlternatingRowColors(true);
     list->setFrameShape(QFrame::NoFrame);
     list->setSortingEnabled(true);
     list->sortByColumn(Created, Qt::DescendingOrder);
-    addWidget(list);
-    addWidget(makeDetails());
-    setStretchFactor(0, 3);
-    setStretchFactor(1, 2);
-    setChildrenCollapsible(false);
-    connect(list, &QTreeWidget::currentItemChanged, this, &ProjectPanel::showDetails);
-    connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
-    connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
-    connect(&Host::instance(), &Host::scaleChanged, this, &ProjectPanel::adaptToScale);
-    adaptToScale();
+    empty = new EmptyState(list, [this] { return emptyText(); });
+    auto* part = new QWidget;
+    auto* layout = new QVBoxLayout(part);
+    layout->addWidget(search);
+    layout->addWidget(list);
+    return part;
+}
+
+void ProjectPanel::makeMenu() {
+    const auto add = [this](const QString& text, const char* name, auto&& work) {
+        auto* action = new QAction(text, list);
+        action->setObjectName(QLatin1String(name));
+        connect(action, &QAction::triggered, this, [this, work] {
+            if (!currentPath().isEmpty()) work(currentPath());
+        });
+        list->addAction(action);
+        return action;
+    };
+    const auto copy = [](const QString& text) { QGuiApplication::clipboard()->setText(text); };
+    add(QStringLiteral("在文件夹中显示"), "showProjectInFolder",
+        [this](const QString& path) { Q_EMIT folderWanted(path); });
+    QAction* path = add(QStringLiteral("复制文件路径"), "copyProjectPath",
+                        [copy](const QString& path) { copy(QDir::toNativeSeparators(path)); });
+    path->setShortcut(QKeySequence::Copy);
+    path->setShortcutContext(Qt::WidgetShortcut);
+    add(QStringLiteral("复制文件名"), "copyProjectName",
+        [copy](const QString& path) { copy(QFileInfo(path).fileName()); });
+    add(QStringLiteral("复制创建请求"), "copyProjectRequest",
+        [this, copy](const QString&) { copy(request->toPlainText()); });
+    list->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+bool ProjectPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != search || event->type() != QEvent::KeyPress)
+        return QSplitter::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Escape) search->clear();
+    if (key == Qt::Key_Down || key == Qt::Key_Return || key == Qt::Key_Enter) list->setFocus();
+    return key == Qt::Key_Escape || key == Qt::Key_Down;
+}
+
+/// Says everything anew in the language of the window.
+void ProjectPanel::say() {
+    list->setHeaderLabels({said("工程文件"), said("类型"), said("创建时间")});
     refresh();
+}
+
+QString ProjectPanel::emptyText() const {
+    if (Host::instance().installation().folder.isEmpty())
+        return said("没有打开安装目录\n请用菜单“工程”选择一个安装目录。");
+    return isSearching() ? said("没有找到工程\n请换一个词，或按 Esc 清空查找。")
+                         : said("还没有工程\n按 Ctrl+N 新建第一个工程。");
+}
+
+QString ProjectPanel::currentPath() const {
+    const QTreeWidgetItem* item = list->currentItem();
+    return item ? item->data(Name, pathRole).toString() : QString();
+}
+
+bool ProjectPanel::isSearching() const {
+    return !search->text().trimmed().isEmpty();
+}
+
+void ProjectPanel::focusSearch() {
+    search->setFocus();
+    search->selectAll();
+}
+
+void ProjectPanel::applySearch() {
+    const QString words = search->text();
+    QTreeWidgetItem* first = nullptr;
+    for (int row = 0; row < list->topLevelItemCount(); ++row) {
+        QTreeWidgetItem* item = list->topLevelItem(row);
+        const QString text = item->text(Name) + QLatin1Char(' ') + item->text(Kind);
+        item->setHidden(!pinyin.finds(words, text));
+        if (!first && !item->isHidden()) first = item;
+    }
+    if (!list->currentItem() || list->currentItem()->isHidden()) list->setCurrentItem(first);
+    empty->refresh();
+    showDetails();
+    Q_EMIT refreshed();
 }
 
 QWidget* ProjectPanel::makeDetails() {
@@ -116,6 +216,8 @@ void ProjectPanel::adaptToScale() {
     header->resizeSection(Kind, scaled(110));
     header->resizeSection(Created, scaled(130));
     list->setMinimumWidth(scaled(420));
+    search->parentWidget()->layout()->setContentsMargins(scaled(10), scaled(8), 0, 0);
+    search->parentWidget()->layout()->setSpacing(scaled(8));
     title->setFont(TBaseTool::GetDefFont(scaled(16), QFont::Bold));
     QWidget* details = title->parentWidget();
     details->setMinimumWidth(scaled(260));
@@ -124,27 +226,35 @@ void ProjectPanel::adaptToScale() {
 }
 
 void ProjectPanel::refresh() {
-    const QTreeWidgetItem* current = list->currentItem();
-    const QString selected = current ? current->data(Name, pathRole).toString() : QString();
-    const QString folder = Host::instance().installation().projectFolder();
+    const QString selected = currentPath();
+    const Installation& installation = Host::instance().installation();
+    const QString folder = installation.folder.isEmpty() ? QString() : installation.projectFolder();
     if (!watcher.directories().contains(folder)) {
         if (!watcher.directories().isEmpty()) watcher.removePaths(watcher.directories());
-        watcher.addPath(folder);
+        if (!folder.isEmpty()) watcher.addPath(folder);
     }
     list->clear();
-    for (const QFileInfo& found : QDir(folder).entryInfoList(QDir::Files))
-        list->addTopLevelItem(rowOf(found));
+    if (!folder.isEmpty())
+        for (const QFileInfo& found : QDir(folder).entryInfoList(QDir::Files))
+            list->addTopLevelItem(rowOf(found));
     select(selected);
-    if (!list->currentItem()) list->setCurrentItem(list->topLevelItem(0));
-    showDetails();
-    Q_EMIT refreshed();
+    applySearch();
 }
 
 void ProjectPanel::select(const QString& path) {
     for (int row = 0; row < list->topLevelItemCount(); ++row) {
         QTreeWidgetItem* item = list->topLevelItem(row);
-        if (item->data(Name, pathRole).toString() == path) list->setCurrentItem(item);
+        if (item->data(Name, pathRole).toString() != path) continue;
+        if (item->isHidden()) search->clear();  // who selects it wants to see it
+        list->setCurrentItem(item);
     }
+}
+
+int ProjectPanel::shownCount() const {
+    int count = 0;
+    for (int row = 0; row < list->topLevelItemCount(); ++row)
+        if (!list->topLevelItem(row)->isHidden()) ++count;
+    return count;
 }
 
 int ProjectPanel::projectCount() const {
@@ -156,13 +266,14 @@ int ProjectPanel::projectCount() const {
 
 void ProjectPanel::showDetails() {
     const QTreeWidgetItem* item = list->currentItem();
-    const QString path = item ? item->data(Name, pathRole).toString() : QString();
+    const QString path = currentPath();
     QString error;
     const auto project = path.isEmpty() ? std::nullopt : ProjectFile::read(path, &error);
-    title->setText(item ? QFileInfo(path).completeBaseName() : QStringLiteral("还没有工程"));
-    QStringList texts = project ? QStringList{project->kind(), timeText(project->created),
+    title->setText(item ? QFileInfo(path).completeBaseName()
+                        : said(isSearching() ? "没有找到工程" : "还没有工程"));
+    QStringList texts = project ? QStringList{said(project->kind()), timeText(project->created),
                                               project->summary(), sourceText(project->source)}
-                                : QStringList{error, {}, {}, {}};
+                                : QStringList{said(error.section(behindReason, 0, 0)), {}, {}, {}};
     texts.append(QDir::toNativeSeparators(path));
     for (int i = 0; i < facts.size(); ++i) facts[i]->setText(texts[i]);
     request->setPlainText(project ? QString::fromUtf8(QJsonDocument(project->request).toJson())

@@ -3,6 +3,8 @@
 
 #include "workbench/app/CommandLine.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/Settings.h"
+#include "workbench/app/galleryCommand.h"
 #include "workbench/app/journalCommands.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/base/qtNames.h"
@@ -67,19 +69,26 @@ bool readArguments(int& argc, char** argv, CommandLine& line, QString& error) {
 }
 
 int showWindow(const CommandLine& line) {
-    workbench::Host& host = workbench::Host::instance();
     QString error;
     const QString folder =
         line.installation.isEmpty() ? workbench::workingInstallation(error) : line.installation;
-    if (error.isEmpty()) error = host.loadInstallation(folder);
-    if (!error.isEmpty()) return wrong(error);
+    workbench::Settings settings(line.settings.isEmpty() ? workbench::ownSettings()
+                                                         : line.settings);
+    settings.applyLook();
     workbench::applyHostSettings(line.host);
-    workbench::MainWindow window;
+    settings.follow();
+    workbench::MainWindow window(&settings);
+    if (error.isEmpty())
+        error = window.openInstallation(folder);
+    else
+        window.tellBroken(QString(), error);
+    if (!error.isEmpty()) workbench::complain(error);
     window.show();
     return QApplication::exec();
 }
 
 int run(const CommandLine& line) {
+    if (line.command == Command::Gallery) return workbench::makeGallery(line);
     if (line.command == Command::Record) return workbench::recordFile(line);
     return line.command == Command::Window ? showWindow(line) : workbench::playScenarios(line);
 }

@@ -118,4 +118,9 @@ bool isWorkbook(const QString& path) {
     return false;
 }
 
+QVector<QPair<QString, QString>> workbookReaderVersions() {
+    return {{QStringLiteral("FreeXL"), QLatin1String(freexl_version())},
+            {QStringLiteral("libzip"), QLatin1String(zip_libzip_version())}};
+}
+
 }  // namespace workbench

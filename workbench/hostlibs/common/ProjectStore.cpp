@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/projects/ProjectFile.h"
@@ -17,13 +18,17 @@ namespace {
 /// @return the source as kept in a project file; an empty one with `error` set if it is gone.
 QJsonObject sourceOf(const QString& path, QString& error) {
     QJsonObject source{{QStringLiteral("path"), path}};
+    const auto unreadable = [&](const QString& reason) {
+        error = QStringLiteral("源文件无法读取：") + QDir::toNativeSeparators(withoutNul(path)) +
+                QStringLiteral("：") + reason;
+        return QJsonObject();
+    };
+    if (path.contains(QChar::Null)) return unreadable(nulReason());
     if (isCloudPath(path) || QFileInfo(path).isDir()) return source;
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file)) {
-        error = QStringLiteral("源文件无法读取：") + QDir::toNativeSeparators(path);
-        return {};
-    }
+    if (!file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        return unreadable(file.errorString());
     source.insert(QStringLiteral("bytes"), file.size());
     source.insert(QStringLiteral("sha256"), QString::fromLatin1(hash.result().toHex()));
     return source;

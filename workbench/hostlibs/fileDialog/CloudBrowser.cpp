@@ -7,7 +7,8 @@
 
 namespace workbench {
 
-CloudBrowser::CloudBrowser(std::function<bool()> wait) : wait(std::move(wait)) {}
+CloudBrowser::CloudBrowser(std::function<bool()> wait, cloud::Progress progress)
+    : wait(std::move(wait)), progress(std::move(progress)) {}
 
 bool CloudBrowser::ask(const std::function<QJsonObject()>& request, QJsonObject& answer) {
     message.clear();
@@ -51,7 +52,7 @@ bool CloudBrowser::enter(const QString& name) {
 }
 
 bool CloudBrowser::goTo(int place, const QStringList& folders) {
-    CloudBrowser next(wait);
+    CloudBrowser next(wait, progress);
     bool arrived = next.open(place);
     for (const QString& name : folders) arrived = arrived && next.enter(name);
     if (arrived)
@@ -72,11 +73,17 @@ bool CloudBrowser::download(const QString& name, FileAnswer& into) {
     message.clear();
     if (!wait()) return false;
     const QJsonObject copy = cloud::localCopy(name, path()).value(QLatin1String("data")).toObject();
-    if (!wait()) return false;
+    if (!progress && !wait()) return false;
+    bool moved = false;
+    const auto told = [&](qint64 done, qint64 total) {
+        moved = true;
+        return !progress || progress(done, total);
+    };
     const bool exists = copy[u"isExist"].toBool();
     const QJsonObject answer =
         cloud::download(name, node[u"xzlj"].toString(), copy[u"filPath"].toString(),
-                        exists ? QStringLiteral("1") : QStringLiteral("0"));
+                        exists ? QStringLiteral("1") : QStringLiteral("0"), told);
+    if (progress && !moved && !wait()) return false;
     const QString file = answer[u"data"].toString();
     if (answer[u"code"].toInt(-1) != 0 || file.isEmpty()) {
         message = answer[u"msg"].toString();

@@ -9,6 +9,7 @@
 
 #include "workbench/base/WorkbenchApi.h"
 #include "workbench/hostlibs/common/Switches.h"
+#include "workbench/hostlibs/fileDialog/CloudDisk.h"
 
 namespace workbench {
 
@@ -17,7 +18,10 @@ namespace workbench {
 class WORKBENCH_API CloudBrowser {
   public:
     /// @param wait lets the time of one answer pass; false when the user gave up waiting.
-    explicit CloudBrowser(std::function<bool()> wait);
+    /// @param progress as cloud::download asks it, and lets the time of a download pass; none:
+    /// `wait`
+    ///        does.
+    explicit CloudBrowser(std::function<bool()> wait, cloud::Progress progress = {});
 
     /// Goes to a folder of a disk, from its top.
     /// @param place PersonalPlace or CompanyPlace. @param folders names of the folders on the way.
@@ -57,6 +61,7 @@ class WORKBENCH_API CloudBrowser {
     bool ask(const std::function<QJsonObject()>& request, QJsonObject& answer);
 
     std::function<bool()> wait;
+    cloud::Progress progress;
     int disk = 0;
     QVector<Level> levels;
     QString message;

@@ -8,6 +8,8 @@
 #include <QTimer>
 
 #include "fileDialog.h"
+#include "workbench/base/fileAdvice.h"
+#include "workbench/base/wholeFile.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/projects/fileKind.h"
 
@@ -118,15 +120,36 @@ bool isCurrent(const QFileInfo& copy, const QFileInfo& original) {
            copy.lastModified() >= original.lastModified();
 }
 
-/// The earlier copy stays until the new one is whole.
-bool copied(const QString& from, const QString& to) {
-    const QString part = to + QStringLiteral(".part");
-    QFile::remove(part);
-    if (!QFile::copy(from, part)) return false;
-    QFile::remove(to);
-    if (QFile::rename(part, to)) return true;
-    QFile::remove(part);
-    return false;
+/// @return empty, or why the content could not be copied.
+QString copyInParts(QFile& from, QFile& to, const Progress& progress) {
+    constexpr qint64 largestPart = 1024 * 1024;
+    constexpr qint64 fewestParts = 20;  // what is told looks like a movement
+    if (!from.open(QIODevice::ReadOnly)) return from.errorString();
+    if (!to.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return to.errorString();
+    const qint64 total = from.size();
+    const qint64 part = qBound(qint64(1), total / fewestParts, largestPart);
+    while (to.pos() < total) {
+        const QByteArray content = from.read(part);
+        if (content.isEmpty()) return from.errorString();
+        if (!writeAll(to, content)) return to.errorString();
+        if (progress && !progress(to.pos(), total)) return QStringLiteral("已取消下载");
+    }
+    return {};
+}
+
+/// The earlier copy stays until the new one is whole. @return empty, or the reason.
+QString copied(const QString& from, const QString& to, const Progress& progress) {
+    QFile source(from);
+    QFile part(to + QStringLiteral(".part"));
+    part.remove();
+    QString reason = copyInParts(source, part, progress);
+    part.close();
+    if (reason.isEmpty()) {
+        QFile::remove(to);
+        if (!part.rename(to)) reason = part.errorString();
+    }
+    if (!reason.isEmpty()) part.remove();
+    return reason;
 }
 
 /// Makes the folder of a download. @return whether it really lies below the downloads: one of its
@@ -140,7 +163,7 @@ bool prepareFolder(const QString& target) {
 }
 
 QJsonObject downloaded(const QString& fileName, const QString& link, const QString& localPath,
-                       bool exists) {
+                       bool exists, const Progress& progress) {
     const QFileInfo original(resolved(link));
     if (!original.isFile() || original.fileName() != fileName)
         return failure(QStringLiteral("云盘文件不存在或已被移动"), QString());
@@ -149,8 +172,11 @@ QJsonObject downloaded(const QString& fileName, const QString& link, const QStri
     if (!isBelow(target, downloadsFolder()) || !prepareFolder(target))
         return failure(QStringLiteral("无法写入下载目录"), QString());
     const bool current = exists && isCurrent(QFileInfo(target), original);
-    if (!current && !copied(original.filePath(), target))
-        return failure(QStringLiteral("云盘文件下载失败"), QString());
+    const QString reason = current ? QString() : copied(original.filePath(), target, progress);
+    if (!reason.isEmpty())
+        return failure(QStringLiteral("云盘文件下载失败：%1。%2")
+                           .arg(reason, QString::fromUtf8(fileAdvice(reason))),
+                       QString());
     return answer(0, QString(), target);
 }
 
@@ -194,9 +220,10 @@ QJsonObject localCopy(const QString& fileName, const QString& folderPath) {
 }
 
 QJsonObject download(const QString& fileName, const QString& link, const QString& localPath,
-                     const QString& isExist) {
-    return served(
-        [&] { return downloaded(fileName, link, localPath, isExist == QLatin1String("1")); });
+                     const QString& isExist, const Progress& progress) {
+    return served([&] {
+        return downloaded(fileName, link, localPath, isExist == QLatin1String("1"), progress);
+    });
 }
 
 QJsonArray nodesOf(const QJsonObject& answer) {

@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
+#include <functional>
 
 #include "workbench/base/WorkbenchApi.h"
 
@@ -22,12 +23,15 @@ QJsonObject companyFolder(const QString& folderId, const QString& enterpriseId);
 /// @param folderPath disk and folders joined by the host's separator.
 /// @return where a download of the file lies or would lie, and whether it exists.
 QJsonObject localCopy(const QString& fileName, const QString& folderPath);
+/// Told how many bytes of a download are there; false where the user has given it up.
+using Progress = std::function<bool(qint64 done, qint64 total)>;
 /// Copies a cloud file to its local place, unless a copy as new as the cloud file is there.
 /// @param localPath below the folder of the downloads; empty for the place of the link.
 /// @param isExist "1" if the caller knows of an earlier copy.
-/// @return "data" is the local path.
+/// @param progress asked after each part that was copied; the earlier copy stays until the new one
+///        is whole. @return "data" is the local path.
 QJsonObject download(const QString& fileName, const QString& link, const QString& localPath,
-                     const QString& isExist);
+                     const QString& isExist, const Progress& progress = {});
 
 /// @return the nodes of a tree or folder answer; empty where it holds none.
 WORKBENCH_API QJsonArray nodesOf(const QJsonObject& answer);

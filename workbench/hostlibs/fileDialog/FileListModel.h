@@ -40,6 +40,8 @@ class WORKBENCH_API FileListModel : public QAbstractTableModel {
     void setIcons(const QIcon& folder, const QIcon& file);
     /// @return the entry of a row of this model.
     const FileEntry& entry(int row) const { return shown.at(row); }
+    /// @return how many entries the filter leaves out.
+    int hiddenCount() const { return all.size() - shown.size(); }
     /// @return the row of this name; -1 where it is not shown.
     int rowOf(const QString& name) const;
 

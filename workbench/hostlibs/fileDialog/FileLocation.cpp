@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "fileDialog.h"
+#include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 #include "workbench/projects/fileKind.h"
@@ -26,8 +27,8 @@ QString projectFolder() {
     return QDir::cleanPath(Host::instance().installation().projectFolder());
 }
 
-FileLocation::FileLocation(bool withClouds, std::function<bool()> wait)
-    : withClouds(withClouds), cloud(std::move(wait)) {}
+FileLocation::FileLocation(bool withClouds, std::function<bool()> wait, cloud::Progress progress)
+    : withClouds(withClouds), cloud(std::move(wait), std::move(progress)) {}
 
 bool FileLocation::fail(const QString& why) {
     message = why;
@@ -40,6 +41,7 @@ bool FileLocation::goTo(int place) {
 }
 
 bool FileLocation::goToFolder(const QString& path) {
+    if (path.contains(QChar::Null)) return fail(QString::fromUtf8(fileAdvice(nulReason())));
     const QFileInfo info(path);
     if (path.isEmpty() || !info.isDir() || !info.isReadable())
         return fail(QStringLiteral("无法打开文件夹“%1”").arg(path));
@@ -68,6 +70,7 @@ bool FileLocation::goToTyped(const QString& text) {
         if (!withClouds) return fail(QStringLiteral("此处不能使用云盘"));
         return goToCloud(personal ? PersonalPlace : CompanyPlace, names.mid(1));
     }
+    if (text.contains(QChar::Null)) return goToFolder(text);
     const QFileInfo info(QDir(local), text);
     if (!info.isFile()) return goToFolder(info.absoluteFilePath());
     if (!goToFolder(info.absolutePath())) return false;

@@ -22,7 +22,8 @@ class WORKBENCH_API FileLocation {
   public:
     /// @param withClouds whether the cloud disks may be entered.
     /// @param wait lets the time of one cloud answer pass; false when the user gave up waiting.
-    FileLocation(bool withClouds, std::function<bool()> wait);
+    /// @param progress of a download; see CloudBrowser.
+    FileLocation(bool withClouds, std::function<bool()> wait, cloud::Progress progress = {});
 
     /// Goes to the top of a place. A cloud disk asks for the log-in where nobody is logged in.
     bool goTo(int place);

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
@@ -42,7 +43,10 @@ OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
       request(request),
       location(std::make_shared<FileLocation>(
           request.allowsClouds(),
-          [self = QPointer<OpenDialog>(this)] { return self && self->wait(); })),
+          [self = QPointer<OpenDialog>(this)] { return self && self->wait(); },
+          [self = QPointer<OpenDialog>(this)](qint64 done, qint64 total) {
+              return self && self->progress(done, total);
+          })),
       view(new OpenDialogView(request, this)) {
     SetCaption(captionOf(request));
     auto* layout = new QVBoxLayout(this);
@@ -71,16 +75,34 @@ bool OpenDialog::wait() {
     if (!Host::instance().switches().cloud.slow) return true;
     if (waiting) return false;
     const QPointer<OpenDialog> self(this);
+    view->setBusy(true);
+    const bool answered = rest(cloud::slowAnswerMs);
+    if (self) view->setBusy(false);
+    return answered;
+}
+
+/// Shows how far a download is. A slow disk spreads its time over the parts of the file.
+/// @return false when the user gave up, and when the dialog was deleted meanwhile.
+bool OpenDialog::progress(qint64 done, qint64 total) {
+    if (!downloading.isValid()) downloading.start();
+    view->showProgress(done, total);
+    const bool slow = Host::instance().switches().cloud.slow;
+    const qint64 due = slow ? cloud::slowAnswerMs * done / total : 0;
+    return rest(int(qMax(qint64(0), due - downloading.elapsed())));
+}
+
+/// Lets time pass while the window lives on. @return false when the user gave up, while another
+///         rest is taken, and when the dialog was deleted meanwhile.
+bool OpenDialog::rest(int ms) {
+    if (waiting) return false;
+    const QPointer<OpenDialog> self(this);
     QEventLoop loop;
-    QTimer::singleShot(cloud::slowAnswerMs, Qt::PreciseTimer, &loop,
-                       [&loop] { loop.exit(Answered); });
+    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, [&loop] { loop.exit(Answered); });
     connect(this, &QObject::destroyed, &loop, [&loop] { loop.exit(GivenUp); });
     waiting = &loop;
-    view->setBusy(true);
     const int ending = loop.exec();
     if (!self) return false;
     waiting = nullptr;
-    view->setBusy(false);
     return ending == Answered;
 }
 
@@ -152,6 +174,7 @@ void OpenDialog::confirmEmpty() {
 }
 
 void OpenDialog::confirmLocal(const QString& name) {
+    if (name.contains(QChar::Null)) return view->tell(QString::fromUtf8(fileAdvice(nulReason())));
     const QFileInfo info(QDir::cleanPath(QDir(location->folder()).absoluteFilePath(name)));
     if (info.isDir() && !request.wantsFolder()) return enter(name);
     if (!info.exists()) return view->tell(QStringLiteral("找不到“%1”").arg(name));
@@ -171,8 +194,10 @@ void OpenDialog::download(const QString& name) {
     const QPointer<OpenDialog> self(this);
     const std::shared_ptr<FileLocation> from = location;
     FileAnswer choice;
+    downloading.invalidate();
     const bool arrived = from->download(name, choice);
     if (!self) return;
+    if (downloading.isValid()) view->setBusy(false);
     if (!arrived) return view->tell(from->error());
     choose(choice);
 }

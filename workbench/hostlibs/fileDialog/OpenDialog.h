@@ -1,6 +1,7 @@
 /// The window of the host's file dialog.
 #pragma once
 
+#include <QElapsedTimer>
 #include <memory>
 
 #include "workbench/base/WorkbenchApi.h"
@@ -32,6 +33,8 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
 
   private:
     bool wait();
+    bool progress(qint64 done, qint64 total);
+    bool rest(int ms);
     void giveUp();
     void connectView();
     void start();
@@ -48,6 +51,7 @@ class WORKBENCH_API OpenDialog : public zTitleModal {
     const FileRequest request;
     FileAnswer chosen;
     QEventLoop* waiting = nullptr;           ///< While a cloud disk lets one wait.
+    QElapsedTimer downloading;               ///< Since the first part of a download.
     std::shared_ptr<FileLocation> location;  ///< A step may outlive the dialog.
     OpenDialogView* view;
 };

@@ -1,16 +1,22 @@
 #include "workbench/hostlibs/fileDialog/OpenDialogView.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QLocale>
+#include <QProgressBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
+#include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 #include "zControl.h"
 
@@ -143,7 +149,41 @@ QWidget* OpenDialogView::fileList() {
     header->resizeSection(FileListModel::TimeColumn, scaled(142));
     list->sortByColumn(FileListModel::NameColumn, Qt::AscendingOrder);
     list->setSortingEnabled(true);
+    new EmptyState(list, [this] { return emptyText(); });
+    makeMenu();
     return list;
+}
+
+void OpenDialogView::makeMenu() {
+    const auto add = [this](const QString& text, const char* name, auto&& work) {
+        auto* action = new QAction(text, list);
+        action->setObjectName(QLatin1String(name));
+        connect(action, &QAction::triggered, this, work);
+        list->addAction(action);
+    };
+    add(QStringLiteral("打开"), "openEntry", [this] {
+        if (selectedRow() >= 0) activate(selectedRow());
+    });
+    add(QStringLiteral("上一级"), "goUp", [this] { Q_EMIT upWanted(); });
+    add(QStringLiteral("复制路径"), "copyEntryPath", [this] { copyPath(); });
+    list->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void OpenDialogView::copyPath() const {
+    const FileEntry* entry = selected();
+    QString path = pathField->text();
+    const QChar separator = path.contains(QLatin1Char('\\')) ? QLatin1Char('\\') : QLatin1Char('/');
+    if (entry && !path.endsWith(separator)) path += separator;
+    QGuiApplication::clipboard()->setText(entry ? path + entry->name : path);
+}
+
+QString OpenDialogView::emptyText() const {
+    const int hidden = model->hiddenCount();
+    if (hidden == 0) return QStringLiteral("此文件夹是空的");
+    return foldersWanted
+               ? QStringLiteral("没有子文件夹\n此处有 %1 个文件，这里只能选择文件夹。").arg(hidden)
+               : QStringLiteral("没有此类型的文件\n此处有 %1 个其他文件，可换一种文件类型查看。")
+                     .arg(hidden);
 }
 
 QWidget* OpenDialogView::nameRow() {
@@ -175,11 +215,18 @@ QWidget* OpenDialogView::buttonRow() {
     messageLabel->setAccessibleName(QStringLiteral("提示"));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    progressBar = new QProgressBar(row);
+    progressBar->setObjectName(QStringLiteral("progressBar"));
+    progressBar->setAccessibleName(QStringLiteral("下载进度"));
+    progressBar->setFixedSize(scaled(160), scaled(8));
+    progressBar->setTextVisible(false);
+    progressBar->hide();
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
     openButton->setControlType(NewButtonType);
     openButton->setDefault(true);
     cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
     layout->addWidget(messageLabel, 1);
+    layout->addWidget(progressBar);
     layout->addWidget(openButton);
     layout->addWidget(cancelButton);
     return row;
@@ -201,7 +248,14 @@ void OpenDialogView::applyColours() {
             .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
                  colour(Tint::Text).name(), colour(Tint::Muted).name())
             .arg(scaled(4));
-    setStyleSheet(fieldSheet() + listSheet);
+    const QString barSheet =
+        QStringLiteral(
+            "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
+            "QProgressBar::chunk{background:%4;border-radius:%3px}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
+            .arg(scaled(3))
+            .arg(colour(Tint::Accent).name());
+    setStyleSheet(fieldSheet() + listSheet + barSheet);
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),
                     listIcon("file", size, devicePixelRatioF()));
@@ -319,10 +373,24 @@ void OpenDialogView::setBusy(bool busy) {
     for (zBaseButton* button : qAsConst(places)) widgets.append(button);
     for (QWidget* widget : qAsConst(widgets)) widget->setEnabled(!busy);
     tell(busy ? QStringLiteral("正在连接云盘…") : QString(), false);
+    progressBar->setRange(0, 0);  // nobody knows how long it takes
+    progressBar->setVisible(busy);
     if (busy) return setCursor(Qt::BusyCursor);
     unsetCursor();
     upButton->setEnabled(canGoUp);
     list->setFocus();
+}
+
+void OpenDialogView::showProgress(qint64 done, qint64 total) {
+    if (list->isEnabled()) setBusy(true);
+    constexpr int whole = 1000;
+    progressBar->setRange(0, whole);
+    progressBar->setValue(int(whole * done / total));
+    const QLocale locale(QLocale::Chinese);
+    tell(QStringLiteral("正在下载：%1 / %2，按“取消”停止")
+             .arg(locale.formattedDataSize(done, 1, QLocale::DataSizeTraditionalFormat),
+                  locale.formattedDataSize(total, 1, QLocale::DataSizeTraditionalFormat)),
+         false);
 }
 
 }  // namespace workbench

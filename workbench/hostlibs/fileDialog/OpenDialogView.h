@@ -9,13 +9,14 @@
 #include "zBaseControl.h"
 
 class QLineEdit;
+class QProgressBar;
 class QTreeView;
 
 namespace workbench {
 
 /// Shows a listing and says what the user wants; knows no folder and no disk. The object names of
 /// its widgets are "place1" to "place4", "upButton", "pathField", "fileList", "nameField",
-/// "filterBox", "messageLabel", "openButton" and "cancelButton".
+/// "filterBox", "messageLabel", "progressBar", "openButton" and "cancelButton".
 class OpenDialogView : public QWidget {
     Q_OBJECT
   public:
@@ -26,6 +27,8 @@ class OpenDialogView : public QWidget {
     void tell(const QString& message, bool failure = true);
     /// While busy everything is disabled but the cancel button.
     void setBusy(bool busy);
+    /// Busy with a download, of which `done` of `total` bytes are here.
+    void showProgress(qint64 done, qint64 total);
     /// @return the text of the name field.
     QString name() const;
     void setName(const QString& name);
@@ -50,6 +53,9 @@ class OpenDialogView : public QWidget {
     QWidget* nameRow();
     QWidget* buttonRow();
     void applyColours();
+    void makeMenu();
+    QString emptyText() const;
+    void copyPath() const;
     void connectWidgets();
     bool listKey(int key);
     void activate(int row);
@@ -68,6 +74,7 @@ class OpenDialogView : public QWidget {
     QLineEdit* nameField = nullptr;
     zBaseCombox* filterBox = nullptr;
     zBaseLabel* messageLabel = nullptr;
+    QProgressBar* progressBar = nullptr;
     zBaseButton* openButton = nullptr;
     zBaseButton* cancelButton = nullptr;
 };

@@ -1,0 +1,124 @@
+// The two languages of the main window.
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTreeView>
+
+#include "tests/workbench/MainWindowFixture.h"
+#include "workbench/app/AboutDialog.h"
+
+namespace testing_support {
+
+namespace {
+
+using workbench::Language;
+using workbench::Surface;
+
+/// What belongs to a project, an entry of the journal or a place, and so has no language.
+bool isData(const QObject* object) {
+    for (const char* name : {"detailTitle", "detailSummary", "detailSource", "detailFile",
+                             "installationFolder", "language.zh", "account.userId"})
+        if (object->objectName() == QLatin1String(name)) return true;
+    return false;
+}
+
+class SurfaceTest : public MainWindowTest {
+  protected:
+    static bool isChinese(QString text) {
+        static const QRegularExpression han(QStringLiteral("\\p{Han}"));
+        text.remove(QStringLiteral("语言"));  // that menu is found in either language
+        return text.contains(han);
+    }
+    /// @return what the window says in Chinese, as "name.property: text".
+    Lines chineseTexts() {
+        Lines found;
+        const auto look = [&found](const QObject* object, const char* what, const QString& text) {
+            if (isChinese(text))
+                found.push_back((object->objectName() + QLatin1Char('.') + QLatin1String(what) +
+                                 QLatin1String(": ") + text)
+                                    .toStdString());
+        };
+        QObjectList objects = window->findChildren<QObject*>();
+        objects.append(window.get());
+        for (const QObject* object : qAsConst(objects)) {
+            if (isData(object)) continue;
+            const bool visual = object->isWidgetType() || qobject_cast<const QAction*>(object);
+            for (const char* property :
+                 {"text", "title", "windowTitle", "accessibleName", "toolTip", "placeholderText"})
+                if (visual) look(object, property, object->property(property).toString());
+            const auto* box = qobject_cast<const QComboBox*>(object);
+            for (int i = 0; box && i < box->count(); ++i) look(object, "item", box->itemText(i));
+            const auto* view = qobject_cast<const QTreeView*>(object);
+            for (int i = 0; view && view->model() && i < view->model()->columnCount(); ++i)
+                look(object, "header", view->model()->headerData(i, Qt::Horizontal).toString());
+        }
+        return found;
+    }
+};
+
+}  // namespace
+
+TEST_F(SurfaceTest, InEnglishNothingOfTheWindowIsChineseAndBackAgainEverythingIs) {
+    clickRow("教学楼.GCFX");
+    const Lines before = chineseTexts();
+    ASSERT_GT(before.size(), 80u);
+    part<QAction>("language.en")->trigger();
+    EXPECT_EQ(chineseTexts(), Lines());
+    EXPECT_EQ(part<QAction>("newProjectAction")->text(), QStringLiteral("New Project"));
+    EXPECT_EQ(text("projectCount"), QStringLiteral("Project files: 2"));
+    EXPECT_EQ(text("detailKind"), QStringLiteral("Budget"));
+    EXPECT_EQ(text("detailTitle"), QStringLiteral("教学楼"));
+    part<QAction>("language.zh")->trigger();
+    EXPECT_EQ(chineseTexts(), before);
+}
+
+TEST_F(SurfaceTest, TheDialogStaysChinese) {
+    part<QAction>("language.en")->trigger();
+    const auto driver = whenModal<NewProCfgDialog>([](NewProCfgDialog* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("新建工程"));
+        dialog->close();
+    });
+    key(window.get(), Qt::Key_N, Qt::ControlModifier);
+}
+
+TEST(Surface, TheLanguageIsThatOfTheLocaleAndChineseWhereItNamesNone) {
+    const struct {
+        const char* locale;
+        Language language;
+    } rows[] = {{"zh_CN", Language::Chinese},
+                {"zh_TW", Language::Chinese},
+                {"C", Language::Chinese},
+                {"en_US", Language::English},
+                {"de_DE", Language::English}};
+    for (const auto& row : rows)
+        EXPECT_EQ(workbench::languageOf(QLocale(QLatin1String(row.locale))), row.language)
+            << row.locale;
+}
+
+TEST_F(SurfaceTest, TheAboutBoxTellsEveryVersionAndCopiesThem) {
+    const auto driver = whenModal<workbench::AboutDialog>([](workbench::AboutDialog* about) {
+        QStringList texts;
+        for (const QLabel* label : about->findChildren<QLabel*>()) texts.append(label->text());
+        for (const QString& version :
+             QStringList{QStringLiteral(WORKBENCH_VERSION), QString::fromLatin1(qVersion()),
+                         QStringLiteral(QT_VERSION_STR)})
+            EXPECT_TRUE(texts.contains(version)) << version.toStdString();
+        for (const char* name :
+             {"工作台", "Qt（构建时）", "Qt（运行时）", "ICU", "FreeXL", "libzip"}) {
+            const int row = texts.indexOf(QString::fromUtf8(name));
+            ASSERT_GE(row, 0) << name;
+            EXPECT_TRUE(
+                texts.value(row + 1).contains(QRegularExpression(QStringLiteral("^\\d+\\.\\d+"))))
+                << name << " " << texts.value(row + 1).toStdString();
+        }
+        click(child<QWidget>(about, "copyVersions"));
+        click(child<QWidget>(about, "closeAbout"));
+    });
+    part<QAction>("aboutAction")->trigger();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QStringLiteral("FreeXL: ")));
+}
+
+}  // namespace testing_support

@@ -1,0 +1,99 @@
+#include "workbench/app/NoticeBar.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+#include "workbench/app/Surface.h"
+#include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/Skin.h"
+
+namespace workbench {
+
+namespace {
+
+QLabel* noticeLabel(const char* name) {
+    auto* label = new QLabel;
+    label->setObjectName(QLatin1String(name));
+    label->setTextFormat(Qt::PlainText);  // names of files may look like markup
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    return label;
+}
+
+/// Gives a button its text, and room around it.
+void label(QPushButton* button, const char* chinese) {
+    button->setText(said(chinese));
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + scaled(28));
+    button->setMinimumHeight(scaled(28));
+}
+
+}  // namespace
+
+NoticeBar::NoticeBar(QWidget* parent)
+    : QFrame(parent),
+      picture(new QLabel),
+      text(noticeLabel("noticeText")),
+      detail(noticeLabel("noticeDetail")),
+      buttons(new QHBoxLayout),
+      closing(new QPushButton) {
+    setObjectName(QStringLiteral("notice"));
+    closing->setObjectName(QStringLiteral("noticeClose"));
+    auto* words = new QVBoxLayout;
+    words->addWidget(text);
+    words->addWidget(detail);
+    words->addLayout(buttons);
+    auto* row = new QHBoxLayout(this);
+    row->addWidget(picture, 0, Qt::AlignTop);
+    row->addLayout(words, 1);
+    say();
+    hide();
+    connect(closing, &QPushButton::clicked, this, &QWidget::hide);
+    connect(&Surface::instance(), &Surface::languageChanged, this, &NoticeBar::say);
+    connect(&Host::instance(), &Host::skinChanged, this, &NoticeBar::adaptToLook);
+    connect(&Host::instance(), &Host::scaleChanged, this, &NoticeBar::adaptToLook);
+    adaptToLook();
+}
+
+void NoticeBar::tell(const Notice& newNotice) {
+    notice = newNotice;
+    say();
+    setVisible(true);
+}
+
+void NoticeBar::say() {
+    text->setText(said(notice.what));
+    detail->setText(*notice.advice ? notice.detail + QLatin1Char('\n') + said(notice.advice)
+                                   : notice.detail);
+    setAccessibleName(text->text() + QLatin1Char('\n') + detail->text());
+    while (QLayoutItem* old = buttons->takeAt(0)) {
+        if (old->widget() && old->widget() != closing) old->widget()->deleteLater();
+        delete old;
+    }
+    for (int i = 0; i < notice.actions.size(); ++i) {
+        auto* button = new QPushButton;
+        label(button, notice.actions[i].text);
+        button->setObjectName(QStringLiteral("noticeAction%1").arg(i));
+        // A copy: the work may tell something else.
+        connect(button, &QPushButton::clicked, this, [work = notice.actions[i].work] { work(); });
+        buttons->addWidget(button);
+    }
+    label(closing, "知道了");
+    buttons->addWidget(closing);
+    buttons->addStretch();
+}
+
+void NoticeBar::adaptToLook() {
+    const QSize size(scaled(22), scaled(22));
+    picture->setPixmap(pixmapOf(skinPicture(QStringLiteral(":/Image/Workbench/critical.svg")), size,
+                                devicePixelRatioF()));
+    layout()->setContentsMargins(scaled(14), scaled(10), scaled(14), scaled(10));
+    layout()->setSpacing(scaled(12));
+    say();
+    buttons->setSpacing(scaled(8));
+    setStyleSheet(QStringLiteral("#notice{background:%1;border:none;border-bottom:1px solid %2}"
+                                 "#noticeText{font-weight:bold}")
+                      .arg(colour(Tint::Hover).name(), colour(Tint::Danger).name()));
+}
+
+}  // namespace workbench
