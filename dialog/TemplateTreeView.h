@@ -1,0 +1,15 @@
+/// The tree of template projects, without its content.
+#pragma once
+
+#include <QTreeWidget>
+
+namespace newpro {
+
+/// A tree whose rows are widgets; keys move in it as in any tree.
+class TemplateTreeView : public QTreeWidget {
+    Q_OBJECT
+  public:
+    explicit TemplateTreeView(QWidget* parent);
+};
+
+}  // namespace newpro
