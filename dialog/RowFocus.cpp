@@ -45,17 +45,6 @@ QMenu* menuOf(const QAbstractButton* button) {
     return push ? push->menu() : nullptr;
 }
 
-/// Marks the first entry as soon as the menu is open: Enter then picks it.
-void markFirstEntry(QMenu* menu) {
-    QMetaObject::invokeMethod(
-        menu,
-        [menu] {
-            if (menu->isVisible() && !menu->activeAction() && !menu->actions().isEmpty())
-                menu->setActiveAction(menu->actions().constFirst());
-        },
-        Qt::QueuedConnection);
-}
-
 }  // namespace
 
 RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
@@ -193,7 +182,8 @@ void RowFocus::openMenu() {
     for (QAbstractButton* button : rowButtons(currentRow())) {
         QMenu* menu = menuOf(button);
         if (!menu || !button->isEnabled()) continue;
-        markFirstEntry(menu);
+        // Marked from the start: Enter picks it.
+        menu->setActiveAction(menu->actions().value(0));
         static_cast<QPushButton*>(button)->showMenu();
         return;
     }

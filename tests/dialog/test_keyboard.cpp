@@ -77,17 +77,10 @@ TEST_F(Keyboard, MovesTheRingFromCardToCardAndScrolls) {
     const struct {
         Qt::Key code;
         int row;
-    } steps[] = {{Qt::Key_Down, 1},
-                 {Qt::Key_Down, 2},
-                 {Qt::Key_Up, 1},
-                 {Qt::Key_PageDown, 1 + page},
-                 {Qt::Key_End, 29},
-                 {Qt::Key_Down, 29},
-                 {Qt::Key_PageDown, 29},
-                 {Qt::Key_PageUp, 29 - page},
-                 {Qt::Key_Home, 0},
-                 {Qt::Key_Up, 0},
-                 {Qt::Key_PageUp, 0}};
+    } steps[] = {
+        {Qt::Key_Down, 1}, {Qt::Key_Down, 2},  {Qt::Key_Up, 1},        {Qt::Key_PageDown, 1 + page},
+        {Qt::Key_End, 29}, {Qt::Key_Down, 29}, {Qt::Key_PageDown, 29}, {Qt::Key_PageUp, 29 - page},
+        {Qt::Key_Home, 0}, {Qt::Key_Up, 0},    {Qt::Key_PageUp, 0}};
     for (const auto& step : steps) {
         SCOPED_TRACE(step.code);
         key(step.code);
@@ -180,7 +173,6 @@ TEST_F(Keyboard, TheMenuOfFeeModesOpensByKeyAndCreates) {
             auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
             ASSERT_TRUE(menu);
             seen = true;
-            QCoreApplication::processEvents();
             EXPECT_EQ(menu->activeAction(), menu->actions().constFirst());
             QTest::keyClick(menu, Qt::Key_Down);
             QTest::keyClick(menu, Qt::Key_Return);
@@ -270,8 +262,8 @@ TEST_F(Keyboard, ListsAreRefilledUnderTheRing) {
     host.clearModels();
     call("GetModelCfgAndInitData");
     settle();
-    for (const Qt::Key code : {Qt::Key_Down, Qt::Key_End, Qt::Key_PageUp, Qt::Key_Return,
-                               Qt::Key_Menu, Qt::Key_Space}) {
+    for (const Qt::Key code :
+         {Qt::Key_Down, Qt::Key_End, Qt::Key_PageUp, Qt::Key_Return, Qt::Key_Menu, Qt::Key_Space}) {
         key(code);
     }
     EXPECT_EQ(ringRow(), -1);

@@ -117,10 +117,31 @@ void MainWindow::makeActions() {
         if (QWidget* button = tools->widgetForAction(action))
             button->setAccessibleName(action->text());
     QMenu* menu = menuBar()->addMenu(QStringLiteral("工程"));
-    menu->addActions({fresh, choose, folder, refresh});
+    menu->addActions({fresh, choose});
+    addStarts(menu);
+    menu->addActions({folder, refresh});
     QMenu* view = menuBar()->addMenu(QStringLiteral("视图"));
     view->setObjectName(QStringLiteral("viewMenu"));
     view->addAction(skin);
+}
+
+/// What the dialog's ribbon offers to the mouse alone.
+void MainWindow::addStarts(QMenu* menu) {
+    const struct {
+        QString text, name, entry, shortcut;
+    } starts[] = {{QStringLiteral("新建审核工程"), QStringLiteral("newAuditAction"),
+                   QStringLiteral("审核工程"), QStringLiteral("Ctrl+Shift+A")},
+                  {QStringLiteral("导入Excel新建"), QStringLiteral("importExcelAction"),
+                   QStringLiteral("导入Excel新建"), QStringLiteral("Ctrl+Shift+E")},
+                  {QStringLiteral("导入YFJZ新建"), QStringLiteral("importTenderAction"),
+                   QStringLiteral("导入YFJZ新建"), QStringLiteral("Ctrl+Shift+T")}};
+    for (const auto& start : starts) {
+        QAction* action = menu->addAction(start.text);
+        action->setObjectName(start.name);
+        action->setShortcut(QKeySequence(start.shortcut));
+        connect(action, &QAction::triggered, this,
+                [this, entry = start.entry] { newProject(entry); });
+    }
 }
 
 void MainWindow::makeDocks() {
@@ -168,9 +189,10 @@ void MainWindow::adaptToLook() {
     }
 }
 
-void MainWindow::newProject(const QString& kind) {
+void MainWindow::newProject(const QString& entry) {
     const QPointer<NewProCfgDialog> dialog = makeHostDialog({}, store, this);
-    QTimer::singleShot(0, dialog, [dialog, kind] { startWithKind(dialog, kind); });
+    dialog->setProperty(startEntryProperty, entry);
+    QTimer::singleShot(0, dialog, [dialog, entry] { startWithEntry(dialog, entry); });
     dialog->exec();
     delete dialog;
 }

@@ -7,6 +7,7 @@
 #include "workbench/hostlibs/common/ProjectStore.h"
 
 class QLabel;
+class QMenu;
 
 namespace workbench {
 
@@ -18,13 +19,14 @@ class MainWindow : public QMainWindow {
     MainWindow();
 
     /// Opens the dialog "新建工程" and returns when it has closed.
-    /// @param kind ribbon entry to start with; empty for the dialog's own.
-    void newProject(const QString& kind = QString());
+    /// @param entry of the ribbon to start with; empty for the dialog's own.
+    void newProject(const QString& entry = QString());
     /// Asks for the kind first.
     void chooseKind();
 
   private:
     void makeActions();
+    void addStarts(QMenu* menu);
     QAction* addAction(const QString& text, const char* picture, const char* objectName,
                        const char* shortcut, const std::function<void()>& work);
     void makeDocks();
