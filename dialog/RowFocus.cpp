@@ -1,5 +1,6 @@
 #include "dialog/RowFocus.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
@@ -10,6 +11,7 @@
 #include "core/guard.h"
 #include "core/rowButtons.h"
 #include "dialog/FocusRing.h"
+#include "dialog/rowAccessible.h"
 
 namespace newpro {
 
@@ -48,6 +50,7 @@ QMenu* menuOf(const QAbstractButton* button) {
 }  // namespace
 
 RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
+    makeRowsAccessible();
     view->setFocusPolicy(Qt::StrongFocus);
     view->installEventFilter(this);
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
@@ -78,6 +81,10 @@ bool RowFocus::eventFilter(QObject* watched, QEvent* event) {
                 return false;
         }
     });
+}
+
+RowFocus* RowFocus::of(const QAbstractItemView* view) {
+    return view->findChild<RowFocus*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 QWidget* RowFocus::currentRow() const {
@@ -112,7 +119,16 @@ void RowFocus::follow(const QWidget* focus) {
 void RowFocus::takeRow() {
     offer(inside ? currentRow() : nullptr);
     showRing();
-    if (focused) bringIntoSight();
+    if (!focused) return;
+    bringIntoSight();
+    announce();
+}
+
+void RowFocus::announce() const {
+    QWidget* row = QAccessible::isActive() ? currentRow() : nullptr;
+    if (!row) return;
+    QAccessibleEvent event(row, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 void RowFocus::offer(QWidget* row) {

@@ -17,6 +17,8 @@ class RowFocus : public QObject {
   public:
     /// @param view its owner. Its selection model must be there.
     explicit RowFocus(QAbstractItemView* view);
+    /// @return that of a view; null where it has none.
+    static RowFocus* of(const QAbstractItemView* view);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -26,6 +28,7 @@ class RowFocus : public QObject {
     void offer(QWidget* row);
     void showRing();
     void bringIntoSight() const;
+    void announce() const;
     void focusIn(Qt::FocusReason reason);
     void follow(const QWidget* focus);
     bool keyPressed(bool onView, QKeyEvent* event);

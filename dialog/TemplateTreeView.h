@@ -10,6 +10,11 @@ class TemplateTreeView : public QTreeWidget {
     Q_OBJECT
   public:
     explicit TemplateTreeView(QWidget* parent);
+
+  protected Q_SLOTS:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
 };
 
 }  // namespace newpro

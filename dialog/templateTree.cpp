@@ -92,6 +92,7 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     // Before the host is asked anything, so that it is a page whatever comes, and before it has its
     // sheet, which then waits until the page is shown.
     taxPageStack->addWidget(templateTree);
+    templateTree->setAccessibleName(QStringLiteral("模板工程"));
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);

@@ -8,6 +8,7 @@ namespace workbench {
 void Stage::openDialog(const QString& entry) {
     delete dialog;
     dialog = makeHostDialog(setup, *store, mainWindow);
+    dialog->setProperty(startEntryProperty, entry);
     if (opened) opened(dialog);
     showHostDialog(dialog);
     startWithEntry(dialog, entry);

@@ -1,3 +1,4 @@
+#include <QCoreApplication>
 #include <QDir>
 #include <QPixmap>
 
@@ -59,6 +60,8 @@ Plan key(Stage&, QWidget* window, const QJsonObject& args) {
     return Plan::act([target, keys] {
         target->setFocus();
         pressKey(target, keys);
+        // As behind a click: what the key has closed is gone before the next step.
+        QCoreApplication::processEvents();
     });
 }
 
