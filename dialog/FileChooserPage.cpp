@@ -68,6 +68,7 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     }
     const int side = scaled(config.sideMargin);
     layout()->setContentsMargins(side, scaled(16), side, scaled(10));
+    caption->setBuddy(combo);
     combo->setAccessibleName(config.caption);
     // Otherwise called by its placeholder.
     combo->lineEdit()->setAccessibleName(config.caption);

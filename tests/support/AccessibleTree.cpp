@@ -46,6 +46,9 @@ QString lineOf(const Found& found) {
     QString line = QString(found.depth * 2, QLatin1Char(' ')) + roleOf(found.thing);
     const QString name = found.thing->text(QAccessible::Name);
     if (!name.isEmpty()) line += QStringLiteral(" \"%1\"").arg(name);
+    const QString value = found.thing->text(QAccessible::Value);
+    if (found.thing->role() == QAccessible::ComboBox && !value.isEmpty())
+        line += QStringLiteral(" = \"%1\"").arg(value);
     const QString states = statesOf(found.thing);
     if (!states.isEmpty()) line += QStringLiteral(" [%1]").arg(states);
     const QString more = found.thing->text(QAccessible::Description);

@@ -1,5 +1,6 @@
 #include "workbench/scenario/Player.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <QTimer>
 #include <exception>
@@ -63,6 +64,8 @@ void Player::tick() {
         QTimer::singleShot(pollMs, this, &Player::tick);
         return;
     }
+    // A dialog that a key has closed is still on its way out, unlike one that a click has closed.
+    if (busy.isEmpty()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (takeNextStep()) return attempt(planning());
     const QWidget* top = skips() ? nullptr : topWindow();
     end(top && top != stage.dialog ? QStringLiteral("a window is left open: %1").arg(described(top))

@@ -1,4 +1,3 @@
-#include <QCoreApplication>
 #include <QDir>
 #include <QPixmap>
 
@@ -60,8 +59,6 @@ Plan key(Stage&, QWidget* window, const QJsonObject& args) {
     return Plan::act([target, keys] {
         target->setFocus();
         pressKey(target, keys);
-        // As behind a click: what the key has closed is gone before the next step.
-        QCoreApplication::processEvents();
     });
 }
 
