@@ -53,6 +53,8 @@ RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
     makeRowsAccessible();
     view->setFocusPolicy(Qt::StrongFocus);
     view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
+    describeAnew(view);
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
         guarded({source, "currentChanged"}, [this] {
             byKey = byKey || QApplication::mouseButtons() == Qt::NoButton;
@@ -66,6 +68,14 @@ RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
 
 bool RowFocus::eventFilter(QObject* watched, QEvent* event) {
     return guardedOr(source, false, [&] {
+        // Of the viewport only the arrival of rows is of interest.
+        if (watched == view->viewport()) {
+            QObject* added = event->type() == QEvent::ChildAdded
+                                 ? static_cast<QChildEvent*>(event)->child()
+                                 : nullptr;
+            if (added && added->isWidgetType()) describeAnew(static_cast<QWidget*>(added));
+            return false;
+        }
         switch (event->type()) {
             case QEvent::KeyPress:
                 return keyPressed(watched == view, static_cast<QKeyEvent*>(event));

@@ -204,4 +204,16 @@ void makeRowsAccessible() {
     Q_UNUSED(installed)
 }
 
+void describeAnew(QWidget* widget) {
+    if (!QAccessible::isActive()) return;
+    QVector<QWidget*> told{widget};
+    for (QAbstractButton* button : widget->findChildren<QAbstractButton*>()) {
+        if (button->layout()) told.append(button);
+    }
+    for (QWidget* each : told) {
+        QAccessibleInterface* cached = QAccessible::queryAccessibleInterface(each);
+        if (cached) QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(cached));
+    }
+}
+
 }  // namespace newpro
