@@ -205,7 +205,6 @@ void makeRowsAccessible() {
 }
 
 void describeAnew(QWidget* widget) {
-    if (!QAccessible::isActive()) return;
     QVector<QWidget*> told{widget};
     for (QAbstractButton* button : widget->findChildren<QAbstractButton*>()) {
         if (button->layout()) told.append(button);

@@ -1,8 +1,11 @@
 /// What the keys do in the dialog: where they lead, and what they create.
+#include <QtTest/qtestspontaneevent.h>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QWheelEvent>
+#include <cmath>
 
 #include "tests/dialog/DialogFixture.h"
 
@@ -282,6 +285,56 @@ TEST_F(Keyboard, TheMouseMovesTheCurrentCardWithoutARing) {
     EXPECT_EQ(ringRow(), -1);
     key(Qt::Key_Down);
     EXPECT_EQ(ringRow(), 3);
+}
+
+TEST_F(Keyboard, TheWheelScrollsByPixels) {
+    const auto turn = [](QWidget* over, int angle) {
+        const QPoint middle = over->rect().center();
+        QWheelEvent event(middle, over->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);  // only such a one goes on to what is around
+        qApp->notify(over, &event);
+    };
+    open();
+    QWidget* shown = find<QScrollArea>("taxPageArea")->viewport();
+    turn(cards()->viewport(), -120);
+    EXPECT_GT(bar()->value(), 0);
+    EXPECT_LT(bar()->value(), 80) << "a notch is less than a card";
+    const int before = bar()->value();
+    turn(cards()->viewport(), -16);
+    EXPECT_GT(bar()->value(), before) << "a touchpad sends parts of a notch";
+    EXPECT_LT(bar()->value(), before + 12);
+    EXPECT_GT(shown->height(), 80);
+    for (int i = 0; i < 40; ++i)
+        host.addTemplate(QStringLiteral("kvys"), QStringLiteral("模板%1.MODX").arg(i));
+    openTree();
+    const int rowHeight = tree()->visualItemRect(tree()->topLevelItem(0)).height();
+    turn(tree()->viewport(), -16);
+    const int offset = -tree()->visualItemRect(tree()->topLevelItem(0)).top();
+    EXPECT_GT(offset, 0);
+    EXPECT_LT(offset, rowHeight) << "not by whole rows";
+    EXPECT_EQ(tree()->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
+}
+
+TEST_F(Keyboard, TheRingIsSeenInEverySkin) {
+    for (const char* skin : {"light", "dark"}) {
+        workbench::Host::instance().setSkin(QLatin1String(skin));
+        open();
+        QWidget* first = card("lswGeneralTax", 0);
+        const QColor ring = first->grab().toImage().pixelColor(first->width() / 2, 0);
+        key(Qt::Key_Down);
+        const QImage plain = first->grab().toImage();
+        const auto luminance = [](const QColor& colour) {
+            const auto linear = [](qreal part) {
+                return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+            };
+            return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+                   0.0722 * linear(colour.blueF()) + 0.05;
+        };
+        const qreal one = luminance(ring);
+        const qreal other = luminance(plain.pixelColor(first->width() / 2, first->height() / 2));
+        EXPECT_GE(qMax(one, other) / qMin(one, other), 3.0) << skin;
+    }
 }
 
 TEST_F(Keyboard, ReturnInAnEmptyFieldDoesWhatTheNewButtonDoes) {

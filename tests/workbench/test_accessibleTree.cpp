@@ -1,5 +1,6 @@
 /// What a screen reader finds in each window, against what is seen there.
 #include <QFile>
+#include <QListWidget>
 #include <QTreeWidget>
 
 #include "dialog/NewProCfgDialog.h"
@@ -104,6 +105,48 @@ TEST_F(AccessibleTree, OfEveryPageIsWhole_AndStandsInTheDocument) {
     }
     EXPECT_EQ(written.split(QLatin1Char('\n')),
               (heading.trimmed() + QLatin1Char('\n') + document).split(QLatin1Char('\n')));
+}
+
+/// Asks for whatever is announced, as the bridge to a screen reader does.
+void ask(QAccessibleEvent* event) {
+    event->accessibleInterface();
+}
+
+TEST_F(AccessibleTree, IsTheSameForAReaderThatWatchesFromTheStart) {
+    const QString late = accessibleTree(dialog.get());
+    dialog.reset();
+    const auto before = QAccessible::installUpdateHandler(ask);
+    QAccessible::setActive(true);
+    SetUp();
+    const QString early = accessibleTree(dialog.get());
+    QTest::keyClick(dialog->focusWidget(), Qt::Key_Down);
+    press("templateButton");
+    QTest::keyClick(child<QTreeWidget>(dialog.get(), "templateTree"), Qt::Key_Down);
+    EXPECT_EQ(accessibleFaults(dialog.get()), QStringList());
+    QAccessible::setActive(false);
+    QAccessible::installUpdateHandler(before);
+    EXPECT_EQ(early.split(QLatin1Char('\n')), late.split(QLatin1Char('\n')));
+}
+
+TEST_F(AccessibleTree, TheFrameOfASplitButtonIsNoButton) {
+    auto* list = child<QListWidget>(dialog.get(), "lswGeneralTax");
+    auto* frame = child<QWidget>(list->itemWidget(list->item(0)), "btnNewProject");
+    ASSERT_TRUE(frame->layout());
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->role(), QAccessible::Grouping);
+}
+
+TEST_F(AccessibleTree, ARowIsPressedByAReader) {
+    auto* list = child<QListWidget>(dialog.get(), "lswGeneralTax");
+    QAccessibleInterface* row =
+        QAccessible::queryAccessibleInterface(list->itemWidget(list->item(2)));
+    row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(list->currentRow(), 2);
+    EXPECT_TRUE(row->state().focused);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(list)->focusChild(), row);
+    EXPECT_EQ(row->indexOfChild(row->child(0)), 0);
+    EXPECT_EQ(row->child(0)->parent(), row);
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(AccessibleTree, OfTheMainWindowIsWhole) {
