@@ -17,7 +17,7 @@ namespace newpro {
 
 namespace {
 
-const char source[] = "RowFocus";
+const char rowFocusSource[] = "RowFocus";
 
 bool isEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -56,18 +56,18 @@ RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
     view->viewport()->installEventFilter(this);
     describeAnew(view);
     connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        guarded({source, "currentChanged"}, [this] {
+        guarded({rowFocusSource, "currentChanged"}, [this] {
             byKey = byKey || QApplication::mouseButtons() == Qt::NoButton;
             takeRow();
         });
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        guarded({source, "focusChanged"}, [&] { follow(now); });
+        guarded({rowFocusSource, "focusChanged"}, [&] { follow(now); });
     });
 }
 
 bool RowFocus::eventFilter(QObject* watched, QEvent* event) {
-    return guardedOr(source, false, [&] {
+    return guardedOr(rowFocusSource, false, [&] {
         // Of the viewport only the arrival of rows is of interest.
         if (watched == view->viewport()) {
             QObject* added = event->type() == QEvent::ChildAdded
