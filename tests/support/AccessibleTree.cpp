@@ -36,13 +36,13 @@ QString statesOf(const QAccessibleInterface* thing) {
     return names.join(QStringLiteral(", "));
 }
 
-void collect(QAccessibleInterface* thing, int depth, QVector<Found>& found) {
+void gather(QAccessibleInterface* thing, int depth, QVector<Found>& found) {
     if (!thing || thing->state().invisible) return;
     found.append({thing, depth});
-    for (int i = 0; i < thing->childCount(); ++i) collect(thing->child(i), depth + 1, found);
+    for (int i = 0; i < thing->childCount(); ++i) gather(thing->child(i), depth + 1, found);
 }
 
-QString lineOf(const Found& found) {
+QString treeLine(const Found& found) {
     QString line = QString(found.depth * 2, QLatin1Char(' ')) + roleOf(found.thing);
     const QString name = found.thing->text(QAccessible::Name);
     if (!name.isEmpty()) line += QStringLiteral(" \"%1\"").arg(name);
@@ -86,23 +86,23 @@ bool isInteractive(const QAccessibleInterface* thing) {
 
 QString told(QAccessibleInterface* thing) {
     const QObject* object = thing->object();
-    return lineOf({thing, 0}) + QStringLiteral(" (%1 %2)")
-                                    .arg(object ? QLatin1String(object->metaObject()->className())
-                                                : QLatin1String("no object"),
-                                         object ? object->objectName() : QString());
+    return treeLine({thing, 0}) + QStringLiteral(" (%1 %2)")
+                                      .arg(object ? QLatin1String(object->metaObject()->className())
+                                                  : QLatin1String("no object"),
+                                           object ? object->objectName() : QString());
 }
 
 }  // namespace
 
 QVector<Found> foundIn(QWidget* window) {
     QVector<Found> found;
-    collect(QAccessible::queryAccessibleInterface(window), 0, found);
+    gather(QAccessible::queryAccessibleInterface(window), 0, found);
     return found;
 }
 
 QString accessibleTree(QWidget* window) {
     QString text;
-    for (const Found& each : foundIn(window)) text += lineOf(each) + QLatin1Char('\n');
+    for (const Found& each : foundIn(window)) text += treeLine(each) + QLatin1Char('\n');
     return text;
 }
 
