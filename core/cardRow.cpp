@@ -4,6 +4,7 @@
 #include <QListWidget>
 
 #include "core/polish.h"
+#include "core/rowButtons.h"
 #include "core/scale.h"
 
 namespace newpro {
@@ -32,6 +33,7 @@ void appendCard(QListWidget* list, std::unique_ptr<QListWidgetItem> item,
     // Before it joins the list: the sheets around the list are then matched once for each of its
     // widgets, not twice. What this and the next line bring: docs/measures.md.
     polishNow(card.get());
+    offerToTab(card.get(), false);
     // The list lays it out at once.
     QCoreApplication::removePostedEvents(card.get(), QEvent::LayoutRequest);
     forgetWhenDeleted(card.get(), list);

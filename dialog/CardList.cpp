@@ -1,8 +1,10 @@
 #include "dialog/CardList.h"
 
 #include <QEvent>
+#include <QScrollBar>
 
 #include "core/guard.h"
+#include "dialog/RowFocus.h"
 
 namespace newpro {
 
@@ -13,7 +15,9 @@ CardList::CardList(const char* name, const QString& style, QWidget* parent) : QL
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(QAbstractItemView::NoSelection);
-    setFocusPolicy(Qt::NoFocus);
+    setVerticalScrollMode(ScrollPerPixel);
+    verticalScrollBar()->setSingleStep(fontMetrics().lineSpacing());
+    new RowFocus(this);
 }
 
 int CardList::rowsHeight() const {
@@ -34,6 +38,49 @@ bool CardList::viewportEvent(QEvent* event) {
                 return QListWidget::viewportEvent(event);
         }
     });
+}
+
+// An item view would paint all its rows anew for these, to show the current one; see above. Here a
+// ring shows it.
+void CardList::focusInEvent(QFocusEvent*) {}
+void CardList::focusOutEvent(QFocusEvent*) {}
+
+QModelIndex CardList::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
+    return guardedOr("CardList", QModelIndex(), [&] {
+        const int last = count() - 1;
+        int row = currentRow();
+        switch (action) {
+            case MoveUp:
+            case MovePrevious:
+                --row;
+                break;
+            case MoveDown:
+            case MoveNext:
+                ++row;
+                break;
+            case MovePageUp:
+                row -= rowsInSight();
+                break;
+            case MovePageDown:
+                row += rowsInSight();
+                break;
+            case MoveHome:
+                row = 0;
+                break;
+            case MoveEnd:
+                row = last;
+                break;
+            default:
+                break;
+        }
+        return last < 0 ? QModelIndex() : indexFromItem(item(qBound(0, row, last)));
+    });
+}
+
+/// @return how many whole rows are in sight where the list stands; at least 1.
+int CardList::rowsInSight() const {
+    const int rowHeight = count() == 0 ? 0 : rowsHeight() / count();
+    return rowHeight <= 0 ? 1 : qMax(1, visibleRegion().boundingRect().height() / rowHeight);
 }
 
 }  // namespace newpro

@@ -5,7 +5,8 @@
 
 namespace newpro {
 
-/// Cannot be selected, focused or scrolled: whoever holds it gives it the height of its rows.
+/// Cannot be selected. Whoever holds it gives it the height of its rows and scrolls it. It is one
+/// stop of Tab; see RowFocus.
 class CardList : public QListWidget {
     Q_OBJECT
   public:
@@ -17,6 +18,12 @@ class CardList : public QListWidget {
 
   protected:
     bool viewportEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+
+  private:
+    int rowsInSight() const;
 };
 
 }  // namespace newpro

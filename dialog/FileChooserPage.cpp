@@ -2,9 +2,11 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "core/guard.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
 
@@ -66,7 +68,21 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     }
     const int side = scaled(config.sideMargin);
     layout()->setContentsMargins(side, scaled(16), side, scaled(10));
+    caption->setBuddy(combo);
     combo->setAccessibleName(config.caption);
+    // Otherwise called by its placeholder.
+    combo->lineEdit()->setAccessibleName(config.caption);
+}
+
+void FileChooserPage::keyPressEvent(QKeyEvent* event) {
+    guarded("FileChooserPage", [&] {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!enter || !combo->hasFocus() || !combo->currentText().isEmpty())
+            return zBaseWidget::keyPressEvent(event);
+        event->accept();
+        // Last: whoever is told may delete the page.
+        if (!event->isAutoRepeat()) create->click();
+    });
 }
 
 void FileChooserPage::buildPathPanel() {

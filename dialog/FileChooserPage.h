@@ -28,6 +28,11 @@ class FileChooserPage : public zBaseWidget {
     zBaseButton* browseButton() const { return browse; }
     zBaseButton* newButton() const { return create; }
 
+  protected:
+    /// Return in the empty field presses the "new" button, which says what is missing. A text it
+    /// only takes over, as in any field with a list.
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     void buildPathPanel();
     /// @param gap pixels between the path panel and the button.

@@ -1,5 +1,7 @@
 #include "dialog/NewProCfgDialog.h"
 
+#include <QShowEvent>
+
 #include "SharedInterface.h"
 #include "core/guard.h"
 #include "core/hostMessages.h"
@@ -64,10 +66,25 @@ NewProCfgDialog::~NewProCfgDialog() {
 }
 
 void NewProCfgDialog::showEvent(QShowEvent* event) {
-    operate(d, [this, event](Parts&) {
+    operate(d, [this, event](Parts& parts) {
         listenAgain();
         zBaseModal::showEvent(event);
+        if (!event->spontaneous()) parts.focusPage();
     });
+}
+
+/// Whoever opens the dialog can go on by key where its work begins: on the page that is shown. Where
+/// a widget has the focus it keeps it.
+void NewProCfgDialogPrivate::focusPage() {
+    if (q->focusWidget() && q->focusWidget() != q) return;
+    QWidget* page = pageStack->currentWidget();
+    if (page && page == mainPage) page = taxPageStack->currentWidget();
+    if (!page) return;
+    if (page->focusPolicy() & Qt::TabFocus) return page->setFocus(Qt::TabFocusReason);
+    for (QWidget* next = page->nextInFocusChain(); next != page; next = next->nextInFocusChain()) {
+        if (!page->isAncestorOf(next) || next->isHidden()) continue;
+        if (next->focusPolicy() & Qt::TabFocus) return next->setFocus(Qt::TabFocusReason);
+    }
 }
 
 void NewProCfgDialog::listenAgain() {

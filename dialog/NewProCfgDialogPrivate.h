@@ -86,6 +86,9 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     std::unique_ptr<QWidget> templateRow(const QString& text, bool isFile, const QString& path);
     void showTemplateButton();
 
+    // Keyboard.
+    void focusPage();
+
     // Tax-mode pages.
     void leavePage(int page);
     void loadModels();

@@ -28,6 +28,7 @@ TaxPageArea::TaxPageArea(QStackedWidget* pages, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFocusPolicy(Qt::NoFocus);
+    verticalScrollBar()->setSingleStep(fontMetrics().lineSpacing());
     viewport()->setAutoFillBackground(false);
     setWidget(stack);
     stack->setAutoFillBackground(false);

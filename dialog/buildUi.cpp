@@ -131,9 +131,14 @@ void NewProCfgDialogPrivate::buildTaxPages() {
                        new newpro::CardList("lswBusinessTax", indented, taxPageStack)};
     lswTemplateEng = new newpro::CardList("lswTemplateEng", indented, mainPage);
     lswTemplateEng->hide();
+    lswTemplateEng->setAccessibleName(QStringLiteral("模板工程卡片"));
     catalogue.templates = lswTemplateEng;
 
-    for (const auto& list : catalogue.lists) taxPageStack->addWidget(list);
+    for (int mode = 0; mode < newpro::taxModeCount; ++mode) {
+        const auto& list = catalogue.lists[size_t(mode)];
+        list->setAccessibleName(taxRow->button(mode)->text() + QStringLiteral("的计价模型"));
+        taxPageStack->addWidget(list);
+    }
     q->addMoBanWidget();  // puts the tree into the stack
     if (QWidget* page = q->addZcbXjWid()) taxPageStack->addWidget(page);
 }

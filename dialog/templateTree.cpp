@@ -4,9 +4,11 @@
 
 #include "SharedInterface.h"
 #include "core/guard.h"
+#include "core/rowButtons.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
 #include "dialog/NewProCfgDialogPrivate.h"
+#include "dialog/TemplateTreeView.h"
 #include "files/templateScan.h"
 #include "import/templateProjects.h"
 
@@ -86,11 +88,11 @@ QWidget* NewProCfgDialog::addMoBanWidget() {
 
 void NewProCfgDialogPrivate::createTemplateTree() {
     // The stack owns it; without one the window was not built so far.
-    templateTree = new QTreeWidget(taxPageStack.need());
-    templateTree->setObjectName(QStringLiteral("templateTree"));
+    templateTree = new newpro::TemplateTreeView(taxPageStack.need());
     // Before the host is asked anything, so that it is a page whatever comes, and before it has its
     // sheet, which then waits until the page is shown.
     taxPageStack->addWidget(templateTree);
+    templateTree->setAccessibleName(QStringLiteral("模板工程"));
     templateTree->setColumnCount(2);
     templateTree->setHeaderHidden(true);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -163,6 +165,7 @@ QTreeWidgetItem* NewProCfgDialog::addOneRowItem(QString text, QTreeWidgetItem* p
             item->setData(0, pathRole, path);
             parts.templateTreeHasFile = true;
         }
+        newpro::offerToTab(row.get(), false);
         tree->setItemWidget(item, 0, row.release());
         return item;
     };

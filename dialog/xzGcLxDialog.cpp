@@ -36,6 +36,7 @@ xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
         CreateUI();
         InitUI();
         OnlyClose();
+        if (BtnYs) BtnYs->setFocus(Qt::TabFocusReason);
     });
 }
 

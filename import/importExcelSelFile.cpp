@@ -77,6 +77,8 @@ importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
         setWindowFlags(windowFlags() | Qt::Dialog | Qt::WindowCloseButtonHint);
         createUI(this);
         m_bYsSelected = true;
+        // Ahead of what asks the host.
+        if (m_pJjmsCombo) m_pJjmsCombo->setFocus(Qt::TabFocusReason);
         updateModeSelection(applicationType::budget);
     });
 }

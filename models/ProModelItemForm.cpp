@@ -145,6 +145,7 @@ void ProModelItemForm::UpdateDataDisplay() {
 
         if (model.description.isEmpty()) ui->lblDescription->clear();
         descriptionText = QStringLiteral("说明：") + model.description;
+        ui->lblDescription->setAccessibleName(descriptionText);
         describedWidth = -1;
         UpdateDescriptionText();
         initXjButton(ui->btnNewProject);

@@ -124,6 +124,7 @@ Args templateUse(Dice& dice) {
 
 Args open(Dice& dice) {
     if (dice.onceIn(8)) return {{key("dialog"), key("xzGcLxDialog")}};
+    if (dice.onceIn(8)) return named(dice, "entry", ribbonEntries());
     return {};
 }
 

@@ -188,9 +188,10 @@ void MainWindow::adaptToLook() {
     }
 }
 
-void MainWindow::newProject(const QString& kind) {
+void MainWindow::newProject(const QString& entry) {
     const QPointer<NewProCfgDialog> dialog = makeHostDialog({}, store, this);
-    QTimer::singleShot(0, dialog, [dialog, kind] { startWithKind(dialog, kind); });
+    dialog->setProperty(startEntryProperty, entry);
+    QTimer::singleShot(0, dialog, [dialog, entry] { startWithEntry(dialog, entry); });
     dialog->exec();
     delete dialog;
 }

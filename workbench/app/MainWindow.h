@@ -30,8 +30,8 @@ class MainWindow : public QMainWindow {
     /// @param folder the one that was tried; may be empty. @param error the reason.
     void tellBroken(const QString& folder, const QString& error);
     /// Opens the dialog "新建工程" and returns when it has closed.
-    /// @param kind ribbon entry to start with; empty for the dialog's own.
-    void newProject(const QString& kind = QString());
+    /// @param entry of the ribbon to start with; empty for the dialog's own.
+    void newProject(const QString& entry = QString());
     /// Asks for the kind first.
     void chooseKind();
 
@@ -41,6 +41,7 @@ class MainWindow : public QMainWindow {
   private:
     void makeActions();
     void makeMenus();
+    void addStarts(QMenu* menu);
     void makeLanguageMenu(QMenu* view);
     void chooseInstallation();
     void showInstallation();

@@ -16,6 +16,25 @@
 
 namespace workbench {
 
+/// What the dialog's ribbon offers to the mouse alone.
+void MainWindow::addStarts(QMenu* menu) {
+    const struct {
+        QString text, name, entry, shortcut;
+    } starts[] = {{QStringLiteral("新建审核工程"), QStringLiteral("newAuditAction"),
+                   QStringLiteral("审核工程"), QStringLiteral("Ctrl+Shift+A")},
+                  {QStringLiteral("导入Excel新建"), QStringLiteral("importExcelAction"),
+                   QStringLiteral("导入Excel新建"), QStringLiteral("Ctrl+Shift+E")},
+                  {QStringLiteral("导入YFJZ新建"), QStringLiteral("importTenderAction"),
+                   QStringLiteral("导入YFJZ新建"), QStringLiteral("Ctrl+Shift+T")}};
+    for (const auto& start : starts) {
+        QAction* action = menu->addAction(start.text);
+        action->setObjectName(start.name);
+        action->setShortcut(QKeySequence(start.shortcut));
+        connect(action, &QAction::triggered, this,
+                [this, entry = start.entry] { newProject(entry); });
+    }
+}
+
 void MainWindow::makeMenus() {
     const auto named = [this](const char* name) {
         return findChild<QAction*>(QLatin1String(name));
@@ -27,8 +46,9 @@ void MainWindow::makeMenus() {
     };
     QMenu* menu = menuBar()->addMenu(QStringLiteral("工程"));
     menu->setObjectName(QStringLiteral("projectMenu"));
-    menu->addActions({named("newProjectAction"), named("chooseKindAction"),
-                      named("openFolderAction"), named("refreshAction")});
+    menu->addActions({named("newProjectAction"), named("chooseKindAction")});
+    addStarts(menu);
+    menu->addActions({named("openFolderAction"), named("refreshAction")});
     plain(menu, QStringLiteral("查找工程"), "searchAction", [this] {
         projects->focusSearch();
     })->setShortcut(QKeySequence::Find);

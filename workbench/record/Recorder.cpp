@@ -16,6 +16,7 @@
 #include "workbench/journal/Journal.h"
 #include "workbench/record/hits.h"
 #include "workbench/scenario/hands.h"
+#include "workbench/scenario/hostDialog.h"
 #include "workbench/scenario/journalDiff.h"
 
 namespace workbench {
@@ -93,6 +94,12 @@ QJsonObject fileAnswer(const QString& path) {
     return answer;
 }
 
+/// @return the keys of the step that opens this dialog.
+QJsonObject startOf(const QWidget* dialog) {
+    const QString entry = dialog->property(startEntryProperty).toString();
+    return entry.isEmpty() ? QJsonObject() : QJsonObject{{key("entry"), entry}};
+}
+
 bool isModifier(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
 }
@@ -153,7 +160,7 @@ void Recorder::noticeShow(QWidget* window) {
     if (chooser)
         add({key("open"), {{key("dialog"), key("xzGcLxDialog")}}});
     else if (!chosen)
-        add({key("open"), {}});
+        add({key("open"), startOf(window)});
 }
 
 void Recorder::noticePress(QWidget* widget, bool twice) {
@@ -191,7 +198,14 @@ void Recorder::click(QWidget* widget, bool twice) {
 /// The entry of a card's menu completes the step; other pop-ups tell by what they change.
 void Recorder::noticeMenu(QWidget* menu, QEvent* event) {
     const auto* shown = qobject_cast<QMenu*>(menu);
-    if (!shown || menuStep.verb.isEmpty()) return;
+    if (!shown) return;
+    // A menu that was opened by key is gone through by key.
+    if (menuStep.verb.isEmpty()) {
+        const QWidget* owner = menu->parentWidget();
+        if (event->type() == QEvent::KeyPress && owner && isModules(owner->window()))
+            noticeKey(menu, static_cast<QKeyEvent*>(event));
+        return;
+    }
     const QAction* entry = shown->activeAction();
     if (event->type() == QEvent::MouseButtonRelease)
         entry = shown->actionAt(static_cast<QMouseEvent*>(event)->pos());

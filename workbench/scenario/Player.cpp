@@ -1,5 +1,6 @@
 #include "workbench/scenario/Player.h"
 
+#include <QCoreApplication>
 #include <QDialog>
 #include <exception>
 
@@ -64,6 +65,8 @@ void Player::tick() {
         next.start(pollMs);
         return;
     }
+    // A dialog that a key has closed is still on its way out, unlike one that a click has closed.
+    if (busy.isEmpty()) QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     if (takeNextStep()) return attempt(planning());
     const QWidget* top = skips() ? nullptr : topWindow();
     end(top && top != stage.dialog ? QStringLiteral("a window is left open: %1").arg(described(top))

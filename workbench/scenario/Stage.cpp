@@ -5,18 +5,19 @@
 
 namespace workbench {
 
-void Stage::openDialog() {
+void Stage::openDialog(const QString& entry) {
     delete dialog;
     dialog = makeHostDialog(setup, *store, mainWindow);
+    dialog->setProperty(startEntryProperty, entry);
     if (opened) opened(dialog);
     showHostDialog(dialog);
+    startWithEntry(dialog, entry);
 }
 
 void Stage::openChooser() {
     const auto kind = askForKind(mainWindow);
     if (!kind) return;
-    openDialog();
-    startWithKind(dialog, *kind);
+    openDialog(*kind);
 }
 
 QWidget* Stage::window() const {

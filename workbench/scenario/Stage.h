@@ -43,7 +43,8 @@ struct Stage {
     QStringList differences;                       ///< Checks that failed.
     QStringList pictures;                          ///< Files written.
 
-    void openDialog();
+    /// @param entry of the ribbon to start with; empty for the dialog's own.
+    void openDialog(const QString& entry = QString());
     /// Asks for the kind first; returns when the chooser was answered.
     void openChooser();
     /// @return the window that a person works in: pop-up, modal window or dialog; null if none.

@@ -49,7 +49,11 @@ Plan open(Stage& stage, const QJsonObject& args) {
     if (QWidget* top = topWindow())
         return Plan::giveUp(QStringLiteral("an unexpected window is open: %1").arg(described(top)));
     const bool chooser = text(args, "dialog") == QLatin1String("xzGcLxDialog");
-    return Plan::act([&stage, chooser] { chooser ? stage.openChooser() : stage.openDialog(); });
+    const QString entry = text(args, "entry");
+    if (chooser && !entry.isEmpty())
+        return Plan::giveUp(QStringLiteral("the chooser itself says what to start with"));
+    return Plan::act(
+        [&stage, chooser, entry] { chooser ? stage.openChooser() : stage.openDialog(entry); });
 }
 
 Plan ribbon(Stage& stage, const QJsonObject& args) {
@@ -196,7 +200,9 @@ Plan onDialog(Stage& stage, const QJsonObject& args) {
 
 const QVector<Verb>& dialogVerbs() {
     static const QVector<Verb> verbs = {
-        {QStringLiteral("open"), {word("dialog", "NewProCfgDialog xzGcLxDialog")}, open},
+        {QStringLiteral("open"),
+         {word("dialog", "NewProCfgDialog xzGcLxDialog"), field("entry", Shape::Text)},
+         open},
         {QStringLiteral("ribbon"), {needed("entry")}, onDialog<ribbon>},
         {QStringLiteral("taxMode"), {needed("entry")}, onDialog<taxMode>},
         {QStringLiteral("model"),

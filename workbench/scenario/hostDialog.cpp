@@ -57,9 +57,13 @@ std::optional<QString> askForKind(QWidget* parent) {
     return std::nullopt;
 }
 
-void startWithKind(NewProCfgDialog* dialog, const QString& kind) {
-    if (kind.isEmpty()) return;
-    if (QAction* entry = addKindEntry(dialog, kind)) entry->trigger();
+const char startEntryProperty[] = "startEntry";
+
+void startWithEntry(NewProCfgDialog* dialog, const QString& entry) {
+    if (entry.isEmpty()) return;
+    for (QAction* action : dialog->findChildren<QAction*>())
+        if (action->property("name").toString() == entry) return action->trigger();
+    if (QAction* added = addKindEntry(dialog, entry)) added->trigger();
 }
 
 void showHostDialog(NewProCfgDialog* dialog) {

@@ -27,10 +27,13 @@ QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind);
 ///         chooser was cancelled or closed.
 std::optional<QString> askForKind(QWidget* parent);
 
-/// Brings a dialog to a kind, as if its ribbon entry had been picked. Call it where the dialog's
-/// event loop runs: cards that a change of kind replaces are only deleted there.
-/// @param kind ribbon entry; empty leaves the dialog as it is.
-void startWithKind(NewProCfgDialog* dialog, const QString& kind);
+/// Name of the property in which a dialog keeps the entry that it was started with.
+extern const char startEntryProperty[];
+
+/// Brings a dialog to a kind or starts an import, as if its ribbon entry had been picked. Call it
+/// where the dialog's event loop runs: cards that a change of kind replaces are only deleted there.
+/// @param entry of the ribbon, added where it is not there; empty leaves the dialog as it is.
+void startWithEntry(NewProCfgDialog* dialog, const QString& entry);
 
 /// Shows the dialog as a modal window and returns at once.
 void showHostDialog(NewProCfgDialog* dialog);

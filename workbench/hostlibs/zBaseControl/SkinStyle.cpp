@@ -8,6 +8,7 @@
 #include <QStyleOption>
 
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
 
 namespace workbench {
 
@@ -26,6 +27,16 @@ QString scrollBarSheet() {
         .arg(scaled(3))
         .arg(qMax(1, scaled(1)))
         .arg(scaled(28));
+}
+
+/// Two lines wide, so that it is told from the border of what it lies on.
+void drawFocusRing(QPainter& painter, const QRect& rect) {
+    const int line = qMax(1, scaled(1));
+    for (int inset = 0; inset < 2; ++inset) {
+        const int edge = inset * line;
+        drawBox(painter, rect.adjusted(edge, edge, -edge, -edge), Qt::transparent,
+                colour(Tint::AccentLine), 6 - inset);
+    }
 }
 
 // A view may ask for a selection colour of the other skin, on which no text could be read.
@@ -130,7 +141,11 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return;
     }
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
-    if (element == PE_FrameFocusRect && inView) return;
+    if (element == PE_FrameFocusRect) {
+        // The rows of a plain view show the current one by their ground.
+        if (!inView) drawFocusRing(*painter, option->rect);
+        return;
+    }
     if (element == PE_PanelItemViewItem && inView) {
         const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
         if (item && item->backgroundBrush.style() != Qt::NoBrush)

@@ -6,6 +6,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
+#include "workbench/hostlibs/zBaseControl/comboAccessible.h"
 #include "zBaseControl.h"
 
 namespace workbench {
@@ -56,6 +57,7 @@ void applySkin() {
     SkinManager::instance();  // from now on it follows the host's skin and scale
     static bool styled = false;
     if (!styled) QApplication::setStyle(new SkinStyle);
+    makeCombosAccessible();
     styled = true;
 
     const QFont font = TBaseTool::GetDefFont(scaled(13), QFont::Normal);

@@ -221,9 +221,9 @@ bool zBaseButton::event(QEvent* event) {
             break;
         }
         case QEvent::KeyPress: {
-            const int key = static_cast<QKeyEvent*>(event)->key();
-            if (key != Qt::Key_Return && key != Qt::Key_Enter) break;
-            click();
+            const auto* pressed = static_cast<QKeyEvent*>(event);
+            if (pressed->key() != Qt::Key_Return && pressed->key() != Qt::Key_Enter) break;
+            if (!pressed->isAutoRepeat()) click();
             return true;
         }
         case QEvent::Polish:

@@ -69,6 +69,7 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
         button->setMinimumSize(scaled(76), scaled(28));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
         button->setDefault(i == 0);
+        if (i == 0) button->setFocus(Qt::TabFocusReason);
         connect(button, &QPushButton::clicked, this, [this, i] {
             choice = i;
             accept();

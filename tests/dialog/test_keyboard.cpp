@@ -1,0 +1,380 @@
+/// What the keys do in the dialog: where they lead, and what they create.
+#include <QtTest/qtestspontaneevent.h>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <cmath>
+
+#include "tests/dialog/DialogFixture.h"
+
+namespace {
+
+using namespace dialog_tests;
+
+const QString wholeFee = QStringLiteral("整体计费");
+const QString perUnitFee = QStringLiteral("单独计费");
+
+class Keyboard : public DialogTest {
+  protected:
+    void SetUp() override {
+        QList<TaxTemplateInfo> models;
+        for (int i = 0; i < 30; ++i) models << model(QStringLiteral("模型%1").arg(i));
+        host.setModels(QStringLiteral("Kvys"), 0, models);
+        host.configure(
+            QStringLiteral("模型1"),
+            testing_support::pricing(QStringLiteral("模型1"), {wholeFee, perUnitFee}, wholeFee));
+        for (const char* name : {"甲.MODX", "夹/乙.MODX"})
+            host.addTemplate(QStringLiteral("kvys"), QString::fromUtf8(name));
+    }
+    /// Presses a key where the focus is.
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QWidget* focus = dialog->focusWidget();
+        QTest::keyClick(focus ? focus : dialog.get(), code, modifiers);
+        settle();
+    }
+    /// A key that is held: it comes again and again.
+    void hold(Qt::Key code, int times) {
+        for (int i = 0; i < times && dialog && dialog->focusWidget(); ++i) {
+            QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, QStringLiteral("\r"), i > 0);
+            QApplication::sendEvent(dialog->focusWidget(), &event);
+        }
+        settle();
+    }
+    QListWidget* cards() { return list("lswGeneralTax"); }
+    QScrollBar* bar() { return find<QScrollArea>("taxPageArea")->verticalScrollBar(); }
+    QWidget* focused() { return dialog->focusWidget(); }
+    /// @return the row in which the ring is seen; -1 where none is.
+    int ringRow() {
+        const auto rings = cards()->findChildren<QWidget*>(QStringLiteral("focusRing"));
+        EXPECT_LE(rings.size(), 1);
+        for (int row = 0; row < cards()->count(); ++row) {
+            QWidget* shown = card("lswGeneralTax", row);
+            if (rings.isEmpty() || rings[0]->parentWidget() != shown) continue;
+            EXPECT_TRUE(rings[0]->isVisible());
+            EXPECT_EQ(rings[0]->size(), shown->size());
+            return row;
+        }
+        return -1;
+    }
+    void openTree() {
+        open();
+        click(button("templateButton"));
+        settle();
+        tree()->setFocus(Qt::TabFocusReason);
+    }
+    QWidget* treeRow(QTreeWidgetItem* item) { return tree()->itemWidget(item, 0); }
+};
+
+TEST_F(Keyboard, OpensOnTheFirstCard) {
+    open();
+    EXPECT_EQ(focused(), cards());
+    EXPECT_EQ(cards()->currentRow(), 0);
+    EXPECT_EQ(ringRow(), 0);
+}
+
+TEST_F(Keyboard, MovesTheRingFromCardToCardAndScrolls) {
+    open();
+    const int page = find<QScrollArea>("taxPageArea")->viewport()->height() / 80;
+    const struct {
+        Qt::Key code;
+        int row;
+    } steps[] = {
+        {Qt::Key_Down, 1}, {Qt::Key_Down, 2},  {Qt::Key_Up, 1},        {Qt::Key_PageDown, 1 + page},
+        {Qt::Key_End, 29}, {Qt::Key_Down, 29}, {Qt::Key_PageDown, 29}, {Qt::Key_PageUp, 29 - page},
+        {Qt::Key_Home, 0}, {Qt::Key_Up, 0},    {Qt::Key_PageUp, 0}};
+    for (const auto& step : steps) {
+        SCOPED_TRACE(step.code);
+        key(step.code);
+        EXPECT_EQ(cards()->currentRow(), step.row);
+        EXPECT_EQ(ringRow(), step.row);
+        QWidget* shown = card("lswGeneralTax", step.row);
+        EXPECT_EQ(shown->visibleRegion().boundingRect(), shown->rect()) << "scrolled into sight";
+    }
+    EXPECT_EQ(bar()->value(), 0);
+    EXPECT_EQ(journalLines(), Lines{}) << "moving asks the host for nothing";
+}
+
+TEST_F(Keyboard, EnterCreatesFromTheCardWithTheRing) {
+    for (const Qt::Key code : {Qt::Key_Return, Qt::Key_Enter}) {
+        open();
+        key(Qt::Key_Down);
+        key(Qt::Key_Down);
+        key(code);
+        EXPECT_FALSE(dialog->isVisible());
+        EXPECT_EQ(countOf("SignalCreatePro"), 1);
+        EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")), QStringLiteral("模型2"));
+    }
+}
+
+TEST_F(Keyboard, AHeldKeyCreatesOnce) {
+    open();
+    hold(Qt::Key_Return, 5);
+    EXPECT_EQ(countOf("SignalCreatePro"), 1);
+    // Where the host is busy the tree's dialog stays open, and the host is asked once.
+    host.switches().firstPage = workbench::FirstPage::Busy;
+    openTree();
+    tree()->setCurrentItem(tree()->topLevelItem(0));
+    clearJournal();
+    hold(Qt::Key_Return, 5);
+    EXPECT_EQ(countOf("FirstPagePlugin::canStartNew"), 1);
+    key(Qt::Key_Tab);
+    clearJournal();
+    hold(Qt::Key_Return, 5);
+    hold(Qt::Key_Space, 5);
+    EXPECT_EQ(countOf("FirstPagePlugin::canStartNew"), 1);
+}
+
+TEST_F(Keyboard, AKeyThatIsHeldWhileTheDialogOpensCreatesNothing) {
+    open();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+    QApplication::sendEvent(focused(), &held);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(countOf("signal"), 0);
+}
+
+TEST_F(Keyboard, TheListIsOneStopAndTabGoesIntoTheFocusedCard) {
+    open();
+    key(Qt::Key_Down);
+    key(Qt::Key_Tab);
+    QWidget* split = card("lswGeneralTax", 1);
+    EXPECT_TRUE(split->isAncestorOf(focused()));
+    EXPECT_EQ(qobject_cast<QAbstractButton*>(focused())->text(), QStringLiteral("新建"));
+    EXPECT_EQ(ringRow(), -1) << "the button shows its own";
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(split->isAncestorOf(focused()));
+    EXPECT_EQ(focused()->accessibleName(), QStringLiteral("选择计费方式"));
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused(), button("generalTaxButton")) << "and on, whatever cards there are";
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), cards()) << "from behind the list is one stop, too";
+    EXPECT_EQ(ringRow(), 1);
+}
+
+TEST_F(Keyboard, ArrowsInACardsButtonLeadToTheNextCard) {
+    open();
+    key(Qt::Key_Tab);
+    EXPECT_NE(focused(), cards());
+    key(Qt::Key_Down);
+    EXPECT_EQ(focused(), cards());
+    EXPECT_EQ(ringRow(), 1);
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(card("lswGeneralTax", 1)->isAncestorOf(focused()));
+}
+
+TEST_F(Keyboard, TheMenuOfFeeModesOpensByKeyAndCreates) {
+    const struct {
+        Qt::Key code;
+        Qt::KeyboardModifiers modifiers;
+    } ways[] = {{Qt::Key_Menu, Qt::NoModifier}, {Qt::Key_Down, Qt::AltModifier}};
+    for (const auto& way : ways) {
+        open();
+        key(Qt::Key_Down);
+        bool seen = false;
+        QTimer::singleShot(0, dialog.get(), [&seen] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_TRUE(menu);
+            seen = true;
+            EXPECT_EQ(menu->activeAction(), menu->actions().constFirst());
+            QTest::keyClick(menu, Qt::Key_Down);
+            QTest::keyClick(menu, Qt::Key_Return);
+        });
+        key(way.code, way.modifiers);
+        EXPECT_TRUE(seen);
+        EXPECT_EQ(countOf("SignalCreatePro"), 1);
+    }
+}
+
+TEST_F(Keyboard, ACardWithoutFeeModesHasNoMenu) {
+    open();
+    key(Qt::Key_Menu);
+    key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(cards()->currentRow(), 0);
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(Keyboard, TheTreeIsOneStopAndItsKeysMoveFoldAndCreate) {
+    openTree();
+    QTreeWidgetItem* file = tree()->topLevelItem(0);
+    QTreeWidgetItem* folder = tree()->topLevelItem(1);
+    if (folder->childCount() == 0) std::swap(file, folder);
+    ASSERT_EQ(folder->childCount(), 1);
+    key(Qt::Key_Home);
+    tree()->setCurrentItem(folder);
+    key(Qt::Key_Left);
+    EXPECT_FALSE(folder->isExpanded());
+    key(Qt::Key_Return);
+    EXPECT_TRUE(folder->isExpanded()) << "Enter on a folder unfolds it";
+    key(Qt::Key_Tab);
+    EXPECT_FALSE(tree()->isAncestorOf(focused())) << "a folder has no button";
+    key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(focused(), tree());
+    tree()->setCurrentItem(folder->child(0));
+    EXPECT_TRUE(treeRow(folder->child(0))->findChild<QWidget*>(QStringLiteral("focusRing")));
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(treeRow(folder->child(0))->isAncestorOf(focused()));
+    key(Qt::Key_Up);
+    EXPECT_EQ(focused(), tree());
+    tree()->setCurrentItem(file);
+    clearJournal();
+    key(Qt::Key_Return);
+    EXPECT_EQ(journalLines({"SignalCreateMB"}),
+              Lines{"signal SignalCreateMB(4, 44, \"" +
+                    host.path(QStringLiteral("MBSC/kvys/甲.MODX")).toStdString() + "\")"});
+}
+
+TEST_F(Keyboard, AReceiverMayDeleteTheDialog) {
+    QPointer<NewProCfgDialog> alive;
+    const auto expectGone = [&](Qt::Key code) {
+        alive = dialog.get();
+        QObject::connect(dialog.get(), &QDialog::finished, [this] { dialog.reset(); });
+        QTest::keyClick(focused(), code);
+        settle();
+        EXPECT_FALSE(alive);
+        EXPECT_EQ(countOf("exception"), 0);
+    };
+    open();
+    expectGone(Qt::Key_Return);
+    open();
+    key(Qt::Key_Tab);
+    expectGone(Qt::Key_Return);
+    openTree();
+    tree()->setCurrentItem(tree()->topLevelItem(tree()->topLevelItem(0)->childCount() ? 1 : 0));
+    expectGone(Qt::Key_Return);
+    open();
+    key(Qt::Key_Down);
+    QTimer::singleShot(0, dialog.get(), [] {
+        QWidget* menu = QApplication::activePopupWidget();
+        ASSERT_TRUE(menu);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    expectGone(Qt::Key_Menu);
+}
+
+TEST_F(Keyboard, ListsAreRefilledUnderTheRing) {
+    open();
+    key(Qt::Key_End);
+    host.setModels(QStringLiteral("Kvys"), 0, {model(QStringLiteral("单"))});
+    call("GetModelCfgAndInitData");
+    settle();
+    key(Qt::Key_Home);
+    EXPECT_EQ(ringRow(), 0);
+    host.clearModels();
+    call("GetModelCfgAndInitData");
+    settle();
+    for (const Qt::Key code :
+         {Qt::Key_Down, Qt::Key_End, Qt::Key_PageUp, Qt::Key_Return, Qt::Key_Menu, Qt::Key_Space}) {
+        key(code);
+    }
+    EXPECT_EQ(ringRow(), -1);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(countOf("signal") + countOf("exception"), 0);
+}
+
+TEST_F(Keyboard, TheMouseMovesTheCurrentCardWithoutARing) {
+    open();
+    button("generalTaxButton")->setFocus(Qt::TabFocusReason);
+    QWidget* third = card("lswGeneralTax", 2);
+    QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      third->mapTo(dialog.get(), QPoint(20, 20)));
+    EXPECT_EQ(focused(), cards());
+    EXPECT_EQ(cards()->currentRow(), 2);
+    EXPECT_EQ(ringRow(), -1);
+    key(Qt::Key_Down);
+    EXPECT_EQ(ringRow(), 3);
+}
+
+TEST_F(Keyboard, TheWheelScrollsByPixels) {
+    const auto turn = [](QWidget* over, int angle) {
+        const QPoint middle = over->rect().center();
+        QWheelEvent event(middle, over->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&event);  // only such a one goes on to what is around
+        qApp->notify(over, &event);
+    };
+    open();
+    QWidget* shown = find<QScrollArea>("taxPageArea")->viewport();
+    turn(cards()->viewport(), -120);
+    EXPECT_GT(bar()->value(), 0);
+    EXPECT_LT(bar()->value(), 80) << "a notch is less than a card";
+    const int before = bar()->value();
+    turn(cards()->viewport(), -16);
+    EXPECT_GT(bar()->value(), before) << "a touchpad sends parts of a notch";
+    EXPECT_LT(bar()->value(), before + 12);
+    EXPECT_GT(shown->height(), 80);
+    for (int i = 0; i < 40; ++i)
+        host.addTemplate(QStringLiteral("kvys"), QStringLiteral("模板%1.MODX").arg(i));
+    openTree();
+    const int rowHeight = tree()->visualItemRect(tree()->topLevelItem(0)).height();
+    turn(tree()->viewport(), -16);
+    const int offset = -tree()->visualItemRect(tree()->topLevelItem(0)).top();
+    EXPECT_GT(offset, 0);
+    EXPECT_LT(offset, rowHeight) << "not by whole rows";
+    EXPECT_EQ(tree()->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
+}
+
+TEST_F(Keyboard, TheRingIsSeenInEverySkin) {
+    for (const char* skin : {"light", "dark"}) {
+        workbench::Host::instance().setSkin(QLatin1String(skin));
+        open();
+        QWidget* first = card("lswGeneralTax", 0);
+        const QColor ring = first->grab().toImage().pixelColor(first->width() / 2, 0);
+        key(Qt::Key_Down);
+        const QImage plain = first->grab().toImage();
+        const auto luminance = [](const QColor& colour) {
+            const auto linear = [](qreal part) {
+                return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+            };
+            return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+                   0.0722 * linear(colour.blueF()) + 0.05;
+        };
+        const qreal one = luminance(ring);
+        const qreal other = luminance(plain.pixelColor(first->width() / 2, first->height() / 2));
+        EXPECT_GE(qMax(one, other) / qMin(one, other), 3.0) << skin;
+    }
+}
+
+TEST_F(Keyboard, ReturnInAnEmptyFieldDoesWhatTheNewButtonDoes) {
+    for (const bool audit : {true, false}) {
+        open();
+        if (!audit) addKindOnMainPage(contractingLabel);
+        pick(audit ? auditLabel : contractingLabel);
+        if (!audit) click(button("budgetButton"));
+        auto* page = find<QWidget>(audit ? "auditPage" : "contractingPage");
+        clearJournal();
+        click(child<zBaseButton>(page, "newButton"));
+        const Lines byButton = flowLines();
+        EXPECT_FALSE(byButton.empty());
+        clearJournal();
+        child<QComboBox>(page, "fileCombo")->setFocus();
+        hold(Qt::Key_Return, 3);
+        EXPECT_EQ(flowLines(), byButton);
+    }
+}
+
+TEST_F(Keyboard, AFilePageTakesTheFocusIntoItsField) {
+    open();
+    pick(auditLabel);
+    EXPECT_EQ(focused(), find<QWidget>("auditPage")->findChild<QComboBox*>());
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused()->objectName(), QStringLiteral("browseButton"));
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused()->objectName(), QStringLiteral("newButton"));
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused(), find<QWidget>("auditPage")->findChild<QComboBox*>());
+}
+
+TEST_F(Keyboard, EscapeClosesFromEveryStop) {
+    for (int stops = 0; stops < 5; ++stops) {
+        open();
+        for (int i = 0; i < stops; ++i) key(Qt::Key_Tab);
+        key(Qt::Key_Escape);
+        EXPECT_FALSE(dialog->isVisible()) << stops;
+        EXPECT_EQ(countOf("signal"), 0);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,10 @@
+/// What a screen reader finds in a field with a list.
+#pragma once
+
+namespace workbench {
+
+/// From here on such fields tell their names and values apart, and their lists only while they are
+/// open. Once for the process; further calls do nothing.
+void makeCombosAccessible();
+
+}  // namespace workbench
