@@ -16,37 +16,37 @@ using workbench::PlayResult;
 using workbench::Recorder;
 using workbench::Scenario;
 
-const char* const calls = "it calls slots and signals";
+const char* const throughCalls = "it calls slots and signals";
 const char* const hiddenCards = "it uses the list of template cards, which no mouse reaches";
 
 /// The scenarios that do what no hand can, and why: the recorder cannot see it.
 const struct {
     const char* name;
     const char* reason;
-} beyondHands[] = {{"calls-browse", calls},
-                   {"calls-creation", calls},
-                   {"calls-history", calls},
-                   {"calls-models", calls},
-                   {"calls-pages", calls},
-                   {"cloud-broken", calls},
-                   {"cloud-disk-alone", calls},
-                   {"cloud-folders-refused", calls},
-                   {"cloud-other-user", calls},
-                   {"cloud-path-resolved", calls},
-                   {"cloud-personal-resolved", calls},
-                   {"cloud-refused", calls},
-                   {"cloud-slow", calls},
-                   {"create-from-page-data", calls},
+} beyondHands[] = {{"calls-browse", throughCalls},
+                   {"calls-creation", throughCalls},
+                   {"calls-history", throughCalls},
+                   {"calls-models", throughCalls},
+                   {"calls-pages", throughCalls},
+                   {"cloud-broken", throughCalls},
+                   {"cloud-disk-alone", throughCalls},
+                   {"cloud-folders-refused", throughCalls},
+                   {"cloud-other-user", throughCalls},
+                   {"cloud-path-resolved", throughCalls},
+                   {"cloud-personal-resolved", throughCalls},
+                   {"cloud-refused", throughCalls},
+                   {"cloud-slow", throughCalls},
+                   {"create-from-page-data", throughCalls},
                    {"flow-template-card-is-listed-next", hiddenCards},
                    {"history-layouts", "the host hands the open dialog another history"},
-                   {"page-data-audit", calls},
-                   {"page-data-budget", calls},
-                   {"page-data-contracting", calls},
-                   {"page-data-estimate", calls},
-                   {"page-data-of-no-case", calls},
-                   {"page-data-settlement", calls},
-                   {"signals-never-sent", calls},
-                   {"slots-without-page", calls},
+                   {"page-data-audit", throughCalls},
+                   {"page-data-budget", throughCalls},
+                   {"page-data-contracting", throughCalls},
+                   {"page-data-estimate", throughCalls},
+                   {"page-data-of-no-case", throughCalls},
+                   {"page-data-settlement", throughCalls},
+                   {"signals-never-sent", throughCalls},
+                   {"slots-without-page", throughCalls},
                    {"template-card-double-click", hiddenCards},
                    {"template-card-host-absent", hiddenCards},
                    {"template-card-host-busy", hiddenCards},
