@@ -1,6 +1,7 @@
 #include "workbench/app/MainWindow.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QDesktopServices>
 #include <QDir>
 #include <QDockWidget>
@@ -13,6 +14,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
+#include <iterator>
 
 #include "dialog/NewProCfgDialog.h"
 #include "workbench/app/HostPanel.h"
@@ -38,23 +40,48 @@ QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:1px soli
 QToolBar{border:none;border-bottom:1px solid @line;padding:#4#px #6#px;spacing:#4#px}
 QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
 QToolButton:hover{background:@title}
+QToolButton:pressed{background:@pressed}
+QToolButton:checked{background:@selected}
+QToolButton:disabled{color:@faint}
 QMenuBar{border-bottom:1px solid @line}
 QStatusBar{border-top:1px solid @line}
 QStatusBar::item{border:none}
 QTreeView::item{padding:#3#px #4#px}
 QLineEdit,QPlainTextEdit{background:@field;border:1px solid @border;border-radius:#4#px;
 padding:#3#px #4#px}
-QCheckBox::indicator:unchecked{background:@field;border:1px solid @border;border-radius:#3#px}
+QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
+QLineEdit:focus,QPlainTextEdit:focus{border:2px solid @focus;padding:#2#px #3#px}
+QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
 )");
-    const std::pair<QLatin1String, Tint> tints[] = {{QLatin1String("@line"), Tint::Divider},
-                                                    {QLatin1String("@title"), Tint::Hover},
-                                                    {QLatin1String("@text"), Tint::Text},
-                                                    {QLatin1String("@field"), Tint::Field},
-                                                    {QLatin1String("@border"), Tint::Border}};
+    const std::pair<QLatin1String, Tint> tints[] = {
+        {QLatin1String("@line"), Tint::Divider},      {QLatin1String("@title"), Tint::Hover},
+        {QLatin1String("@text"), Tint::Text},         {QLatin1String("@field"), Tint::Field},
+        {QLatin1String("@border"), Tint::Border},     {QLatin1String("@focus"), Tint::AccentLine},
+        {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
+        {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {3, 4, 5, 6, 7, 8, 12})
+    for (const int size : {2, 3, 4, 5, 6, 7, 8, 12})
         sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(scaled(size)));
     return sheet;
+}
+
+struct SkinName {
+    QLatin1String word;
+    const char* text;
+};
+
+const SkinName skinNames[] = {{lightSkin, "浅色"}, {darkSkin, "深色"}, {contrastSkin, "高对比度"}};
+
+QString pictureOf(const QString& skin) {
+    return QStringLiteral(":/Image/Workbench/skin-%1.svg").arg(skin);
+}
+
+/// Puts on the skin after the current one.
+void nextSkin() {
+    Host& host = Host::instance();
+    const int count = int(std::size(skinNames));
+    for (int i = 0; i < count; ++i)
+        if (host.skin() == skinNames[i].word) return host.setSkin(skinNames[(i + 1) % count].word);
 }
 
 }  // namespace
@@ -103,12 +130,10 @@ void MainWindow::makeActions() {
             QDesktopServices::openUrl(
                 QUrl::fromLocalFile(Host::instance().installation().projectFolder()));
         });
-    QAction* refresh = addAction(QStringLiteral("刷新"), "file", "refreshAction", "F5",
+    QAction* refresh = addAction(QStringLiteral("刷新"), "refresh", "refreshAction", "F5",
                                  [this] { projects->refresh(); });
-    QAction* skin = addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction", "", [] {
-        Host& host = Host::instance();
-        host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
-    });
+    QAction* skin =
+        addAction(QStringLiteral("切换皮肤"), "skin-light", "skinAction", "", [] { nextSkin(); });
     tools->setObjectName(QStringLiteral("tools"));
     tools->setMovable(false);
     tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -121,6 +146,20 @@ void MainWindow::makeActions() {
     QMenu* view = menuBar()->addMenu(QStringLiteral("视图"));
     view->setObjectName(QStringLiteral("viewMenu"));
     view->addAction(skin);
+    addSkins(view->addMenu(QStringLiteral("皮肤")));
+}
+
+/// One entry for each skin, of which the current one is marked.
+void MainWindow::addSkins(QMenu* menu) {
+    auto* group = new QActionGroup(this);
+    for (const SkinName& skin : skinNames) {
+        QAction* action = menu->addAction(QString::fromUtf8(skin.text));
+        action->setObjectName(QLatin1String("skin.") + skin.word);
+        action->setProperty(pictureProperty, pictureOf(skin.word));
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [skin] { Host::instance().setSkin(skin.word); });
+    }
 }
 
 void MainWindow::makeDocks() {
@@ -154,6 +193,10 @@ void MainWindow::makeStatusBar() {
 }
 
 void MainWindow::adaptToLook() {
+    const QString worn = Host::instance().skin();
+    findChild<QAction*>(QStringLiteral("skinAction"))
+        ->setProperty(pictureProperty, pictureOf(worn));
+    findChild<QAction*>(QStringLiteral("skin.") + worn)->setChecked(true);
     // Not on the window: a dialog above it would inherit the sheet, and open more slowly.
     const QString sheet = partSheet();
     for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))

@@ -7,6 +7,7 @@
 #include "workbench/hostlibs/common/ProjectStore.h"
 
 class QLabel;
+class QMenu;
 
 namespace workbench {
 
@@ -27,6 +28,7 @@ class MainWindow : public QMainWindow {
     void makeActions();
     QAction* addAction(const QString& text, const char* picture, const char* objectName,
                        const char* shortcut, const std::function<void()>& work);
+    void addSkins(QMenu* menu);
     void makeDocks();
     void makeStatusBar();
     void adaptToLook();

@@ -52,7 +52,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     buttons->setSpacing(scaled(8));
     buttons->addStretch(1);
     auto* login = windowButton("loginButton", QStringLiteral("登录"), this);
-    login->setControlType(NewButtonType);
+    login->setControlType(DefaultActionType);
     login->setDefault(true);
     auto* cancel = windowButton("cancelButton", QStringLiteral("取消"), this);
     buttons->addWidget(login);

@@ -176,7 +176,7 @@ QWidget* OpenDialogView::buttonRow() {
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
-    openButton->setControlType(NewButtonType);
+    openButton->setControlType(DefaultActionType);
     openButton->setDefault(true);
     cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
     layout->addWidget(messageLabel, 1);
@@ -195,7 +195,7 @@ void OpenDialogView::applyColours() {
             "QTreeView::item:selected{background:%6;color:%7}"
             "QHeaderView::section{background:%5;color:%8;border:none;"
             "border-right:1px solid %2;border-bottom:1px solid %2;padding:%9px %4px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
+            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
             .arg(scaled(27))
             .arg(scaled(6))
             .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),

@@ -8,17 +8,19 @@
 #include <QStyleOption>
 
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/formControls.h"
 
 namespace workbench {
 
 namespace {
 
-// A colour between both skins, so that nothing has to be done when the skin changes.
+// Colours that can be seen in every skin, so that nothing has to be done when the skin changes.
 QString scrollBarSheet() {
     return QStringLiteral(
                "QScrollBar{background:transparent;border:none;margin:0}"
-               "QScrollBar::handle{background:rgba(135,148,168,125);border-radius:%1px;margin:%2px}"
-               "QScrollBar::handle:hover{background:rgba(135,148,168,215)}"
+               "QScrollBar::handle{background:#8791A3;border-radius:%1px;margin:%2px}"
+               "QScrollBar::handle:hover{background:#6C788C}"
                "QScrollBar::handle:vertical{min-height:%3px}"
                "QScrollBar::handle:horizontal{min-width:%3px}"
                "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0}"
@@ -32,6 +34,13 @@ QString scrollBarSheet() {
 QColor legible(const QColor& selection) {
     const int distance = qAbs(selection.lightness() - colour(Tint::Text).lightness());
     return distance < 80 ? colour(Tint::Selected) : selection;
+}
+
+void drawHeaderSection(QPainter& painter, const QRect& rect) {
+    const int line = qMax(1, scaled(1));
+    painter.fillRect(rect, colour(Tint::Hover));
+    painter.fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line, colour(Tint::Divider));
+    painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
 }  // namespace
@@ -108,19 +117,35 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
+void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && combo) return drawComboBox(*painter, *combo);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
 void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
-    if (element != CE_HeaderSection) {
-        QProxyStyle::drawControl(element, option, painter, widget);
-        return;
+    if (element == CE_HeaderSection) return drawHeaderSection(*painter, option->rect);
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element == CE_ComboBoxLabel && combo && combo->currentIcon.isNull()) {
+        const QRect room = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);
+        return drawComboBoxText(*painter, *combo, room);
     }
-    const QRect& rect = option->rect;
-    const int line = qMax(1, scaled(1));
-    painter->fillRect(rect, colour(Tint::Hover));
-    painter->fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line,
-                      colour(Tint::Divider));
-    painter->fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(),
-                      colour(Tint::Divider));
+    const auto* tick = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == CE_CheckBoxLabel && tick) return drawCheckBoxText(*painter, *tick);
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                              const QWidget* widget) const {
+    const char* drawing = which == SP_TitleBarCloseButton   ? "close"
+                          : which == SP_LineEditClearButton ? "clear"
+                                                            : nullptr;
+    if (!drawing) return QProxyStyle::standardIcon(which, option, widget);
+    const int side = scaled(16);
+    return QIcon(pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
+                          {side, side}, widget ? widget->devicePixelRatioF() : 1));
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -129,8 +154,13 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         painter->fillRect(option->rect, colour(Tint::Divider));
         return;
     }
+    if (element == PE_IndicatorCheckBox) return drawCheckBox(*painter, *option);
+    if (element == PE_PanelButtonCommand) return drawPushButton(*painter, *option);
+    if (element == PE_FrameMenu)
+        return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
-    if (element == PE_FrameFocusRect && inView) return;
+    if (element == PE_FrameFocusRect)
+        return inView ? void() : drawFocusRing(*painter, option->rect);
     if (element == PE_PanelItemViewItem && inView) {
         const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
         if (item && item->backgroundBrush.style() != Qt::NoBrush)

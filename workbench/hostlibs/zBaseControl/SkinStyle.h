@@ -1,4 +1,4 @@
-/// What the application takes from the skin, and the widget style of both skins.
+/// What the application takes from the skin, and the widget style of all skins.
 #pragma once
 
 #include <QProxyStyle>
@@ -32,6 +32,10 @@ class SkinStyle : public QProxyStyle {
                   QStyleHintReturn* more) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -84,6 +84,18 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
     painter.drawPixmap(right, bottom, corners, size, size, size, size);
 }
 
+void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle::State state) {
+    const bool enabled = state & QStyle::State_Enabled;
+    const bool focused = enabled && (state & QStyle::State_HasFocus);
+    const bool active = focused || (enabled && (state & QStyle::State_MouseOver));
+    drawBox(painter, rect, enabled ? fill : colour(Tint::Disabled),
+            colour(active ? Tint::AccentLine : Tint::Border), kFieldRadius);
+    if (!focused) return;
+    const int line = qMax(1, scaled(1));
+    drawBox(painter, rect.adjusted(line, line, -line, -line), Qt::transparent,
+            colour(Tint::AccentLine), kFieldRadius - 1);
+}
+
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled) {
     const QColor pen = colour(enabled ? Tint::Muted : Tint::Faint);
     painter.save();

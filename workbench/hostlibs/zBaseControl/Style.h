@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPainter>
+#include <QStyle>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
@@ -26,6 +27,9 @@ enum ControlType {
 void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& border,
              double radius);
 
+/// Fills and outlines a field that takes input or opens a list: doubly while the keys go to it.
+void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle::State state);
+
 /// The arrow of a field that drops something down.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
 
@@ -37,6 +41,7 @@ QRegion roundedRegion(const QRect& rect, double radius);
 void roundCorners(QWidget* window, double radius);
 
 constexpr double kMenuRadius = 6;
+constexpr double kFieldRadius = 4;
 
 }  // namespace workbench
 

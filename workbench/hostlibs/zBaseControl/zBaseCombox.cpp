@@ -92,10 +92,12 @@ QSize zBaseCombox::sizeHint() const {
 }
 
 void zBaseCombox::paintEvent(QPaintEvent*) {
-    const bool active = isEnabled() && (hasFocus() || underMouse() || view()->isVisible());
     QPainter painter(this);
-    workbench::drawBox(painter, rect(), isEnabled() ? normalBackColor() : colour(Tint::Surface),
-                       colour(active ? Tint::AccentLine : Tint::Border), 4);
+    QStyle::State state;
+    state.setFlag(QStyle::State_Enabled, isEnabled());
+    state.setFlag(QStyle::State_HasFocus, hasFocus());
+    state.setFlag(QStyle::State_MouseOver, underMouse() || view()->isVisible());
+    workbench::drawField(painter, rect(), normalBackColor(), state);
     const int arrowRoom = scaled(24);
     if (!isEditable())
         rowsOf(this)->drawEntry(painter, rect().adjusted(scaled(8), 0, -arrowRoom, 0),

@@ -33,7 +33,7 @@ void zBaseWidget::paintEvent(QPaintEvent*) {
         // The gap between neighbouring cards belongs to the cards: lists lay them edge to edge.
         const QRect card = rect().adjusted(0, scaled(2), 0, -scaled(2));
         workbench::drawBox(painter, card, hovered ? colour(Tint::CardHover) : normalBackColor(),
-                           colour(hovered ? Tint::AccentLine : Tint::Border), 6);
+                           colour(hovered ? Tint::AccentLine : Tint::Line), 6);
     } else if (look->background.isValid()) {
         painter.fillRect(rect(), look->background);
     }
