@@ -35,22 +35,22 @@ const int messageMs = 8000;
 /// stand out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
 QString partSheet() {
     QString sheet = QStringLiteral(R"(
-QSplitter::handle{background:@line;width:1px}
-QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:1px solid @line}
-QToolBar{border:none;border-bottom:1px solid @line;padding:#4#px #6#px;spacing:#4#px}
+QSplitter::handle{background:@line;width:#1#px}
+QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:#1#px solid @line}
+QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #6#px;spacing:#4#px}
 QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
 QToolButton:hover{background:@title}
 QToolButton:pressed{background:@pressed}
 QToolButton:checked{background:@selected}
 QToolButton:disabled{color:@faint}
-QMenuBar{border-bottom:1px solid @line}
-QStatusBar{border-top:1px solid @line}
+QMenuBar{border-bottom:#1#px solid @line}
+QStatusBar{border-top:#1#px solid @line}
 QStatusBar::item{border:none}
 QTreeView::item{padding:#3#px #4#px}
-QLineEdit,QPlainTextEdit{background:@field;border:1px solid @border;border-radius:#4#px;
+QLineEdit,QPlainTextEdit{background:@field;border:#1#px solid @border;border-radius:#4#px;
 padding:#3#px #4#px}
 QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
-QLineEdit:focus,QPlainTextEdit:focus{border:2px solid @focus;padding:#2#px #3#px}
+QLineEdit:focus,QPlainTextEdit:focus{border:#2#px solid @focus;padding:#2#px #3#px}
 QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
 )");
     const std::pair<QLatin1String, Tint> tints[] = {
@@ -60,8 +60,8 @@ QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
         {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
         {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {2, 3, 4, 5, 6, 7, 8, 12})
-        sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(scaled(size)));
+    for (const int size : {1, 2, 3, 4, 5, 6, 7, 8, 12})
+        sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
     return sheet;
 }
 

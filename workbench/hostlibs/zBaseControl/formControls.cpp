@@ -65,9 +65,9 @@ void drawPushButton(QPainter& painter, const QStyleOption& option) {
     if (option.state & QStyle::State_On) fill = Tint::Selected;
     if (option.state & QStyle::State_Sunken) fill = Tint::Pressed;
     if (!(option.state & QStyle::State_Enabled)) fill = Tint::Disabled;
-    const bool lit = fill != Tint::Card && fill != Tint::Disabled;
-    drawBox(painter, option.rect, colour(fill), colour(lit ? Tint::AccentLine : Tint::Border),
-            kFieldRadius);
+    QStyle::State state = option.state;
+    state.setFlag(QStyle::State_MouseOver, fill != Tint::Card);
+    drawField(painter, option.rect, colour(fill), state);
 }
 
 void drawFocusRing(QPainter& painter, const QRect& rect) {
