@@ -6,6 +6,7 @@
 #include "dialog/xzGcLxDialog.h"
 #include "import/importExcelSelFile.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/ScaleLimit.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/hostlibs/zControl/MessageBox.h"
@@ -76,6 +77,17 @@ std::unique_ptr<QWidget> box(const char* picture) {
         QStringList{QStringLiteral("确定"), QStringLiteral("取消")}, picture, nullptr));
 }
 
+/// As on a screen that holds every scale.
+std::unique_ptr<QWidget> mainWindow() {
+    const double scale = workbench::Host::instance().scale();
+    auto window = std::make_unique<workbench::MainWindow>();
+    window->show();
+    window->findChild<workbench::ScaleLimit*>()->fit({3840, 2160});
+    window->resize(int(1280 * scale), int(820 * scale));
+    settle();
+    return window;
+}
+
 }  // namespace
 
 const std::vector<Page>& allPages() {
@@ -92,7 +104,7 @@ const std::vector<Page>& allPages() {
         {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
-        {"mainWindow", [] { return shown(std::make_unique<workbench::MainWindow>()); }}};
+        {"mainWindow", mainWindow}};
     return pages;
 }
 

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
@@ -90,7 +91,21 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
         const int index = box->findData(each.get().toVariant().toString());
         if (index >= 0) box->setCurrentIndex(index);
     });
-    form->addRow(caption, box);
+    auto* cell = new QVBoxLayout;
+    cell->addWidget(box);
+    auto* note = new QLabel;
+    note->setObjectName(each.field.key + QStringLiteral(".note"));
+    note->setWordWrap(true);
+    note->hide();
+    cell->addWidget(note);
+    form->addRow(caption, cell);
+}
+
+void HostPanel::setNote(const QString& key, const QString& text) {
+    auto* note = findChild<QLabel*>(key + QStringLiteral(".note"));
+    note->setText(text);
+    note->setVisible(!text.isEmpty());
+    if (!text.isEmpty()) ensureWidgetVisible(note);
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,

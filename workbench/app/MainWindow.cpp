@@ -20,6 +20,7 @@
 #include "workbench/app/HostPanel.h"
 #include "workbench/app/JournalPanel.h"
 #include "workbench/app/ProjectPanel.h"
+#include "workbench/app/ScaleLimit.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/scenario/hostDialog.h"
@@ -46,7 +47,6 @@ QToolButton:disabled{color:@faint}
 QMenuBar{border-bottom:#1#px solid @line}
 QStatusBar{border-top:#1#px solid @line}
 QStatusBar::item{border:none}
-QTreeView::item{padding:#3#px #4#px}
 QLineEdit,QPlainTextEdit{background:@field;border:#1#px solid @border;border-radius:#4#px;
 padding:#3#px #4#px}
 QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
@@ -93,6 +93,7 @@ MainWindow::MainWindow()
     makeActions();
     makeDocks();
     makeStatusBar();
+    watchScale();
     Host& host = Host::instance();
     host.setMainWindow(this);
     connect(projects, &ProjectPanel::refreshed, this, &MainWindow::showCount);
@@ -190,6 +191,22 @@ void MainWindow::makeStatusBar() {
     statusBar()->addPermanentWidget(count);
     const QString folder = QDir::toNativeSeparators(Host::instance().installation().folder);
     statusBar()->addPermanentWidget(new QLabel(QStringLiteral("安装目录：") + folder));
+}
+
+/// Says beside the switch and in the status bar when a scale does not fit the screen.
+void MainWindow::watchScale() {
+    auto* label = new QLabel;
+    label->setObjectName(QStringLiteral("scaleNotice"));
+    statusBar()->insertPermanentWidget(0, label);
+    auto* limit = new ScaleLimit(this);
+    auto* panel = findChild<HostPanel*>();
+    const auto tell = [label, limit, panel] {
+        label->setText(limit->notice());
+        label->setVisible(!limit->notice().isEmpty());
+        panel->setNote(QStringLiteral("scale"), limit->notice());
+    };
+    connect(limit, &ScaleLimit::changed, label, tell);
+    tell();
 }
 
 void MainWindow::adaptToLook() {

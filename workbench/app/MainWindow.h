@@ -31,6 +31,7 @@ class MainWindow : public QMainWindow {
     void addSkins(QMenu* menu);
     void makeDocks();
     void makeStatusBar();
+    void watchScale();
     void adaptToLook();
     void showCreated(const QString& path);
     void showCount();

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPlainTextEdit>
+#include <QScrollArea>
 #include <QTreeWidget>
 
 #include "workbench/hostlibs/common/Host.h"
@@ -106,7 +107,13 @@ QWidget* ProjectPanel::makeDetails() {
     request->setReadOnly(true);
     request->setLineWrapMode(QPlainTextEdit::NoWrap);
     layout->addWidget(request, 1);
-    return details;
+    // In a low window the request keeps its height, and one scrolls to what is below.
+    auto* area = new QScrollArea;
+    area->setWidget(details);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return area;
 }
 
 void ProjectPanel::adaptToScale() {
@@ -116,9 +123,10 @@ void ProjectPanel::adaptToScale() {
     header->resizeSection(Kind, scaled(110));
     header->resizeSection(Created, scaled(130));
     list->setMinimumWidth(scaled(420));
+    request->setMinimumHeight(scaled(120));
     title->setFont(TBaseTool::GetDefFont(scaled(16), QFont::Bold));
     QWidget* details = title->parentWidget();
-    details->setMinimumWidth(scaled(260));
+    widget(1)->setMinimumWidth(scaled(270));
     details->layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
     details->layout()->setSpacing(scaled(10));
 }

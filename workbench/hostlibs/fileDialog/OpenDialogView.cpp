@@ -188,19 +188,14 @@ QWidget* OpenDialogView::buttonRow() {
 void OpenDialogView::applyColours() {
     const QString listSheet =
         QStringLiteral(
-            "QTreeView{background:%1;border:1px solid %2;outline:0;"
-            "show-decoration-selected:0}"
-            "QTreeView::item{height:%3px;padding:0 %4px;border:none}"
-            "QTreeView::item:hover{background:%5}"
-            "QTreeView::item:selected{background:%6;color:%7}"
-            "QHeaderView::section{background:%5;color:%8;border:none;"
-            "border-right:1px solid %2;border-bottom:1px solid %2;padding:%9px %4px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
-            .arg(scaled(27))
-            .arg(scaled(6))
-            .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
-                 colour(Tint::Text).name(), colour(Tint::Muted).name())
-            .arg(scaled(4));
+            "QTreeView{background:%1;border:%5px solid %2;outline:0}"
+            "QHeaderView::section{background:%3;color:%4;border:none;"
+            "border-right:%5px solid %2;border-bottom:%5px solid %2;padding:%6px %7px}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Line).name(), colour(Tint::Hover).name(),
+                 colour(Tint::Muted).name())
+            .arg(qMax(1, scaled(1)))
+            .arg(scaled(4))
+            .arg(scaled(6));
     setStyleSheet(fieldSheet() + listSheet);
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),

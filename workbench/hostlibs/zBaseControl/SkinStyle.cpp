@@ -1,11 +1,12 @@
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolTip>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -14,6 +15,8 @@
 namespace workbench {
 
 namespace {
+
+constexpr double kRowHeight = 28;  // of every list and tree
 
 // Colours that can be seen in every skin, so that nothing has to be done when the skin changes.
 QString scrollBarSheet() {
@@ -43,6 +46,22 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
+/// Shows the tip of an item whose text is cut; what can be read needs none.
+/// @return whether the event is dealt with.
+bool tellCutItem(const QAbstractItemView& view, const QHelpEvent& event) {
+    const QModelIndex index = view.indexAt(event.pos());
+    if (!index.isValid() || view.indexWidget(index)) return false;
+    const bool cut = view.sizeHintForIndex(index).width() > view.visualRect(index).width();
+    if (!cut) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString tip = index.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(event.globalPos(),
+                       tip.isEmpty() ? index.data().toString().toHtmlEscaped() : tip);
+    return true;
+}
+
 }  // namespace
 
 // The style knows the screen's dots per inch only; the host's scale comes on top.
@@ -57,6 +76,8 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
+        view->viewport()->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar) return;
     // A sheet costs, and most bars are never seen: each view has two.
@@ -67,6 +88,9 @@ void SkinStyle::polish(QWidget* widget) {
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show)
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
+    if (event->type() == QEvent::ToolTip)
+        if (auto* view = qobject_cast<QAbstractItemView*>(watched->parent()))
+            return tellCutItem(*view, *static_cast<QHelpEvent*>(event));
     return QProxyStyle::eventFilter(watched, event);
 }
 
@@ -110,6 +134,12 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
+QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
+    return type == CT_ItemViewItem ? found.expandedTo({0, scaled(kRowHeight)}) : found;
+}
+
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl part, const QWidget* widget) const {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField)
@@ -134,7 +164,39 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
     }
     const auto* tick = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element == CE_CheckBoxLabel && tick) return drawCheckBoxText(*painter, *tick);
+    const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+    if (element == CE_ItemViewItem && item && drawCutItem(*item, *painter, widget)) return;
     QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+/// Draws an item whose text is too long, with the dots of all other texts.
+/// @return false, and nothing drawn, where it is not.
+bool SkinStyle::drawCutItem(const QStyleOptionViewItem& item, QPainter& painter,
+                            const QWidget* widget) const {
+    const int margin = pixelMetric(PM_FocusFrameHMargin, &item, widget) + 1;
+    const QRect room =
+        subElementRect(SE_ItemViewItemText, &item, widget).adjusted(margin, 0, -margin, 0);
+    const QString shown = item.fontMetrics.elidedText(item.text, item.textElideMode, room.width());
+    if (shown == item.text || item.textElideMode == Qt::ElideNone) return false;
+    // The style draws everything else, and of the text what is before the dots.
+    const int cut = qMax(0, shown.indexOf(QChar(0x2026)));
+    QStyleOptionViewItem begin = item;
+    begin.text = shown.left(cut);
+    begin.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    QProxyStyle::drawControl(CE_ItemViewItem, &begin, &painter, widget);
+    const bool selected = item.state & State_Selected;
+    const bool enabled = item.state & State_Enabled;
+    painter.save();
+    painter.setFont(item.font);
+    painter.setPen(item.palette.color(enabled ? QPalette::Normal : QPalette::Disabled,
+                                      selected ? QPalette::HighlightedText : QPalette::Text));
+    const int baseLine =
+        room.top() + (room.height() - item.fontMetrics.height()) / 2 + item.fontMetrics.ascent();
+    drawWithDots(painter,
+                 QPointF(room.left() + item.fontMetrics.horizontalAdvance(begin.text), baseLine),
+                 shown.mid(cut));
+    painter.restore();
+    return true;
 }
 
 QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
@@ -155,6 +217,7 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return;
     }
     if (element == PE_IndicatorCheckBox) return drawCheckBox(*painter, *option);
+    if (element == PE_PanelScrollAreaCorner) return;
     if (element == PE_PanelButtonCommand) return drawPushButton(*painter, *option);
     if (element == PE_FrameMenu)
         return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QProxyStyle>
+#include <QStyleOption>
 
 #include "workbench/base/WorkbenchApi.h"
 
@@ -30,6 +31,8 @@ class SkinStyle : public QProxyStyle {
                     const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* more) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
@@ -40,6 +43,10 @@ class SkinStyle : public QProxyStyle {
                      const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+
+  private:
+    bool drawCutItem(const QStyleOptionViewItem& item, QPainter& painter,
+                     const QWidget* widget) const;
 };
 
 }  // namespace workbench

@@ -96,6 +96,34 @@ void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle:
             colour(Tint::AccentLine), kFieldRadius - 1);
 }
 
+void drawWithDots(QPainter& painter, QPointF place, const QString& text) {
+    // By themselves, because in one with a text they take the shape of its script.
+    const QString dots(QChar(0x2026));
+    const QFontMetricsF metrics(painter.font());
+    QString rest = text;
+    while (!rest.isEmpty()) {
+        const int cut = rest.startsWith(dots) ? 1 : rest.indexOf(dots);
+        const QString part = cut < 0 ? rest : rest.left(cut);
+        painter.drawText(place, part);
+        place.rx() += metrics.horizontalAdvance(part);
+        rest.remove(0, part.size());
+    }
+}
+
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text) {
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
+    if (shown == text) {
+        painter.drawText(place, int(alignment) | Qt::TextSingleLine, text);
+        return false;
+    }
+    const int height = metrics.height();
+    const QRect line =
+        QStyle::alignedRect(Qt::LeftToRight, alignment, {place.width(), height}, place);
+    drawWithDots(painter, {qreal(line.left()), qreal(line.top() + metrics.ascent())}, shown);
+    return true;
+}
+
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled) {
     const QColor pen = colour(enabled ? Tint::Muted : Tint::Faint);
     painter.save();

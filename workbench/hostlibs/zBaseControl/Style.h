@@ -30,6 +30,12 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
 /// Fills and outlines a field that takes input or opens a list: doubly while the keys go to it.
 void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle::State state);
 
+/// Draws a text on one line, cut with dots where it is too long for `place`. The dots look the same
+/// behind every script. @return whether it was cut.
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text);
+/// Draws a text that is cut already. @param place where the base line begins.
+void drawWithDots(QPainter& painter, QPointF place, const QString& text);
+
 /// The arrow of a field that drops something down.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
 

@@ -20,11 +20,10 @@ void drawTick(QPainter& painter, const QRect& box, const QColor& pen) {
     painter.restore();
 }
 
-void drawLine(QPainter& painter, const QStyleOption& option, const QRect& room,
+void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
               const QString& text) {
     painter.setPen(colour(option.state & QStyle::State_Enabled ? Tint::Text : Tint::Faint));
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+    drawLine(painter, room, Qt::AlignLeft | Qt::AlignVCenter, text);
 }
 
 }  // namespace
@@ -36,7 +35,7 @@ void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
 }
 
 void drawComboBoxText(QPainter& painter, const QStyleOptionComboBox& option, const QRect& room) {
-    if (!option.editable) drawLine(painter, option, room, option.currentText);
+    if (!option.editable) drawText(painter, option, room, option.currentText);
 }
 
 void drawCheckBox(QPainter& painter, const QStyleOption& option) {
@@ -56,7 +55,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
 }
 
 void drawCheckBoxText(QPainter& painter, const QStyleOptionButton& option) {
-    drawLine(painter, option, option.rect, option.text);
+    drawText(painter, option, option.rect, option.text);
 }
 
 void drawPushButton(QPainter& painter, const QStyleOption& option) {

@@ -44,9 +44,7 @@ class Rows : public QStyledItemDelegate {
         painter.setPen(colour(usable ? Tint::Text : Tint::Faint));
         painter.setFont(font);
         const QString text = index.data(Qt::DisplayRole).toString();
-        painter.drawText(
-            place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-            painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width() + scaled(1)));
+        workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, text);
     }
 };
 

@@ -65,8 +65,7 @@ void zBaseComboxPopup::paintEvent(QPaintEvent*) {
     workbench::drawArrow(painter, QPoint(width() - scaled(12), height() / 2), isEnabled());
     const QRect place = rect().adjusted(scaled(8), 0, -scaled(24), 0);
     painter.setPen(colour(isEnabled() ? Tint::Text : Tint::Faint));
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(popup->text, Qt::ElideRight, place.width()));
+    workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, popup->text);
 }
 
 void zBaseComboxPopup::mousePressEvent(QMouseEvent* event) {

@@ -8,6 +8,18 @@ using workbench::colour;
 using workbench::scaled;
 using workbench::Tint;
 
+namespace {
+
+/// @return whether a text of one line is longer than there is room.
+bool isCut(const QLabel& label) {
+    if (label.text().isEmpty() || label.wordWrap() || label.textFormat() == Qt::RichText)
+        return false;
+    const int needed = label.fontMetrics().horizontalAdvance(label.text());
+    return needed > label.contentsRect().width() + 1;
+}
+
+}  // namespace
+
 zBaseLabel::zBaseLabel(QWidget* parent) : QLabel(parent) {}
 
 zBaseLabel::zBaseLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {}
@@ -55,14 +67,21 @@ void zBaseLabel::paintEvent(QPaintEvent* event) {
         return;
     }
     if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
-    QLabel::paintEvent(event);
+    if (!isCut(*this)) return QLabel::paintEvent(event);
+    QPainter painter(this);
+    workbench::drawLine(painter, contentsRect(), alignment(), text());
 }
 
 bool zBaseLabel::event(QEvent* event) {
     if (event->type() == QEvent::FontChange) followFont();
     // Without its widget the tip does not take over style sheets that are meant for the page.
-    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTip());
+    if (event->type() == QEvent::ToolTip) {
+        // A text that was cut before it came here ends in dots, and the tip goes on.
+        const QChar dots(0x2026);
+        const bool shortened = text().endsWith(dots) && !toolTip().endsWith(dots);
+        if (!shortened && !isCut(*this)) return true;
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                           toolTip().isEmpty() ? text().toHtmlEscaped() : toolTip());
         return true;
     }
     return QLabel::event(event);
