@@ -82,7 +82,7 @@ std::unique_ptr<QWidget> mainWindow() {
     const double scale = workbench::Host::instance().scale();
     auto window = std::make_unique<workbench::MainWindow>();
     window->show();
-    window->findChild<workbench::ScaleLimit*>()->fit({3840, 2160});
+    window->findChild<workbench::ScaleLimit*>()->fit({7680, 4320});
     window->resize(int(1280 * scale), int(820 * scale));
     settle();
     return window;

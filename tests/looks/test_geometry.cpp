@@ -4,10 +4,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFormLayout>
 #include <QLayout>
 #include <QListWidget>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QTreeWidget>
 #include <QtMath>
 
@@ -111,6 +113,33 @@ TEST_P(Geometry, TheRowsOfTheTreeAreOfOneHeightAndEndWithTheDivider) {
             }
         }
         EXPECT_GT(files, 3);
+    }
+}
+
+/// The dialogs have given sizes; the windows that the workbench adds have a grid of four.
+TEST_P(Geometry, TheWindowsOfTheWorkbenchKeepToAGrid) {
+    for (const Page& page : allPages()) {
+        const QStringList own = {QStringLiteral("fileDialog"), QStringLiteral("login"),
+                                 QStringLiteral("information"), QStringLiteral("mainWindow")};
+        if (!own.contains(QLatin1String(page.name)) || GetParam().scale != 1) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        int layouts = 0;
+        for (const auto* layout : window->findChildren<QLayout*>()) {
+            const bool boxes = qobject_cast<const QBoxLayout*>(layout);
+            const auto* form = qobject_cast<const QFormLayout*>(layout);
+            if ((!boxes && !form) || qobject_cast<QStatusBar*>(layout->parentWidget())) continue;
+            const QMargins margins = layout->contentsMargins();
+            const int spacing = form ? form->verticalSpacing() : layout->spacing();
+            for (const int size :
+                 {margins.left(), margins.top() % 40, margins.right(), margins.bottom(), spacing})
+                EXPECT_EQ(size % 4, 0)
+                    << layout->metaObject()->className() << " of "
+                    << layout->parentWidget()->objectName().toStdString() << " "
+                    << layout->parentWidget()->metaObject()->className() << ": " << size;
+            ++layouts;
+        }
+        EXPECT_GT(layouts, 1);
     }
 }
 

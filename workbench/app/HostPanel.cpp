@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -92,6 +93,7 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
         if (index >= 0) box->setCurrentIndex(index);
     });
     auto* cell = new QVBoxLayout;
+    cell->setSpacing(4);
     cell->addWidget(box);
     auto* note = new QLabel;
     note->setObjectName(each.field.key + QStringLiteral(".note"));
@@ -119,13 +121,15 @@ void HostPanel::addTick(const QString& caption, const QString& name, std::functi
 }
 
 void HostPanel::adaptToScale() {
-    form->setContentsMargins(scaled(14), scaled(10), scaled(14), scaled(10));
-    form->setHorizontalSpacing(scaled(10));
+    form->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
+    form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
     for (QWidget* heading : qAsConst(headings)) {
         heading->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
         heading->setContentsMargins(0, scaled(8), 0, 0);
     }
+    // The area itself would let its switches be cut.
+    setMinimumWidth(widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
 }
 
 }  // namespace workbench

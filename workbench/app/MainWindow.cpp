@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QPointer>
 #include <QScreen>
@@ -225,6 +226,11 @@ void MainWindow::adaptToLook() {
         const QString picture = action->property(pictureProperty).toString();
         if (!picture.isEmpty())
             action->setIcon(pixmapOf(skinPicture(picture), {side, side}, devicePixelRatioF()));
+    }
+    // Their titles keep the height of the old font otherwise.
+    for (const auto* dock : findChildren<QDockWidget*>()) {
+        dock->layout()->invalidate();
+        dock->layout()->activate();
     }
 }
 

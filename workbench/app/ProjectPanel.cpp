@@ -128,7 +128,10 @@ void ProjectPanel::adaptToScale() {
     QWidget* details = title->parentWidget();
     widget(1)->setMinimumWidth(scaled(270));
     details->layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
-    details->layout()->setSpacing(scaled(10));
+    details->layout()->setSpacing(scaled(12));
+    auto* form = details->findChild<QFormLayout*>();
+    form->setHorizontalSpacing(scaled(12));
+    form->setVerticalSpacing(scaled(8));
 }
 
 void ProjectPanel::refresh() {

@@ -42,7 +42,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     column->setContentsMargins(scaled(28), scaled(20), scaled(28), scaled(20));
     column->setSpacing(scaled(12));
     auto* grid = new QGridLayout;
-    grid->setSpacing(scaled(10));
+    grid->setSpacing(scaled(12));
     addRow(grid, 0, QStringLiteral("账号"), user);
     addRow(grid, 1, QStringLiteral("密码"), password);
     column->addLayout(grid);

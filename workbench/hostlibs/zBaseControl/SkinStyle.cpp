@@ -107,6 +107,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_DockWidgetTitleMargin:
         case PM_ExclusiveIndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
+        case PM_HeaderMarkSize:
         case PM_IndicatorHeight:
         case PM_IndicatorWidth:
         case PM_LargeIconSize:
@@ -137,7 +138,10 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
 QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                   const QWidget* widget) const {
     const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
-    return type == CT_ItemViewItem ? found.expandedTo({0, scaled(kRowHeight)}) : found;
+    if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
+    if (type == CT_PushButton) return found.expandedTo({scaled(76), scaled(28)});
+    if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));
+    return found;
 }
 
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPainterPath>
 #include <QPixmapCache>
+#include <QtMath>
 
 namespace workbench {
 
@@ -108,6 +109,14 @@ void drawWithDots(QPainter& painter, QPointF place, const QString& text) {
         place.rx() += metrics.horizontalAdvance(part);
         rest.remove(0, part.size());
     }
+}
+
+QFont fitting(QFont font, int needed, int room) {
+    constexpr double smallest = 0.5;
+    if (needed <= room + 1 || room <= 0) return font;
+    const int size = QFontInfo(font).pixelSize();
+    font.setPixelSize(qMax(int(size * double(room) / needed), qCeil(size * smallest)));
+    return font;
 }
 
 bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text) {

@@ -33,6 +33,10 @@ void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle:
 /// Draws a text on one line, cut with dots where it is too long for `place`. The dots look the same
 /// behind every script. @return whether it was cut.
 bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text);
+/// @return the font, smaller where the text would not fit: some widgets have a given size, whatever
+///         the font of the application. Too small to read it does not get.
+/// @param needed what the text covers in this font, pixels.
+QFont fitting(QFont font, int needed, int room);
 /// Draws a text that is cut already. @param place where the base line begins.
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 

@@ -111,18 +111,6 @@ int textWidth(const QPushButton& button, bool roomForBold) {
     return qMax(widthOf(bold, button.text()), now);
 }
 
-/// @return the font, smaller where the text would not fit: some buttons have a fixed width,
-/// whatever
-///         the font of the application. Too small to read it does not get.
-QFont fitting(QFont font, const QString& text, int room) {
-    constexpr double smallest = 0.5;
-    const int needed = text.isEmpty() ? 0 : widthOf(font, text);
-    if (needed <= room + 1) return font;
-    const int size = QFontInfo(font).pixelSize();
-    font.setPixelSize(qMax(int(size * double(room) / needed), qCeil(size * smallest)));
-    return font;
-}
-
 /// @return the picture as one of something that cannot be used: paler it could not be made out.
 QPixmap greyed(const QPixmap& picture) {
     QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
@@ -225,7 +213,7 @@ void zBaseButton::paintEvent(QPaintEvent*) {
     }
     painter.setPen(colour(tints.text));
     const QRect textPlace = place.adjusted(iconWidth + gap, 0, 0, 0);
-    painter.setFont(fitting(font(), text(), textPlace.width()));
+    painter.setFont(workbench::fitting(font(), textWidth(*this, false), textPlace.width()));
     workbench::drawLine(painter, textPlace, vertical, text());
     if (look->type == workbench::RibbonTabType && isChecked())
         drawUnderline(painter, rect(), place);

@@ -18,6 +18,21 @@ bool isCut(const QLabel& label) {
     return needed > label.contentsRect().width() + 1;
 }
 
+/// Draws a text of several lines in the largest font in which all of it can be seen.
+void drawWrapped(QLabel& label) {
+    const QRect room = label.contentsRect();
+    const int flags = int(label.alignment()) | Qt::TextWordWrap;
+    QFont font = label.font();
+    int size = QFontInfo(font).pixelSize();
+    const int smallest = size / 2;
+    do font.setPixelSize(size);
+    while (QFontMetrics(font).boundingRect(room, flags, label.text()).height() > room.height() &&
+           --size > smallest);
+    QPainter painter(&label);
+    painter.setFont(font);
+    painter.drawText(room, flags, label.text());
+}
+
 }  // namespace
 
 zBaseLabel::zBaseLabel(QWidget* parent) : QLabel(parent) {}
@@ -67,8 +82,11 @@ void zBaseLabel::paintEvent(QPaintEvent* event) {
         return;
     }
     if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
+    if (wordWrap() && heightForWidth(width()) > height()) return drawWrapped(*this);
     if (!isCut(*this)) return QLabel::paintEvent(event);
     QPainter painter(this);
+    painter.setFont(workbench::fitting(font(), fontMetrics().horizontalAdvance(text()),
+                                       contentsRect().width()));
     workbench::drawLine(painter, contentsRect(), alignment(), text());
 }
 
