@@ -13,7 +13,7 @@ namespace {
 using newpro::guarded;
 using newpro::scaled;
 
-const char source[] = "xzGcLxDialog";
+const char chooserSource[] = "xzGcLxDialog";
 
 const int cancelled = 0;
 
@@ -28,7 +28,7 @@ zBaseButton* button(const char* name, const QString& text, const QString& access
 }  // namespace
 
 xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
-    guarded(source, [this] {
+    guarded(chooserSource, [this] {
         // Its answer is used after it has closed: it must not end the application.
         setAttribute(Qt::WA_QuitOnClose, false);
         SetCaption(QStringLiteral("新建"));
@@ -40,7 +40,7 @@ xzGcLxDialog::xzGcLxDialog(QWidget* parent) : zTitleModal(parent) {
 }
 
 void xzGcLxDialog::CreateUI() {
-    guarded(source, [this] {
+    guarded(chooserSource, [this] {
         if (isCreated) return;
         isCreated = true;
         caption = new zBaseLabel(QStringLiteral("选择工程类型:"), this);
@@ -58,7 +58,7 @@ void xzGcLxDialog::CreateUI() {
 }
 
 void xzGcLxDialog::InitUI() {
-    guarded(source, [this] {
+    guarded(chooserSource, [this] {
         if (layout()) return;
         // Each layout stands in the one around it before the host is asked anything more.
         auto* outer = new QVBoxLayout(this);
@@ -91,7 +91,7 @@ void xzGcLxDialog::InitUI() {
 }
 
 void xzGcLxDialog::answer(int result, const char* function) {
-    guarded({source, function}, [this, result] { done(result); });
+    guarded({chooserSource, function}, [this, result] { done(result); });
 }
 
 void xzGcLxDialog::on_BtnYs_clicked() {

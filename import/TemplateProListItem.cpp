@@ -20,7 +20,7 @@ using newpro::ElidedLabel;
 using newpro::guarded;
 using newpro::scaled;
 
-const char source[] = "TemplateProListItem";
+const char templateCardSource[] = "TemplateProListItem";
 
 const int titleFontSize = 13;
 
@@ -163,7 +163,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
       m_strWh(basisNumber),
       m_strDescription(description),
       ui(std::make_unique<Form>()) {
-    guarded(source, [this] {
+    guarded(templateCardSource, [this] {
         ui->build(this);
         ui->dressFullCard();
         if (isFirstOpening()) ui->dressForFirstOpening();
@@ -173,7 +173,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, const QString& bas
 
 TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
     : zBaseWidget(parent, newpro::CardWidget), m_strFile(file), ui(std::make_unique<Form>()) {
-    guarded(source, [this] {
+    guarded(templateCardSource, [this] {
         ui->build(this);
         ui->dressPathCard();
         if (isFirstOpening()) ui->dressForFirstOpening();
@@ -184,7 +184,7 @@ TemplateProListItem::TemplateProListItem(const QString& file, QWidget* parent)
 TemplateProListItem::~TemplateProListItem() = default;
 
 void TemplateProListItem::InitWidgetDisplay() {
-    guarded(source, [this] {
+    guarded(templateCardSource, [this] {
         ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") +
                                              QFileInfo(m_strFile).completeBaseName());
         if (QFileInfo::exists(m_strFile)) showFile();
@@ -213,7 +213,7 @@ void TemplateProListItem::showFile() {
 
 void TemplateProListItem::slotNewProject() {
     const QPointer<QWidget> button(ui->btnNewProject);
-    guarded(source, [this] {
+    guarded(templateCardSource, [this] {
         ui->btnNewProject->setEnabled(false);
         Q_EMIT signalCreateProByTemaplte(m_strFile);
     });
@@ -222,12 +222,12 @@ void TemplateProListItem::slotNewProject() {
 
 void TemplateProListItem::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPointer<QWidget> self(this);
-    guarded(source, [this, event] {
+    guarded(templateCardSource, [this, event] {
         if (!(event->buttons() & Qt::LeftButton)) return;
         m_bEmitting = true;
         Q_EMIT signalCreateProByTemaplte(m_strFile);
     });
     if (!self) return;
     m_bEmitting = false;
-    guarded(source, [this, event] { zBaseWidget::mouseDoubleClickEvent(event); });
+    guarded(templateCardSource, [this, event] { zBaseWidget::mouseDoubleClickEvent(event); });
 }

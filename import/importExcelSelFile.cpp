@@ -24,12 +24,12 @@ using newpro::scaled;
 using newpro::withEnd;
 namespace applicationType = newpro::applicationType;
 
-const char source[] = "importExcelSelFile";
+const char excelSource[] = "importExcelSelFile";
 
 const int informationIcon = 1;
 
 const int nameRole = Qt::UserRole;
-const int pathRole = Qt::UserRole + 2;  // the one between them is the host's own
+const int entryPathRole = Qt::UserRole + 2;  // the one between them is the host's own
 
 /// Icons of the pricing models by tax mode, in the order in which the modes are listed.
 const std::array<QLatin1String, newpro::taxModeCount> taxModeIcons = {
@@ -46,7 +46,7 @@ void showBackground(zBaseWidget* tile, const QString& icon, bool fill) {
 void selectPath(QTreeWidget* tree, const QString& path) {
     for (QTreeWidgetItemIterator it(tree); *it; ++it) {
         // Group rows have no path: an empty one must not select the first of them.
-        const QString itemPath = (*it)->data(0, pathRole).toString();
+        const QString itemPath = (*it)->data(0, entryPathRole).toString();
         if (!itemPath.isEmpty() && itemPath == path) {
             tree->setCurrentItem(*it);
             return;
@@ -59,14 +59,14 @@ QTreeWidgetItem* addTemplate(QTreeWidgetItem* group, const QString& file) {
     const QFileInfo info(file);
     auto* item = new QTreeWidgetItem(group, {info.completeBaseName()});
     item->setData(0, nameRole, info.completeBaseName());
-    item->setData(0, pathRole, info.absoluteFilePath());
+    item->setData(0, entryPathRole, info.absoluteFilePath());
     return item;
 }
 
 }  // namespace
 
 importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
-    guarded(source, [this] {
+    guarded(excelSource, [this] {
         // Its choice is sent after it has closed: it must not end the application.
         setAttribute(Qt::WA_QuitOnClose, false);
         // Opened and never closed, deliberately: closing names no dialog, and would close the mode
@@ -84,7 +84,7 @@ importExcelSelFile::importExcelSelFile(QWidget* parent) : zTitleModal(parent) {
 importExcelSelFile::~importExcelSelFile() = default;
 
 bool importExcelSelFile::eventFilter(QObject* watched, QEvent* event) {
-    return guardedOr(source, false, [&] {
+    return guardedOr(excelSource, false, [&] {
         for (zBaseWidget* tile : {m_pYsTile, m_pZcbTile}) {
             if (tile && tile == watched && handleTileEvent(tile, event)) return true;
         }
@@ -117,7 +117,7 @@ bool importExcelSelFile::handleTileEvent(zBaseWidget* tile, const QEvent* event)
 }
 
 void importExcelSelFile::updateModeSelection(const QString& appType) {
-    guarded(source, [&] {
+    guarded(excelSource, [&] {
         const QString selected = QStringLiteral(":/Image/Home/select.svg");
         showBackground(m_pYsTile, m_bYsSelected ? selected : QString(), true);
         showBackground(m_pZcbTile, m_bYsSelected ? QString() : selected, true);
@@ -128,7 +128,7 @@ void importExcelSelFile::updateModeSelection(const QString& appType) {
 }
 
 void importExcelSelFile::loadJjms(const QString& appType) {
-    guarded(source, [&] {
+    guarded(excelSource, [&] {
         const Part<zBaseCombox> combo(m_pJjmsCombo);
         ProjectSettingHelper* settings = nullptr;
         bool configured = true;
@@ -165,7 +165,7 @@ void importExcelSelFile::loadJjms(const QString& appType) {
 }
 
 void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget* tree) {
-    guarded(source, [&] {
+    guarded(excelSource, [&] {
         if (m_pGcmbTree) disconnect(m_pGcmbTree, nullptr, this, nullptr);
         m_pGcmbPopup = popup;
         m_pGcmbTree = tree;
@@ -176,7 +176,7 @@ void importExcelSelFile::setTemplateChooser(zBaseComboxPopup* popup, QTreeWidget
 }
 
 void importExcelSelFile::loadGcmb(const QString& selectedPath) {
-    guarded(source, [&] {
+    guarded(excelSource, [&] {
         const Part<importExcelSelFile> self(this);
         const Part<zBaseComboxPopup> popup(m_pGcmbPopup);
         const Part<QTreeWidget> tree(m_pGcmbTree);
@@ -191,7 +191,7 @@ void importExcelSelFile::loadGcmb(const QString& selectedPath) {
             auto* groupItem = new QTreeWidgetItem(tree.need(), {group.key()});
             for (const JLTaxTemplateInfo& record : group.value()) {
                 QTreeWidgetItem* item = addTemplate(groupItem, folder + record.file);
-                if (item->data(0, pathRole).toString() != selectedPath) continue;
+                if (item->data(0, entryPathRole).toString() != selectedPath) continue;
                 tree->setCurrentItem(item);
                 self.need()->m_strGcmb = selectedPath;
                 popup->setDisplayText(QFileInfo(selectedPath).completeBaseName());
@@ -202,9 +202,9 @@ void importExcelSelFile::loadGcmb(const QString& selectedPath) {
 }
 
 void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*column*/) {
-    guarded(source, [&] {
+    guarded(excelSource, [&] {
         if (!item || !m_pGcmbPopup || !m_pGcmbTree) return;
-        const QString path = item->data(0, pathRole).toString();
+        const QString path = item->data(0, entryPathRole).toString();
         if (!path.isEmpty()) {
             m_strGcmb = path;
             m_pGcmbPopup->setDisplayText(item->data(0, nameRole).toString());
@@ -219,7 +219,7 @@ void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*co
 }
 
 void importExcelSelFile::slotClickedSelExcelFile() {
-    guarded(source, [this] {
+    guarded(excelSource, [this] {
         const Part<importExcelSelFile> self(this);
         QString folder = zFileDialog::getCurrentPath();
         if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
@@ -241,7 +241,7 @@ void importExcelSelFile::slotClickedSelExcelFile() {
 }
 
 void importExcelSelFile::slotClickedSelExcelDir() {
-    guarded(source, [this] {
+    guarded(excelSource, [this] {
         const Part<importExcelSelFile> self(this);
         QStringList noFilter;
         const QString folder = zFileDialog::getCurrentPath();

@@ -16,7 +16,7 @@ using newpro::scaled;
 
 namespace {
 
-constexpr char source[] = "ProModelItemForm";
+constexpr char cardSource[] = "ProModelItemForm";
 
 constexpr double lineFontSize = 12.0;  // design pixels
 constexpr int descriptionMargin = 50;  // pixels that the elided description leaves free, unscaled
@@ -57,7 +57,7 @@ struct ProModelItemForm::Form {
     static zBaseButton* newButton(ProModelItemForm* card) {
         auto* button = new zBaseButton(QStringLiteral("新建"), card);
         QObject::connect(button, &QAbstractButton::clicked, card, [card] {
-            guarded({source, "ProModelItemForm"},
+            guarded({cardSource, "ProModelItemForm"},
                     [card] { Q_EMIT card->signalNewPro(card->model); });
         });
         return button;
@@ -103,7 +103,7 @@ struct ProModelItemForm::Form {
 
 ProModelItemForm::ProModelItemForm(const TaxTemplateInfo& shown, QWidget* parent)
     : zBaseWidget(parent, newpro::CardWidget), model(shown) {
-    guarded(source, [this] {
+    guarded(cardSource, [this] {
         ui = std::make_unique<Form>(this);
         resize(scaled(470), scaled(94));
         ui->verticalLayout->setSpacing(scaled(6));
@@ -131,7 +131,7 @@ ProModelItemForm::~ProModelItemForm() {
 }
 
 void ProModelItemForm::UpdateDataDisplay() {
-    guarded(source, [this] {
+    guarded(cardSource, [this] {
         if (!ui) return;
         ui->lblTitle->setText(model.name);
 
@@ -152,7 +152,7 @@ void ProModelItemForm::UpdateDataDisplay() {
 }
 
 void ProModelItemForm::UpdateDescriptionText() {
-    guarded(source, [this] {
+    guarded(cardSource, [this] {
         if (!ui) return;
         // A card is shown, and told its size, before its list lays it out.
         const QFont& font = ui->lblDescription->font();
@@ -194,7 +194,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
 
     auto* create = new zBaseButton(QStringLiteral("新建"), button);
     connect(create, &QAbstractButton::clicked, this, [this, create] {
-        guarded({source, "initXjButton"}, [this, create] {
+        guarded({cardSource, "initXjButton"}, [this, create] {
             model.feeMode = model.alternativeFeeMode;
             emitWithout(create);
         });
@@ -227,7 +227,7 @@ zBaseMenu* ProModelItemForm::feeModeMenu(const QStringList& feeModes, zBaseButto
         if (mode == newpro::perUnitFee) model.feeMode = mode;
         QAction* action = menu->addAction(feeModeText(mode));
         connect(action, &QAction::triggered, this, [this, menu, create] {
-            guarded({source, "initXjButton"}, [&] { emitFromMenu(menu, create); });
+            guarded({cardSource, "initXjButton"}, [&] { emitFromMenu(menu, create); });
         });
     }
     return menu;
@@ -257,7 +257,7 @@ void ProModelItemForm::emitFromMenu(zBaseMenu* menu, zBaseButton* create) {
 }
 
 void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
-    guarded(source, [&] {
+    guarded(cardSource, [&] {
         const QPointer<ProModelItemForm> alive = this;
         if (event->button() == Qt::LeftButton) Q_EMIT signalNewPro(model);
         if (alive) zBaseWidget::mouseDoubleClickEvent(event);
@@ -265,7 +265,7 @@ void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ProModelItemForm::resizeEvent(QResizeEvent* event) {
-    guarded(source, [&] {
+    guarded(cardSource, [&] {
         zBaseWidget::resizeEvent(event);
         UpdateDescriptionText();
     });

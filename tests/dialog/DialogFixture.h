@@ -30,6 +30,7 @@ using testing_support::settle;
 using testing_support::throwAt;
 using testing_support::throwNoMore;
 
+inline const QString kvys = QStringLiteral("Kvys");  // a budget's models
 inline const QString budgetLabel = QStringLiteral("预算工程");
 inline const QString contractingLabel = QStringLiteral("总承包工程");
 inline const QString auditLabel = QStringLiteral("审核工程");

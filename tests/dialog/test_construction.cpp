@@ -9,8 +9,6 @@ using namespace dialog_tests;
 
 class Construction : public DialogTest {};
 
-const QString kvys = QStringLiteral("Kvys");
-
 TEST_F(Construction, AsksTheHostInThisOrder) {
     make();
     EXPECT_EQ(journalLinesWithout({"ProjectSettingHelper::GetProjectSettingHelper",

@@ -7,7 +7,6 @@ namespace {
 using namespace dialog_tests;
 using workbench::FirstPage;
 
-const QString kvys = QStringLiteral("Kvys");
 const QString counted = QStringLiteral("定额计价【四川2000定额】");
 
 class Create : public DialogTest {

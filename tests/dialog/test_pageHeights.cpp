@@ -18,8 +18,6 @@ class PageHeights : public DialogTest {
     QScrollBar* bar() { return find<QScrollArea>("taxPageArea")->verticalScrollBar(); }
 };
 
-const QString kvys = QStringLiteral("Kvys");
-
 TEST_F(PageHeights, AListKeepsTheMinimumOfItsLastEntryAndTheStackHoldsAllItsRows) {
     host.clearModels();
     host.setModels(kvys, 0, models(12));

@@ -14,8 +14,6 @@ class Robustness : public HostileUse {
     }
 };
 
-const QString kvys = QStringLiteral("Kvys");
-
 /// @return source and function that report an exception of a construction's host call.
 std::string reporterOf(const std::string& call, int nth) {
     if (call == "CpfMain::IsProdAreaYN" || call == "CpfMain::GetOpenVersion" ||

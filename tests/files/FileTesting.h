@@ -9,6 +9,11 @@
 
 namespace files_testing {
 
+using newpro::FileFlow;
+
+constexpr FileFlow everyFlow[] = {FileFlow::Estimate, FileFlow::Settlement, FileFlow::Audit,
+                                  FileFlow::Contracting};
+
 /// @return the texts of the items, in order.
 inline QStringList itemsOf(const QComboBox& combo) {
     QStringList texts;

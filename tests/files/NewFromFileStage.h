@@ -6,7 +6,6 @@
 
 namespace files_testing {
 
-using newpro::FileFlow;
 using newpro::FilePage;
 using testing_support::flowLines;
 using testing_support::Lines;
@@ -19,8 +18,6 @@ constexpr const char* start9001 = R"(call SharedInterface::UseFunc(9001, ""))";
 constexpr const char* end9001 = R"(call SharedInterface::EndUseFun(9001, ""))";
 constexpr const char* start20011 = R"(call SharedInterface::UseFunc(20011, ""))";
 constexpr const char* end20011 = R"(call SharedInterface::EndUseFun(20011, ""))";
-constexpr FileFlow everyFlow[] = {FileFlow::Estimate, FileFlow::Settlement, FileFlow::Audit,
-                                  FileFlow::Contracting};
 const QString cloudFile = QStringLiteral("企业云盘/甲/某工程.GCFX");
 
 /// A fresh host and dialog, on the page of one flow, with its option checked.

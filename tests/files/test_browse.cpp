@@ -9,17 +9,15 @@
 namespace {
 
 using files_testing::boxLine;
+using files_testing::everyFlow;
 using files_testing::itemsOf;
 using newpro::FileFlow;
 using testing_support::countOf;
 using testing_support::Lines;
 using workbench::FileAnswer;
 
-const FileFlow everyFlow[] = {FileFlow::Estimate, FileFlow::Settlement, FileFlow::Audit,
-                              FileFlow::Contracting};
-
-struct Stage {
-    explicit Stage(FileFlow flow) : flow(flow), page(dialog.pages.of(flow)) {
+struct Browsing {
+    explicit Browsing(FileFlow flow) : flow(flow), page(dialog.pages.of(flow)) {
         host.switches().fileDialogPrepared = true;
         page.fileCombo->addItem(QStringLiteral("/old/a.GCFX"));
         page.fileCombo->setCurrentText(QStringLiteral("typed"));
@@ -58,7 +56,7 @@ TEST(Browse, EveryPageAsksForItsSuffixesAndMode) {
                 {FileFlow::Contracting, 16, 1}};
     for (const auto& row : rows) {
         SCOPED_TRACE(int(row.flow));
-        Stage stage(row.flow);
+        Browsing stage(row.flow);
         stage.host.values().basicSettings.projectFolder = QStringLiteral("/my/projects");
         QStringList suffixes;
         SharedInterface::GetSuffix(row.kind, &suffixes, 0);
@@ -85,7 +83,7 @@ TEST(Browse, EveryPageAsksForItsSuffixesAndMode) {
 }
 
 TEST(Browse, TheStartFolderIsTheMostRecentOneKnown) {
-    Stage stage(FileFlow::Audit);
+    Browsing stage(FileFlow::Audit);
     stage.host.values().basicSettings.projectFolder.clear();
     stage.run();
     EXPECT_EQ(stage.asked(1).toString(), stage.host.path(QStringLiteral("ProjectFiles")));
@@ -105,7 +103,7 @@ TEST(Browse, TheStartFolderIsTheMostRecentOneKnown) {
 }
 
 TEST(Browse, WithoutConfigurationItStartsInTheApplicationFolder) {
-    Stage stage(FileFlow::Audit);
+    Browsing stage(FileFlow::Audit);
     stage.host.switches().configurationPresent = false;
     stage.run();
     EXPECT_EQ(stage.asked(1).toString(), stage.host.folder());
@@ -114,7 +112,7 @@ TEST(Browse, WithoutConfigurationItStartsInTheApplicationFolder) {
 TEST(Browse, ACancelledDialogAndAMissingFileChangeNothing) {
     for (FileFlow flow : everyFlow) {
         for (const QString& path : {QString(), QStringLiteral("/nowhere/a.GCFX")}) {
-            Stage stage(flow);
+            Browsing stage(flow);
             stage.answer(path);
             stage.run();
             EXPECT_EQ(stage.page.path(), QStringLiteral("typed"));
@@ -134,7 +132,7 @@ TEST(Browse, EveryPageRefusesItsSuffixes) {
     for (const auto& row : rows) {
         for (const char* name : {"a.gcfg", "a.SGcfg", "a.GCFX", "none"}) {
             SCOPED_TRACE(name);
-            Stage stage(row.flow);
+            Browsing stage(row.flow);
             const QString file = stage.host.write(QLatin1String(name));
             const bool refused =
                 (QLatin1String(name) == QLatin1String("a.gcfg") && row.refusesGroup) ||
@@ -149,7 +147,7 @@ TEST(Browse, EveryPageRefusesItsSuffixes) {
 }
 
 TEST(Browse, AChosenFileThatIsAnItemIsSelectedAndANewOneIsShownOnly) {
-    Stage stage(FileFlow::Audit);
+    Browsing stage(FileFlow::Audit);
     const QString known = stage.host.write(QStringLiteral("known.GCFX"));
     const QString fresh = stage.host.write(QStringLiteral("新 的.GCFX"));
     stage.page.fileCombo->addItem(known);
@@ -165,7 +163,7 @@ TEST(Browse, AChosenFileThatIsAnItemIsSelectedAndANewOneIsShownOnly) {
 
 TEST(Browse, AFileOnACloudDiskShowsItsCloudPath) {
     for (int place : {3, 4}) {
-        Stage stage(FileFlow::Audit);
+        Browsing stage(FileFlow::Audit);
         const QString cloudPath = QStringLiteral("企业云盘/甲/a.GCFX");
         stage.answer(stage.host.write(QStringLiteral("Downloads/a.GCFX")), place, cloudPath);
         stage.run();
@@ -176,7 +174,7 @@ TEST(Browse, AFileOnACloudDiskShowsItsCloudPath) {
 }
 
 TEST(Browse, ALocalPlaceIsForgottenAsWell) {
-    Stage stage(FileFlow::Audit);
+    Browsing stage(FileFlow::Audit);
     stage.answer(stage.host.write(QStringLiteral("a.GCFX")), 1);
     stage.run();
     EXPECT_EQ(zFileDialog::iClickedBtn, 0);
@@ -184,7 +182,7 @@ TEST(Browse, ALocalPlaceIsForgottenAsWell) {
 }
 
 TEST(Browse, APageThatIsNotBuiltStillBrowses) {
-    Stage stage(FileFlow::Settlement);
+    Browsing stage(FileFlow::Settlement);
     stage.dialog.pages = {};
     stage.answer(stage.host.write(QStringLiteral("a.GCFX")), 2);
     stage.run();
@@ -193,7 +191,7 @@ TEST(Browse, APageThatIsNotBuiltStillBrowses) {
 }
 
 TEST(Browse, ADialogThatGoesWhileTheFileDialogIsOpenIsNotTouchedAgain) {
-    Stage stage(FileFlow::Audit);
+    Browsing stage(FileFlow::Audit);
     stage.answer(stage.host.write(QStringLiteral("a.GCFX")));
     const auto connection =
         QObject::connect(&workbench::Journal::instance(), &workbench::Journal::recorded,
@@ -211,13 +209,13 @@ TEST(Browse, ADialogThatGoesWhileTheFileDialogIsOpenIsNotTouchedAgain) {
 
 TEST(Browse, AnExceptionAtAnyHostCallIsReportedOnceAndASecondTrySucceeds) {
     const QString cloudPath = QStringLiteral("个人云盘/a.GCFX");
-    const auto prepare = [&](Stage& stage) {
+    const auto prepare = [&](Browsing& stage) {
         stage.host.values().basicSettings.projectFolder.clear();
         stage.answer(stage.host.write(QStringLiteral("a.GCFX")), 3, cloudPath);
     };
     Lines calls;
     {
-        Stage stage(FileFlow::Audit);
+        Browsing stage(FileFlow::Audit);
         prepare(stage);
         stage.run();
         calls = testing_support::journalNames({"call"});
@@ -227,7 +225,7 @@ TEST(Browse, AnExceptionAtAnyHostCallIsReportedOnceAndASecondTrySucceeds) {
         const int nth = ++seen[call];
         for (const auto& kind : testing_support::thrownKinds()) {
             SCOPED_TRACE(call + " as " + kind.name);
-            Stage stage(FileFlow::Audit);
+            Browsing stage(FileFlow::Audit);
             prepare(stage);
             testing_support::throwAt(call.c_str(), kind.as, nth);
             newpro::guarded({"NewProCfgDialog", "slot"}, [&] { stage.run(); });

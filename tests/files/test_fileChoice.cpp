@@ -1,18 +1,16 @@
 #include "files/fileChoice.h"
 
 #include "fileDialog.h"
-#include "tests/support/TestSupport.h"
+#include "tests/files/FileTesting.h"
 
 namespace {
 
+using files_testing::everyFlow;
 using newpro::factsOf;
 using newpro::FileFacts;
 using newpro::FileFlow;
 using newpro::judge;
 using newpro::Verdict;
-
-const FileFlow everyFlow[] = {FileFlow::Estimate, FileFlow::Settlement, FileFlow::Audit,
-                              FileFlow::Contracting};
 
 class FileChoice : public testing::Test {
   protected:
@@ -20,11 +18,11 @@ class FileChoice : public testing::Test {
 };
 
 /// @return facts of a regular local file with this suffix.
-FileFacts localFile(const std::optional<QString>& suffix) {
+FileFacts factsOnDisk(const std::optional<QString>& suffix) {
     return {true, false, true, true, suffix};
 }
 
-FileFacts cloudFile(const std::optional<QString>& suffix) {
+FileFacts factsInCloud(const std::optional<QString>& suffix) {
     return {true, true, false, false, suffix};
 }
 
@@ -111,8 +109,8 @@ TEST_F(FileChoice, EveryFlowJudgesSuffixesByItsRule) {
         for (FileFlow flow : everyFlow) {
             const bool accepted = flow == FileFlow::Audit ? row.audit : row.others;
             const Verdict verdict = accepted ? Verdict::Accepted : Verdict::WrongSuffix;
-            EXPECT_EQ(judge(flow, cloudFile(suffix)), verdict) << row.suffix << int(flow);
-            EXPECT_EQ(judge(flow, localFile(suffix)), verdict) << row.suffix << int(flow);
+            EXPECT_EQ(judge(flow, factsInCloud(suffix)), verdict) << row.suffix << int(flow);
+            EXPECT_EQ(judge(flow, factsOnDisk(suffix)), verdict) << row.suffix << int(flow);
         }
     }
 }
@@ -127,8 +125,8 @@ TEST_F(FileChoice, WhatIsNoFileIsRefusedByEveryFlow) {
         EXPECT_EQ(judge(flow, emptyCloudPath), Verdict::NothingChosen);
         EXPECT_EQ(judge(flow, missing), Verdict::NotFound);
         EXPECT_EQ(judge(flow, folder), Verdict::NotAFile);
-        EXPECT_EQ(judge(flow, localFile(std::nullopt)), Verdict::WrongSuffix);
-        EXPECT_EQ(judge(flow, cloudFile(std::nullopt)), Verdict::WrongSuffix);
+        EXPECT_EQ(judge(flow, factsOnDisk(std::nullopt)), Verdict::WrongSuffix);
+        EXPECT_EQ(judge(flow, factsInCloud(std::nullopt)), Verdict::WrongSuffix);
     }
 }
 

@@ -19,10 +19,6 @@ const char refusal[] =
     "②请检查是否为正确的excel文件\\r\\n完成上述操作后重新打开。如果仍然提示该错误，请联系开发商"
     "协助解决问题\", [\"确定\"])";
 
-QString utf(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 void writeFile(const QString& path, const QByteArray& content) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();

@@ -175,13 +175,13 @@ struct TemplateCreation : testing::Test {
         flow(dialog, path);
         return flowLines();
     }
-};
 
-const std::string accepted = "dialog FakeDialog done 1";
-const std::string service = "call osgi::ObjectHelper::GetService(\"firstPagePlugin\")";
-const std::string query = "call FirstPagePlugin::canStartNew(true)";
-const std::string message = "call Communication::SendMsg(4, 44, \"/templates/甲.MODX\")";
-const std::string signal = "signal SignalCreateMB(4, 44, \"/templates/甲.MODX\")";
+    const std::string accepted = "dialog FakeDialog done 1";
+    const std::string service = "call osgi::ObjectHelper::GetService(\"firstPagePlugin\")";
+    const std::string query = "call FirstPagePlugin::canStartNew(true)";
+    const std::string message = "call Communication::SendMsg(4, 44, \"/templates/甲.MODX\")";
+    const std::string signal = "signal SignalCreateMB(4, 44, \"/templates/甲.MODX\")";
+};
 
 TEST_F(TemplateCreation, by_card_closes_first_and_tells_the_main_logic_and_the_host) {
     EXPECT_EQ(run(newpro::createFromTemplateCard),

@@ -9,14 +9,11 @@
 #include "tests/monkey/performance.h"
 #include "tests/monkey/sequence.h"
 #include "tests/monkey/shrink.h"
+#include "tests/monkey/words.h"
 
 namespace monkey {
 
 namespace {
-
-QString key(const char* ascii) {
-    return QLatin1String(ascii);
-}
 
 bool write(const QString& file, const QJsonObject& content) {
     QFile written(file);

@@ -13,10 +13,6 @@ namespace {
 
 using Args = QJsonObject;
 
-QString key(const char* ascii) {
-    return QLatin1String(ascii);
-}
-
 QString among(Dice& dice, const char* blankSeparated) {
     return dice.among(QString::fromLatin1(blankSeparated).split(QLatin1Char(' ')));
 }

@@ -11,6 +11,10 @@ QStringList wordsOf(const char* lines) {
 
 }  // namespace
 
+QString key(const char* ascii) {
+    return QLatin1String(ascii);
+}
+
 const QStringList& busyOperations() {
     static const QStringList words = wordsOf(R"(
 InterfaceAdaptation::getInstance

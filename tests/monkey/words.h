@@ -5,6 +5,9 @@
 
 namespace monkey {
 
+/// @return a word of the scenarios, such as a member's name.
+QString key(const char* ascii);
+
 /// Operations that are asked so often that only a later call is one within the dialog's use.
 const QStringList& busyOperations();
 

@@ -60,6 +60,20 @@ Lines collect(Keep keep, Show show) {
 
 }  // namespace
 
+QString utf(const char* text) {
+    return QString::fromUtf8(text);
+}
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    return file.readAll();
+}
+
+QString textOf(const QString& path) {
+    return QString::fromUtf8(contentOf(path));
+}
+
 std::string lineOf(const QJsonObject& entry) {
     const std::string kind = text(entry, "kind");
     const std::string name = text(entry, "name");

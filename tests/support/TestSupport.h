@@ -29,6 +29,12 @@ namespace testing_support {
 /// Lines of text in UTF-8, which GoogleTest compares and prints one by one.
 using Lines = std::vector<std::string>;
 
+/// @return the text that these bytes are in UTF-8.
+QString utf(const char* text);
+/// @return a file's content, and the same as text; the test fails where it cannot be read.
+QByteArray contentOf(const QString& path);
+QString textOf(const QString& path);
+
 /// Lets a Qt warning pass whose text contains `pattern` (a regular expression) until the running
 /// test ends, which fails when none came. Every other Qt warning fails the running test.
 void expectWarning(const QString& pattern);

@@ -13,10 +13,6 @@
 
 namespace testing_support {
 
-inline QString utf(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 inline QString open(const QString& folder, int mode = 2, OpenFileType type = OpenFile,
                     QStringList filter = {}) {
     return zFileDialog::getOpenFileName(nullptr, folder, &filter, mode, QString(), true, QString(),

@@ -58,12 +58,6 @@ class Writer {
     QByteArray told;
 };
 
-inline QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
 /// @return the names of all files of a folder, hidden ones too.
 inline QStringList filesIn(const QString& folder) {
     return QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System);

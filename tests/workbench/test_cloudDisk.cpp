@@ -18,10 +18,6 @@ namespace {
 const char* const personal = "CloudDisks/个人云盘/";
 const char* const company = "CloudDisks/企业云盘/";
 
-QString utf(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 QJsonArray list(const QJsonObject& answer) {
     return workbench::cloud::nodesOf(answer);
 }

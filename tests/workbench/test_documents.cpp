@@ -7,13 +7,9 @@
 
 namespace {
 
-const QDir repository(QStringLiteral(REPOSITORY));
+using testing_support::textOf;
 
-QString contents(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
+const QDir repository(QStringLiteral(REPOSITORY));
 
 /// Adds the Markdown files below a folder, but for what is built.
 void collectPages(const QDir& folder, QFileInfoList& pages) {
@@ -44,7 +40,7 @@ QStringList found(const QString& text, const QString& pattern) {
 TEST(Documents, EveryRelativeLinkLeadsToAFile) {
     int links = 0;
     for (const QFileInfo& page : allPages()) {
-        const QString text = contents(page.filePath());
+        const QString text = textOf(page.filePath());
         for (const QString& link : found(text, QStringLiteral("\\]\\(([^)#\\s]+)"))) {
             if (link.contains(QLatin1String("://"))) continue;
             EXPECT_TRUE(page.dir().exists(link))
@@ -60,7 +56,7 @@ TEST(Documents, EveryRelativeLinkLeadsToAFile) {
 TEST(Documents, EveryPathOfTheGuidesIsThere) {
     for (const char* name : {"CONTRIBUTING.md", "docs/architecture.md", "docs/third-party.md"}) {
         int paths = 0;
-        const QString text = contents(repository.filePath(QLatin1String(name)));
+        const QString text = textOf(repository.filePath(QLatin1String(name)));
         for (const QString& path :
              found(text, QStringLiteral("`([\\w.-]+/[\\w./-]*)(?: [^`]*)?`"))) {
             if (path.startsWith(QLatin1String("build/"))) continue;
@@ -72,12 +68,11 @@ TEST(Documents, EveryPathOfTheGuidesIsThere) {
 }
 
 TEST(Documents, TheChangelogTellsOfTheProjectsVersion) {
-    const QStringList version =
-        found(contents(repository.filePath(QStringLiteral("CMakeLists.txt"))),
-              QStringLiteral("VERSION (\\d+\\.\\d+\\.\\d+)"));
+    const QStringList version = found(textOf(repository.filePath(QStringLiteral("CMakeLists.txt"))),
+                                      QStringLiteral("VERSION (\\d+\\.\\d+\\.\\d+)"));
     ASSERT_EQ(version.size(), 1);
     const QStringList dated =
-        found(contents(repository.filePath(QStringLiteral("CHANGELOG.md"))),
+        found(textOf(repository.filePath(QStringLiteral("CHANGELOG.md"))),
               QStringLiteral("\n## (\\d+\\.\\d+\\.\\d+) — \\d{4}-\\d{2}-\\d{2}\n"));
     EXPECT_TRUE(dated.contains(version.constFirst())) << version.constFirst().toStdString();
 }
@@ -95,11 +90,11 @@ TEST(Documents, ThePicturesThatTheModuleNamesAreListedForHosts) {
     for (const char* room : {"core", "models", "files", "import", "dialog"}) {
         const QDir folder(repository.filePath(QLatin1String(room)));
         for (const QString& file : folder.entryList({QStringLiteral("*.cpp")}))
-            sources += contents(folder.filePath(file));
+            sources += textOf(folder.filePath(file));
     }
     EXPECT_GE(pictures(sources).size(), 21);
     for (const char* list : {"docs/writing-a-host.md", "conformance/pictures.cpp"})
-        EXPECT_EQ(pictures(contents(repository.filePath(QLatin1String(list)))), pictures(sources))
+        EXPECT_EQ(pictures(textOf(repository.filePath(QLatin1String(list)))), pictures(sources))
             << list;
 }
 

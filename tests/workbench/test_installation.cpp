@@ -17,12 +17,6 @@ using workbench::Installation;
 
 namespace {
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
 QByteArray sampleContent(const char* file) {
     return contentOf(QLatin1String(SAMPLE_INSTALLATION "/") + QLatin1String(file));
 }

@@ -12,6 +12,8 @@
 
 namespace {
 
+using testing_support::textOf;
+
 const QString docs = QStringLiteral(REPOSITORY "/docs/");
 
 struct ExportedClass {
@@ -27,12 +29,6 @@ const ExportedClass exportedClasses[] = {
     {"import/importExcelSelFile.h", importExcelSelFile::staticMetaObject},
     {"dialog/xzGcLxDialog.h", xzGcLxDialog::staticMetaObject}};
 
-QString contents(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
-
 QStringList captures(const QString& text, const char* pattern) {
     const QRegularExpression expression(QLatin1String(pattern),
                                         QRegularExpression::MultilineOption);
@@ -45,7 +41,7 @@ QStringList captures(const QString& text, const char* pattern) {
 /// @return what a header declares for others: public members, signals, and what the meta-object
 ///         reaches in other sections.
 QStringList declaredNames(const ExportedClass& exported) {
-    QString text = contents(QStringLiteral(REPOSITORY "/") + QLatin1String(exported.header));
+    QString text = textOf(QStringLiteral(REPOSITORY "/") + QLatin1String(exported.header));
     text.remove(QRegularExpression(QStringLiteral("//[^\n]*")));
     text = text.section(QStringLiteral("class NEWPRO_EXPORT ") + exported.name(), 1);
     text = text.section(QStringLiteral("\n};"), 0, 0);
@@ -68,7 +64,7 @@ QStringList declaredNames(const ExportedClass& exported) {
 
 /// @return the part of the page about one class.
 QString chapter(const QString& className) {
-    const QString page = contents(docs + QStringLiteral("interface.md"));
+    const QString page = textOf(docs + QStringLiteral("interface.md"));
     return page.section(QStringLiteral("\n## %1\n").arg(className), 1)
         .section(QStringLiteral("\n## "), 0, 0);
 }
@@ -115,7 +111,7 @@ TEST(InterfacePage, EveryRowNamesAFileThatShowsTheOperation) {
 TEST(InterfacePage, EveryLinkedScenarioCanBeRead) {
     int scenarios = 0;
     for (const char* page : {"interface.md", "scenarios.md"}) {
-        const QString text = contents(docs + QLatin1String(page));
+        const QString text = textOf(docs + QLatin1String(page));
         for (const QString& link : captures(text, "\\]\\(([^)#]+\\.json)")) {
             workbench::Scenario scenario;
             QString error;
@@ -149,7 +145,7 @@ QStringList switchRows() {
 }
 
 TEST(ScenarioPage, HasTheTableOfTheHostsSwitches) {
-    const QString chapter = contents(docs + QStringLiteral("scenarios.md"))
+    const QString chapter = textOf(docs + QStringLiteral("scenarios.md"))
                                 .section(QStringLiteral("\n### `host`"), 1)
                                 .section(QStringLiteral("\n### "), 0, 0);
     EXPECT_EQ(captures(chapter, "^(\\| `.*)$"), switchRows());

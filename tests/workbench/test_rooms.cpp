@@ -37,15 +37,10 @@ struct Rooms {
     }
 };
 
-QString contents(const QString& path) {
-    QFile file(repository.filePath(path));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return QString::fromUtf8(file.readAll());
-}
-
 Rooms readRooms() {
     Rooms rooms;
-    for (const QString& line : contents(QStringLiteral("docs/rooms.md")).split(QLatin1Char('\n'))) {
+    for (const QString& line :
+         textOf(repository.filePath(QStringLiteral("docs/rooms.md"))).split(QLatin1Char('\n'))) {
         if (!line.startsWith(QLatin1String("| `"))) continue;
         const QStringList cells = line.split(QLatin1Char('|'));
         const QString name = cells.at(1).simplified().remove(QLatin1Char('`'));
@@ -132,7 +127,7 @@ TEST(Rooms, EveryIncludeHasItsArrowAndEveryArrowItsInclude) {
     Lines wrong;
     int count = 0;
     for (const QString& file : sources()) {
-        const Lines found = offences(rooms, file, contents(file), used);
+        const Lines found = offences(rooms, file, textOf(repository.filePath(file)), used);
         wrong.insert(wrong.end(), found.begin(), found.end());
         ++count;
     }

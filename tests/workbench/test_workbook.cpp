@@ -20,12 +20,6 @@ bool opens(const QString& path) {
     return LibXLExcel::Open(path) != nullptr;
 }
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
-    return file.readAll();
-}
-
 /// @return the median of several openings, in nanoseconds.
 qint64 timeToOpen(const QString& path) {
     std::vector<qint64> times(31);

@@ -115,7 +115,7 @@ int playScenarios(CommandLine line) {
         if (tour) printJournal(result);
         worst = qMax(worst, reported(scenario, result));
         pictures += result.pictures;
-        coverage.add(result.journal);
+        if (line.coverage) coverage.add(result.journal);
     }
     if (line.coverage) {
         for (const QString& row : coverage.table()) print(row);

@@ -23,7 +23,7 @@ constexpr char noEstimatePage[] =
 const struct {
     const char* operation;
     const char* why;
-} unreachable[] = {
+} beyondReach[] = {
     {"GetProgramTypeByFile", noEstimatePage},
     {"InterfaceAdaptation::getInstance", notJournalled},
     {"InterfaceAdaptation::getResolutionRatioH", notJournalled},
@@ -103,7 +103,7 @@ std::function<bool(const QJsonObject&)> shownBy(const QJsonObject& pattern) {
 CoverageRow operationRow(const QString& operation) {
     CoverageRow row{QStringLiteral("operations"), operation,
                     shownBy({{QStringLiteral("name"), operation}})};
-    for (const auto& each : unreachable)
+    for (const auto& each : beyondReach)
         if (operation == QLatin1String(each.operation)) row.whyNever = each.why;
     return row;
 }

@@ -1,7 +1,6 @@
 #include "workbench/scenario/Player.h"
 
 #include <QDialog>
-#include <QTimer>
 #include <exception>
 
 #include "workbench/journal/Journal.h"
@@ -21,6 +20,8 @@ const int personPaceMs = 900;  ///< Between two steps at a person's pace.
 Player::Player(const Scenario& scenario, const PlayOptions& options, Stage& stage)
     : scenario(scenario), options(options), stage(stage) {
     stage.opened = [this](NewProCfgDialog* dialog) { watchDialog(dialog); };
+    next.setSingleShot(true);
+    connect(&next, &QTimer::timeout, this, &Player::tick);
 }
 
 QString Player::run() {
@@ -28,7 +29,7 @@ QString Player::run() {
         std::chrono::milliseconds(options.stepLimit + options.hangLimit), stage.folder);
     feedWatchdog(QStringLiteral("nothing has happened"));
     stepClock.start();
-    QTimer::singleShot(0, this, &Player::tick);
+    next.start(0);
     loop.exec();
     watchdog.reset();
     return reason;
@@ -60,21 +61,21 @@ void Player::tick() {
     if (mustWait()) {
         if (stepClock.elapsed() > options.stepLimit)
             end(QStringLiteral("the step has not come to its end"));
-        QTimer::singleShot(pollMs, this, &Player::tick);
+        next.start(pollMs);
         return;
     }
     if (takeNextStep()) return attempt(planning());
     const QWidget* top = skips() ? nullptr : topWindow();
     end(top && top != stage.dialog ? QStringLiteral("a window is left open: %1").arg(described(top))
                                    : QString());
-    QTimer::singleShot(0, this, &Player::tick);
+    next.start(0);
 }
 
 void Player::attempt(const Plan& plan) {
     if (plan.action) return perform(plan);
     const bool late = stepClock.elapsed() > (skips() ? options.skipAfter : options.stepLimit);
     if (plan.impossible || late) giveUp(plan.reason, late);
-    QTimer::singleShot(planning ? pollMs : 0, this, &Player::tick);
+    next.start(planning ? pollMs : 0);
 }
 
 void Player::giveUp(const QString& why, bool late) {
@@ -91,7 +92,7 @@ void Player::giveUp(const QString& why, bool late) {
 void Player::perform(const Plan& plan) {
     planning = plan.then;
     busy.append(topWindow());
-    QTimer::singleShot(options.watch && !planning ? personPaceMs : 0, this, &Player::tick);
+    next.start(options.watch && !planning ? personPaceMs : 0);
     try {
         plan.action();
     } catch (const StepFailure& failure) {
@@ -120,7 +121,7 @@ void Player::clearUp() {
         dialog->reject();
     else if (top)
         top->close();
-    QTimer::singleShot(pollMs, this, &Player::tick);
+    next.start(pollMs);
 }
 
 QString Player::place() const {

@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 #include <QVector>
 #include <memory>
 
@@ -80,6 +81,9 @@ class Player : public QObject {
     const PlayOptions& options;
     Stage& stage;
     QEventLoop loop;
+    /// Brings the next tick. No posted call: Qt would search all events that a dialog of thousands
+    /// of cards posts while it is made, once for each, as long as it delivers one of them.
+    QTimer next;
     QElapsedTimer stepClock;
     std::unique_ptr<Watchdog> watchdog;
     int step = -1;                    ///< Index of the current step.

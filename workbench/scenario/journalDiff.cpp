@@ -168,7 +168,7 @@ std::vector<Line> allLines(const QVector<QJsonObject>& left, const QVector<QJson
         lines.push_back({partner < 0 ? '-' : ' ', i, j, &left[i]});
         if (partner >= 0) ++j;
     }
-    for (; j < right.size(); ++j) lines.push_back({'+', left.size(), j, &right[j]});
+    for (; j < right.size(); ++j) lines.push_back({'+', int(left.size()), j, &right[j]});
     return lines;
 }
 

@@ -1,7 +1,7 @@
 // One fee mode is no choice, and needs no default.
 #include <SharedInterface.h>
 
-QMap<QString, ProjectSettingSpace::PricingModelInfo> ProjectSettingHelper::GetPricingModelInfoMap(
+ProjectSettingSpace::PricingModelInfoMap ProjectSettingHelper::GetPricingModelInfoMap(
     const QString&, const QString&) {
     ProjectSettingSpace::PricingModelInfo model;
     model.key = QStringLiteral("qdjj");

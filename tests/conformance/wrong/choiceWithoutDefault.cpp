@@ -1,7 +1,7 @@
 // a choice of fee modes has a default among them
 #include <SharedInterface.h>
 
-QMap<QString, ProjectSettingSpace::PricingModelInfo> ProjectSettingHelper::GetPricingModelInfoMap(
+ProjectSettingSpace::PricingModelInfoMap ProjectSettingHelper::GetPricingModelInfoMap(
     const QString&, const QString&) {
     ProjectSettingSpace::PricingModelInfo model;
     model.feeModes = QStringList{QStringLiteral("整体计费"), QStringLiteral("单独计费")};

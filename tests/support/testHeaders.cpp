@@ -1,1 +1,0 @@
-// Nothing of its own: the target that holds it compiles what every test includes.
