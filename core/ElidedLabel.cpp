@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QPainter>
+#include <QTextLayout>
 
 #include "core/guard.h"
 
@@ -28,6 +29,29 @@ QString onOneLine(QString text) {
         if (breaks) text[i] = QLatin1Char(' ');
     }
     return text;
+}
+
+/// Draws dots by themselves: in one with a text they take the shape of its script, high behind
+/// Chinese and low behind Latin letters. @param place where the base line begins.
+void drawWithDots(QPainter& painter, QPointF place, const QString& text) {
+    const QString dots(QChar(0x2026));
+    const int cut = text.indexOf(dots);
+    if (cut < 0) return painter.drawText(place, text);
+    // Measured while it is drawn, because shaping the text is what costs.
+    QTextLayout before(text.left(cut), painter.font(), painter.device());
+    before.beginLayout();
+    QTextLine line = before.createLine();
+    if (line.isValid()) {
+        line.setLineWidth(QWIDGETSIZE_MAX);
+        line.setPosition({0, -line.ascent()});
+    }
+    before.endLayout();
+    before.draw(&painter, place);
+    if (line.isValid()) place.rx() += line.naturalTextWidth();
+    painter.drawText(place, dots);
+    place.rx() += painter.fontMetrics().horizontalAdvance(dots);
+    const QString rest = text.mid(cut + 1);
+    if (!rest.isEmpty()) drawWithDots(painter, place, rest);
 }
 
 }  // namespace
@@ -73,9 +97,9 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
         const int baseLine = area.top() + (area.height() - line.height()) / 2 - line.top();
         QPainter painter(this);
         const QString shown = onOneLine(text());
-        painter.drawText(area.left(), baseLine,
-                         mode == Qt::ElideRight ? elidedAtEnd(metrics, shown, area.width())
-                                                : metrics.elidedText(shown, mode, area.width()));
+        drawWithDots(painter, QPoint(area.left(), baseLine),
+                     mode == Qt::ElideRight ? elidedAtEnd(metrics, shown, area.width())
+                                            : metrics.elidedText(shown, mode, area.width()));
     });
 }
 

@@ -20,6 +20,12 @@ int heightNeeded(const QWidget* page) {
     return page ? page->minimumHeight() : 0;
 }
 
+/// @return the height of a row of cards; 0 for a page without any.
+int rowHeight(const QWidget* page) {
+    const auto* list = qobject_cast<const CardList*>(page);
+    return list && list->count() > 0 ? list->rowsHeight() / list->count() : 0;
+}
+
 }  // namespace
 
 TaxPageArea::TaxPageArea(QStackedWidget* pages, QWidget* parent)
@@ -42,6 +48,10 @@ TaxPageArea::TaxPageArea(QStackedWidget* pages, QWidget* parent)
 
 void TaxPageArea::fitStack() {
     const int needed = heightNeeded(stack->currentWidget());
+    // Where not all cards fit, whole ones are shown.
+    const int row = rowHeight(stack->currentWidget());
+    const bool cut = row > 0 && needed > height() && row < height();
+    setViewportMargins(0, 0, 0, cut ? height() % row : 0);
     const bool scrolls = needed > viewport()->height();
     // Decided here and not left to the area: it would change the width while the height changes,
     // and the pages would keep the old one.

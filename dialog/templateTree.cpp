@@ -1,8 +1,10 @@
 /// The tree of template projects.
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QStyledItemDelegate>
 
 #include "SharedInterface.h"
+#include "core/ElidedLabel.h"
 #include "core/guard.h"
 #include "core/rowButtons.h"
 #include "core/scale.h"
@@ -23,8 +25,8 @@ constexpr int pathRole = Qt::UserRole + 1;
 constexpr double rowWidth = 780.0;    // design pixels
 constexpr double buttonWidth = 70.0;  // design pixels; of a row's button, and of the second column
 
-constexpr int darkBelow = 128;         // lightness, of 255, below which a background is dark
-constexpr int darkRowLightness = 160;  // percent of the background's lightness
+constexpr int darkBelow = 128;    // lightness, of 255, below which a background is dark
+constexpr int rowLightness = 24;  // what is added to it for a row that is hovered or selected
 
 QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) {
     return QStringLiteral(
@@ -54,6 +56,19 @@ QString treeStyle(int fontSize, int sectionHeight, const QString& branchColour) 
         .arg(branchColour);
 }
 
+/// Lets the rows, which stand in the first column, reach to the end of the second: their buttons
+/// end where the page does.
+class WholeRows : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void updateEditorGeometry(QWidget* row, const QStyleOptionViewItem& option,
+                              const QModelIndex&) const override {
+        QRect place = option.rect;
+        place.setRight(row->parentWidget()->width() - 1);
+        row->setGeometry(place);
+    }
+};
+
 QColor rowBackground() {
     return zBaseWidget(nullptr, newpro::TransparentRow).normalBackColor();
 }
@@ -65,7 +80,9 @@ QString darkRowStyle() {
     if (background.lightness() >= darkBelow) return QString();
     return QStringLiteral(
                "QTreeWidget::item:hover,QTreeWidget::item:selected{background-color:%1;}")
-        .arg(background.lighter(darkRowLightness).name());
+        .arg(QColor::fromHsl(background.hslHue(), background.hslSaturation(),
+                             background.lightness() + rowLightness)
+                 .name());
 }
 
 }  // namespace
@@ -94,6 +111,7 @@ void NewProCfgDialogPrivate::createTemplateTree() {
     taxPageStack->addWidget(templateTree);
     templateTree->setAccessibleName(QStringLiteral("模板工程"));
     templateTree->setColumnCount(2);
+    templateTree->setItemDelegate(new WholeRows(templateTree.need()));
     templateTree->setHeaderHidden(true);
     templateTree->setSelectionMode(QAbstractItemView::SingleSelection);
     templateTree->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -177,7 +195,7 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     auto row = std::make_unique<zBaseWidget>(nullptr, newpro::TransparentRow);
     auto* layout = new QHBoxLayout(row.get());
     layout->setContentsMargins(0, scaled(2), 0, scaled(2));
-    layout->addWidget(new zBaseLabel(text, row.get()));
+    layout->addWidget(new newpro::ElidedLabel(text, Qt::ElideMiddle, row.get()), 1);
     layout->addStretch();
     if (!isFile) return row;
 

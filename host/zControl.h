@@ -66,7 +66,7 @@ class NEWPRO_HOST_API zTitleModal : public zBaseModal {
   public:
     explicit zTitleModal(QWidget* parent = nullptr);
     void SetCaption(const QString& caption);
-    /// Leaves only the close button in the title bar.
+    /// Of the buttons that a title bar may have, leaves only the one that closes.
     void OnlyClose();
     /// Shows the dialog modally. @return 0 when it was accepted, 1 otherwise.
     int ShowModal();

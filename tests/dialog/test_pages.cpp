@@ -195,7 +195,7 @@ TEST_F(Pages, ReturnInAFieldNeitherClosesTheDialogNorPressesAButton) {
 }
 
 TEST_F(Pages, TheTreeStyleIsFilledWithScaledSizesAndTheSkinsColour) {
-    for (const char* skin : {"light", "dark"}) {
+    for (const char* skin : {"light", "dark", "contrast"}) {
         workbench::Host::instance().setSkin(QLatin1String(skin));
         workbench::Host::instance().setScale(1.5);
         make();
@@ -219,7 +219,7 @@ TEST_F(Pages, TheTreeStyleIsFilledWithScaledSizesAndTheSkinsColour) {
         }
         EXPECT_FALSE(style.contains(QLatin1Char('%')));
         // In a dark skin the rows' light tints are taken back, behind the sheet itself.
-        const bool dark = skin == std::string("dark");
+        const bool dark = skin != std::string("light");
         EXPECT_TRUE(tree()->styleSheet().startsWith(style));
         EXPECT_EQ(tree()->styleSheet() != style, dark) << tree()->styleSheet().toStdString();
     }

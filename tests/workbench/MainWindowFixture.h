@@ -11,6 +11,7 @@
 #include "models/ProModelItemForm.h"
 #include "tests/support/TestSupport.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/ScaleLimit.h"
 #include "workbench/app/Settings.h"
 #include "workbench/app/Surface.h"
 #include "workbench/projects/ProjectFile.h"
@@ -39,6 +40,8 @@ class MainWindowTest : public testing::Test {
         window = std::make_unique<workbench::MainWindow>(settings.get());
         window->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        // As on a screen that holds every scale.
+        window->findChild<workbench::ScaleLimit*>()->fit({7680, 4320});
         list = child<QTreeWidget>(window.get(), "projectList");
     }
 

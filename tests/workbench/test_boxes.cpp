@@ -16,9 +16,9 @@ struct Boxed {
     double radius;
 };
 
-constexpr Boxed card = {workbench::CardType, workbench::Tint::Border, 6};
+constexpr Boxed card = {workbench::CardType, workbench::Tint::Line, 6};
 constexpr Boxed buttons[] = {{workbench::PlainType, workbench::Tint::Border, 4},
-                             {workbench::DefaultActionType, workbench::Tint::Accent, 4},
+                             {workbench::DefaultActionType, workbench::Tint::AccentLine, 4},
                              {workbench::NewButtonType, workbench::Tint::AccentLine, 4},
                              {workbench::SplitPartType, workbench::Tint::None, 3},
                              {workbench::RibbonTabType, workbench::Tint::None, 6}};

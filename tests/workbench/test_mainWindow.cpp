@@ -146,6 +146,16 @@ TEST_F(MainWindowTest, EveryTickOfThePanelChangesTheHost) {
     }
 }
 
+TEST_F(MainWindowTest, TheMenuHasEverySkinAndMarksTheCurrentOne) {
+    for (const char* word : {"contrast", "dark", "light"}) {
+        part<QAction>((std::string("skin.") + word).c_str())->trigger();
+        EXPECT_EQ(Host::instance().skin(), QLatin1String(word));
+        for (const char* each : {"contrast", "dark", "light"})
+            EXPECT_EQ(part<QAction>((std::string("skin.") + each).c_str())->isChecked(),
+                      each == std::string(word));
+    }
+}
+
 TEST_F(MainWindowTest, TheAccountOfThePanelIsTheHosts) {
     auto* user = part<QLineEdit>("account.userId");
     EXPECT_EQ(user->text(), host.switches().account.userId);
@@ -159,6 +169,9 @@ TEST_F(MainWindowTest, ThePanelShowsWhatElseChangesTheHost) {
     part<QAction>("skinAction")->trigger();
     EXPECT_EQ(Host::instance().skin(), QStringLiteral("dark"));
     EXPECT_EQ(skin->currentText(), QStringLiteral("深色"));
+    part<QAction>("skinAction")->trigger();
+    EXPECT_EQ(Host::instance().skin(), QStringLiteral("contrast"));
+    EXPECT_EQ(skin->currentText(), QStringLiteral("高对比度"));
     part<QAction>("skinAction")->trigger();
     EXPECT_EQ(skin->currentText(), QStringLiteral("浅色"));
     Host::instance().setScale(2);

@@ -207,7 +207,7 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
         {{QStringLiteral("record"), QString()}, "record: takes one file\n"},
         {{QStringLiteral("record"), file, file}, "record: takes one file\n"},
         {{play, file, QStringLiteral("--skin"), QStringLiteral("red")},
-         "--skin: must be light or dark\n"},
+         "--skin: must be light or dark or contrast\n"},
         {{play, file, QStringLiteral("--journal"), QString()}, "--journal: must not be empty\n"},
         {{play, file, QStringLiteral("--installation=")}, "--installation: must not be empty\n"},
         {{play, file, QStringLiteral("--pictures=")}, "--pictures: must not be empty\n"},

@@ -61,7 +61,7 @@ TEST_F(ScenarioTest, WhatIsWrongWithAFileIsToldWithItsPlace) {
         {"{\"title\": \"t\", \"host\": {\"scale\": 4}, \"steps\": []}",
          "s.json:1: host.scale: must be a factor from 1 to 3 or a percentage from 100 to 300"},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"host\", \"skin\": \"blue\"}]}",
-         "s.json:1: steps[0].skin: must be one of \"light\", \"dark\""},
+         "s.json:1: steps[0].skin: must be one of \"light\", \"dark\", \"contrast\""},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"clicks\", \"on\": [\"a\", \"\"]}]}",
          "s.json:1: steps[0].on: must name widgets, one at least"},
         {"{\"title\": \"t\", \"steps\": [{\"do\": \"clicks\", \"on\": []}]}",

@@ -5,7 +5,9 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
@@ -90,7 +92,22 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
         const int index = box->findData(each.get().toVariant().toString());
         if (index >= 0) box->setCurrentIndex(index);
     });
-    form->addRow(caption, box);
+    auto* cell = new QVBoxLayout;
+    cell->setSpacing(4);
+    cell->addWidget(box);
+    auto* note = new QLabel;
+    note->setObjectName(each.field.key + QStringLiteral(".note"));
+    note->setWordWrap(true);
+    note->hide();
+    cell->addWidget(note);
+    form->addRow(caption, cell);
+}
+
+void HostPanel::setNote(const QString& key, const QString& text) {
+    auto* note = findChild<QLabel*>(key + QStringLiteral(".note"));
+    note->setText(text);
+    note->setVisible(!text.isEmpty());
+    if (!text.isEmpty()) ensureWidgetVisible(note);
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
@@ -104,13 +121,15 @@ void HostPanel::addTick(const QString& caption, const QString& name, std::functi
 }
 
 void HostPanel::adaptToScale() {
-    form->setContentsMargins(scaled(14), scaled(10), scaled(14), scaled(10));
-    form->setHorizontalSpacing(scaled(10));
+    form->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
+    form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
     for (QWidget* heading : qAsConst(headings)) {
         heading->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
         heading->setContentsMargins(0, scaled(8), 0, 0);
     }
+    // The area itself would let its switches be cut.
+    setMinimumWidth(widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
 }
 
 }  // namespace workbench

@@ -19,6 +19,8 @@ class HostPanel : public QScrollArea {
 
     /// Shows the host's state again, after something else has changed it.
     void refresh();
+    /// Says something below the list of a switch. @param text empty: nothing.
+    void setNote(const QString& key, const QString& text);
 
   private:
     void add(const HostSwitch& each);

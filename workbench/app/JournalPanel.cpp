@@ -155,8 +155,9 @@ void JournalPanel::showOnlyKindOfCurrent() {
 }
 
 void JournalPanel::adaptToScale() {
-    layout()->setContentsMargins(scaled(10), scaled(8), scaled(10), scaled(8));
-    layout()->setSpacing(scaled(6));
+    layout()->setContentsMargins(scaled(12), scaled(8), scaled(12), scaled(8));
+    layout()->setSpacing(scaled(8));
+    text->parentWidget()->layout()->setSpacing(scaled(8));
     kind->setMinimumWidth(scaled(110));
     view->header()->resizeSection(JournalModel::Number, scaled(60));
     view->header()->resizeSection(JournalModel::Time, scaled(90));

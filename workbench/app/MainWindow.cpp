@@ -1,10 +1,12 @@
 #include "workbench/app/MainWindow.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QPointer>
 #include <QScreen>
@@ -13,12 +15,14 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <iterator>
 
 #include "dialog/NewProCfgDialog.h"
 #include "workbench/app/HostPanel.h"
 #include "workbench/app/JournalPanel.h"
 #include "workbench/app/NoticeBar.h"
 #include "workbench/app/ProjectPanel.h"
+#include "workbench/app/ScaleLimit.h"
 #include "workbench/app/Settings.h"
 #include "workbench/app/Surface.h"
 #include "workbench/app/showInFolder.h"
@@ -39,28 +43,52 @@ const int messageMs = 8000;
 /// stand out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
 QString partSheet() {
     QString sheet = QStringLiteral(R"(
-QSplitter::handle{background:@line;width:1px}
-QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:1px solid @line}
-QToolBar{border:none;border-bottom:1px solid @line;padding:#4#px #6#px;spacing:#4#px}
+QSplitter::handle{background:@line;width:#1#px}
+QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:#1#px solid @line}
+QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #6#px;spacing:#4#px}
 QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
 QToolButton:hover{background:@title}
-QMenuBar{border-bottom:1px solid @line}
-QStatusBar{border-top:1px solid @line}
+QToolButton:pressed{background:@pressed}
+QToolButton:checked{background:@selected}
+QToolButton:disabled{color:@faint}
+QMenuBar{border-bottom:#1#px solid @line}
+QStatusBar{border-top:#1#px solid @line}
 QStatusBar::item{border:none}
-QTreeView::item{padding:#3#px #4#px}
-QLineEdit,QPlainTextEdit{background:@field;border:1px solid @border;border-radius:#4#px;
+QLineEdit,QPlainTextEdit{background:@field;border:#1#px solid @border;border-radius:#4#px;
 padding:#3#px #4#px}
-QCheckBox::indicator:unchecked{background:@field;border:1px solid @border;border-radius:#3#px}
+QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
+QLineEdit:focus,QPlainTextEdit:focus{border:#2#px solid @focus;padding:#2#px #3#px}
+QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
 )");
-    const std::pair<QLatin1String, Tint> tints[] = {{QLatin1String("@line"), Tint::Divider},
-                                                    {QLatin1String("@title"), Tint::Hover},
-                                                    {QLatin1String("@text"), Tint::Text},
-                                                    {QLatin1String("@field"), Tint::Field},
-                                                    {QLatin1String("@border"), Tint::Border}};
+    const std::pair<QLatin1String, Tint> tints[] = {
+        {QLatin1String("@line"), Tint::Divider},      {QLatin1String("@title"), Tint::Hover},
+        {QLatin1String("@text"), Tint::Text},         {QLatin1String("@field"), Tint::Field},
+        {QLatin1String("@border"), Tint::Border},     {QLatin1String("@focus"), Tint::AccentLine},
+        {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
+        {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {3, 4, 5, 6, 7, 8, 12})
-        sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(scaled(size)));
+    for (const int size : {1, 2, 3, 4, 5, 6, 7, 8, 12})
+        sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
     return sheet;
+}
+
+struct SkinName {
+    QLatin1String word;
+    const char* text;
+};
+
+const SkinName skinNames[] = {{lightSkin, "浅色"}, {darkSkin, "深色"}, {contrastSkin, "高对比度"}};
+
+QString pictureOf(const QString& skin) {
+    return QStringLiteral(":/Image/Workbench/skin-%1.svg").arg(skin);
+}
+
+/// Puts on the skin after the current one.
+void nextSkin() {
+    Host& host = Host::instance();
+    const int count = int(std::size(skinNames));
+    for (int i = 0; i < count; ++i)
+        if (host.skin() == skinNames[i].word) return host.setSkin(skinNames[(i + 1) % count].word);
 }
 
 }  // namespace
@@ -84,6 +112,7 @@ MainWindow::MainWindow(Settings* settings)
     makeMenus();
     makeDocks();
     makeStatusBar();
+    watchScale();
     Host& host = Host::instance();
     host.setMainWindow(this);
     connect(projects, &ProjectPanel::refreshed, this, &MainWindow::showCount);
@@ -127,12 +156,9 @@ void MainWindow::makeActions() {
     tools->addSeparator();
     addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction", "",
               [this] { showFolder(Host::instance().installation().projectFolder()); });
-    addAction(QStringLiteral("刷新"), "file", "refreshAction", "F5",
+    addAction(QStringLiteral("刷新"), "refresh", "refreshAction", "F5",
               [this] { projects->refresh(); });
-    addAction(QStringLiteral("切换皮肤"), "skin-dark", "skinAction", "", [] {
-        Host& host = Host::instance();
-        host.setSkin(host.skin() == darkSkin ? lightSkin : darkSkin);
-    });
+    addAction(QStringLiteral("切换皮肤"), "skin-light", "skinAction", "", [] { nextSkin(); });
     tools->setObjectName(QStringLiteral("tools"));
     tools->setMovable(false);
     tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -140,6 +166,19 @@ void MainWindow::makeActions() {
     for (QAction* action : tools->actions())
         if (QWidget* button = tools->widgetForAction(action))
             button->setAccessibleName(action->text());
+}
+
+/// One entry for each skin, of which the current one is marked.
+void MainWindow::addSkins(QMenu* menu) {
+    auto* group = new QActionGroup(this);
+    for (const SkinName& skin : skinNames) {
+        QAction* action = menu->addAction(QString::fromUtf8(skin.text));
+        action->setObjectName(QLatin1String("skin.") + skin.word);
+        action->setProperty(pictureProperty, pictureOf(skin.word));
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [skin] { Host::instance().setSkin(skin.word); });
+    }
 }
 
 void MainWindow::makeDocks() {
@@ -173,7 +212,31 @@ void MainWindow::makeStatusBar() {
     statusBar()->addPermanentWidget(installation);
 }
 
+/// Says beside the switch and in the status bar when a scale does not fit the screen.
+void MainWindow::watchScale() {
+    auto* label = new QLabel;
+    label->setObjectName(QStringLiteral("scaleNotice"));
+    statusBar()->insertPermanentWidget(0, label);
+    auto* limit = new ScaleLimit(this);
+    auto* panel = findChild<HostPanel*>();
+    const auto tell = [label, limit, panel] {
+        label->setText(limit->notice());
+        label->setVisible(!limit->notice().isEmpty());
+        panel->setNote(QStringLiteral("scale"), limit->notice());
+    };
+    connect(limit, &ScaleLimit::changed, label, tell);
+    tell();
+    if (!settings) return;
+    connect(limit, &ScaleLimit::changed, this, [this, limit, kept = limit->wanted()]() mutable {
+        if (limit->wanted() != kept) settings->keepScale(kept = limit->wanted());
+    });
+}
+
 void MainWindow::adaptToLook() {
+    const QString worn = Host::instance().skin();
+    findChild<QAction*>(QStringLiteral("skinAction"))
+        ->setProperty(pictureProperty, pictureOf(worn));
+    findChild<QAction*>(QStringLiteral("skin.") + worn)->setChecked(true);
     // Not on the window: a dialog above it would inherit the sheet, and open more slowly.
     const QString sheet = partSheet();
     for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
@@ -185,6 +248,11 @@ void MainWindow::adaptToLook() {
         const QString picture = action->property(pictureProperty).toString();
         if (!picture.isEmpty())
             action->setIcon(pixmapOf(skinPicture(picture), {side, side}, devicePixelRatioF()));
+    }
+    // Their titles keep the height of the old font otherwise.
+    for (const auto* dock : findChildren<QDockWidget*>()) {
+        dock->layout()->invalidate();
+        dock->layout()->activate();
     }
 }
 

@@ -50,8 +50,10 @@ class MainWindow : public QMainWindow {
     void watchJournal();
     QAction* addAction(const QString& text, const char* picture, const char* objectName,
                        const char* shortcut, const std::function<void()>& work);
+    void addSkins(QMenu* menu);
     void makeDocks();
     void makeStatusBar();
+    void watchScale();
     void adaptToLook();
     void showCreated(const QString& path);
     void showCount();

@@ -65,6 +65,7 @@ void MainWindow::makeMenus() {
     QMenu* view = menuBar()->addMenu(QStringLiteral("视图"));
     view->setObjectName(QStringLiteral("viewMenu"));
     view->addAction(named("skinAction"));
+    addSkins(view->addMenu(QStringLiteral("皮肤")));
     makeLanguageMenu(view);
     QMenu* help = menuBar()->addMenu(QStringLiteral("帮助"));
     help->setObjectName(QStringLiteral("helpMenu"));

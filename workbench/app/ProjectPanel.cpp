@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPlainTextEdit>
+#include <QScrollArea>
 #include <QTreeWidget>
 
 #include "workbench/app/Surface.h"
@@ -206,7 +207,13 @@ QWidget* ProjectPanel::makeDetails() {
     request->setReadOnly(true);
     request->setLineWrapMode(QPlainTextEdit::NoWrap);
     layout->addWidget(request, 1);
-    return details;
+    // In a low window the request keeps its height, and one scrolls to what is below.
+    auto* area = new QScrollArea;
+    area->setWidget(details);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return area;
 }
 
 void ProjectPanel::adaptToScale() {
@@ -218,11 +225,15 @@ void ProjectPanel::adaptToScale() {
     list->setMinimumWidth(scaled(420));
     search->parentWidget()->layout()->setContentsMargins(scaled(10), scaled(8), 0, 0);
     search->parentWidget()->layout()->setSpacing(scaled(8));
+    request->setMinimumHeight(scaled(120));
     title->setFont(TBaseTool::GetDefFont(scaled(16), QFont::Bold));
     QWidget* details = title->parentWidget();
-    details->setMinimumWidth(scaled(260));
+    widget(1)->setMinimumWidth(scaled(270));
     details->layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
-    details->layout()->setSpacing(scaled(10));
+    details->layout()->setSpacing(scaled(12));
+    auto* form = details->findChild<QFormLayout*>();
+    form->setHorizontalSpacing(scaled(12));
+    form->setVerticalSpacing(scaled(8));
 }
 
 void ProjectPanel::refresh() {

@@ -46,10 +46,12 @@ void Settings::applyLook() {
 void Settings::follow() {
     Host& host = Host::instance();
     connect(&host, &Host::skinChanged, this, [this, &host] { set("look/skin", host.skin()); });
-    connect(&host, &Host::scaleChanged, this,
-            [this, &host] { set("look/scale", qRound(host.scale() * 100)); });
     connect(&Surface::instance(), &Surface::languageChanged, this,
             [this] { set(languageKey, languageWords().at(int(Surface::instance().language()))); });
+}
+
+void Settings::keepScale(double scale) {
+    set("look/scale", qRound(scale * 100));
 }
 
 bool Settings::restore(QMainWindow& window) const {

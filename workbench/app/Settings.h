@@ -19,8 +19,10 @@ class Settings : public QObject {
     /// Gives the host its kept skin and scale, and the window its language: by the locale where
     /// none was ever chosen.
     void applyLook();
-    /// Keeps skin, scale and language from now on when they change.
+    /// Keeps skin and language from now on when they change.
     void follow();
+    /// @param scale that somebody asked for, whether or not the screen holds it; 1.0 is 100 %.
+    void keepScale(double scale);
 
     /// @return false where nothing is kept of a window.
     bool restore(QMainWindow& window) const;

@@ -19,6 +19,7 @@ constexpr int mainLogic = NoProgram;
 /// The skins, by the words that name them everywhere.
 const QLatin1String lightSkin("light");
 const QLatin1String darkSkin("dark");
+const QLatin1String contrastSkin("contrast");
 
 /// Everything that host operations share. Host libraries read it; the program, the scenario player
 /// and tests set it. `reset` brings it back to a fresh host without installation.
@@ -37,7 +38,7 @@ class WORKBENCH_API Host : public QObject {
     QWidget* mainWindow() const { return state.mainWindow; }
     void setMainWindow(QWidget* window) { state.mainWindow = window; }
 
-    /// Screen scale, 1.0 to 3.0, and skin, one of the two. Both take effect at once.
+    /// Screen scale, 1.0 to 3.0, and skin, one of the three. Both take effect at once.
     double scale() const { return state.scale; }
     void setScale(double scale);
     QString skin() const { return state.skin; }

@@ -13,38 +13,35 @@ namespace workbench {
 
 namespace {
 
-struct Shade {
-    QRgb light;
-    QRgb dark;
+struct Shades {
+    QRgb light, dark, contrast;
 };
 
-// In the order of Tint.
-constexpr Shade shades[] = {
-    {0x00000000, 0x00000000},  // None
-    {0xFFFFFFFF, 0xFF20242C},  // Surface
-    {0xFFFFFFFF, 0xFF272C36},  // Card
-    {0xFFF0F5FF, 0xFF2E3644},  // CardHover
-    {0xFFFFFFFF, 0xFF1A1E25},  // Field
-    {0xFFD5DCE8, 0xFF424B5C},  // Border
-    {0xFFE6EAF2, 0xFF343B48},  // Divider
-    {0xFF1F2733, 0xFFE4E8EF},  // Text
-    {0xFF5C6675, 0xFFA3ADBD},  // Muted
-    {0xFFA3ACB9, 0xFF687283},  // Faint
-    {0xFF2B6DE5, 0xFF3B78DE},  // Accent
-    {0xFF4A85F0, 0xFF4F89EA},  // AccentHover
-    {0xFF1F57C0, 0xFF2F64BF},  // AccentPressed
-    {0xFFFFFFFF, 0xFFFFFFFF},  // OnAccent
-    {0xFF2B6DE5, 0xFF7DACFF},  // AccentLine
-    {0xFFF0F5FF, 0xFF2E3644},  // Hover
-    {0xFFDCE9FF, 0xFF38465C},  // Pressed
-    {0xFFCDE8FF, 0xFF2C4A73},  // Selected
-    {0xFFE5484D, 0xFFE5484D},  // Danger
+// In the order of Tint. What has to be told from what, and by how much, is in docs/contrast.md.
+constexpr Shades shades[] = {
+    {0x00000000, 0x00000000, 0x00000000},  // None
+    {0xFFFFFFFF, 0xFF20242C, 0xFF000000},  // Surface
+    {0xFFFFFFFF, 0xFF272C36, 0xFF000000},  // Card
+    {0xFFF0F5FF, 0xFF2E3644, 0xFF1C1C1C},  // CardHover
+    {0xFFFFFFFF, 0xFF1A1E25, 0xFF000000},  // Field
+    {0xFFEEF1F6, 0xFF2B3039, 0xFF262626},  // Disabled
+    {0xFF76829A, 0xFF8791A3, 0xFFFFFFFF},  // Border
+    {0xFFC3CCDA, 0xFF4A5466, 0xFFFFFFFF},  // Line
+    {0xFFE6EAF2, 0xFF343B48, 0xFF8C8C8C},  // Divider
+    {0xFF1F2733, 0xFFE4E8EF, 0xFFFFFFFF},  // Text
+    {0xFF525C6B, 0xFFB4BDCB, 0xFFFFFFFF},  // Muted
+    {0xFF596372, 0xFFAAB3C1, 0xFFC8C8C8},  // Faint
+    {0xFF2563D9, 0xFF2F6AD0, 0xFFFFD400},  // Accent
+    {0xFF1B50B8, 0xFF2458B4, 0xFFFFE566},  // AccentHover
+    {0xFF123A85, 0xFF1A4390, 0xFFFFF3B0},  // AccentPressed
+    {0xFFFFFFFF, 0xFFFFFFFF, 0xFF000000},  // OnAccent
+    {0xFF1C59C4, 0xFF8DB6FF, 0xFFFFD400},  // AccentLine
+    {0xFFF0F5FF, 0xFF2E3644, 0xFF2A2A2A},  // Hover
+    {0xFFBFD4FA, 0xFF435574, 0xFF5A5A5A},  // Pressed
+    {0xFFD3E6FF, 0xFF28426A, 0xFF003C8F},  // Selected
+    {0xFFB8262E, 0xFFFF9699, 0xFFFF9A9A},  // Danger
 };
 static_assert(sizeof(shades) / sizeof(*shades) == static_cast<size_t>(Tint::Count));
-
-bool dark() {
-    return Host::instance().skin() == darkSkin;
-}
 
 QImage drawn(const QString& file, const QSize& pixels, Qt::AspectRatioMode mode) {
     QImage canvas(pixels, QImage::Format_ARGB32_Premultiplied);
@@ -69,8 +66,11 @@ QImage drawn(const QString& file, const QSize& pixels, Qt::AspectRatioMode mode)
 }  // namespace
 
 QColor colour(Tint tint) {
-    const Shade& shade = shades[static_cast<int>(tint)];
-    return QColor::fromRgba(dark() ? shade.dark : shade.light);
+    const Shades& shade = shades[static_cast<int>(tint)];
+    const QString skin = Host::instance().skin();
+    return QColor::fromRgba(skin == darkSkin       ? shade.dark
+                            : skin == contrastSkin ? shade.contrast
+                                                   : shade.light);
 }
 
 int scaled(double designPixels) {
@@ -78,10 +78,11 @@ int scaled(double designPixels) {
 }
 
 QString skinPicture(const QString& path) {
-    if (!dark() || path.isEmpty()) return path;
+    const QString skin = Host::instance().skin();
+    if (skin == lightSkin || path.isEmpty()) return path;
     const int dot = path.lastIndexOf(QLatin1Char('.'));
     QString other = path;
-    other.insert(dot < 0 ? path.size() : dot, QLatin1String("-dark"));
+    other.insert(dot < 0 ? path.size() : dot, QLatin1Char('-') + skin);
     return QFile::exists(other) ? other : path;
 }
 

@@ -1,4 +1,4 @@
-/// Colours, pictures and sizes of the workbench's two skins.
+/// Colours, pictures and sizes of the workbench's skins.
 #pragma once
 
 #include <QColor>
@@ -17,7 +17,9 @@ enum class Tint {
     Card,
     CardHover,
     Field,
-    Border,
+    Disabled,  ///< The ground of what cannot be used.
+    Border,    ///< Around what takes input.
+    Line,      ///< Around cards, windows and menus.
     Divider,
     Text,
     Muted,
@@ -41,8 +43,8 @@ WORKBENCH_API QColor colour(Tint tint);
 WORKBENCH_API int scaled(double designPixels);
 
 /// @param path a picture of the light skin.
-/// @return the picture of the current skin: in the dark skin the file with "-dark" before its
-///         suffix, where there is one.
+/// @return the picture of the current skin: the file with "-dark" or "-contrast" before its suffix,
+///         where there is one.
 WORKBENCH_API QString skinPicture(const QString& path);
 
 /// Draws a picture of the current skin at exactly the device pixels that it will cover.

@@ -227,8 +227,8 @@ const QVector<HostSwitch>& hostSwitches() {
          writing(&Switches::throws),
          "list of `{\"call\", \"nth\", \"as\", \"text\"}`: the `nth` call (from 1, the default) of "
          "the operation throws `as` a %1"},
-        {offering(field("skin", Shape::Word), {lightSkin, darkSkin}), skin, "", "", "皮肤",
-         "浅色|深色", "外观"},
+        {offering(field("skin", Shape::Word), {lightSkin, darkSkin, contrastSkin}), skin, "", "",
+         "皮肤", "浅色|深色|高对比度", "外观"},
         {sound(offering(field("scale", Shape::Number),
                         {number(100), number(125), number(150), number(200), number(300)}),
                scaleFault),

@@ -7,15 +7,20 @@ namespace workbench {
 
 QString fieldSheet() {
     return QStringLiteral(
-               "QLineEdit{background:%1;color:%2;border:1px solid %3;border-radius:%6px;"
+               "QLineEdit{background:%1;color:%2;border:%13px solid %3;border-radius:%6px;"
                "padding:0 %7px;selection-background-color:%4;selection-color:%5}"
-               "QLineEdit:focus{border-color:%4}"
-               "QLineEdit:disabled{color:%8}")
+               "QLineEdit:hover{border-color:%9}"
+               "QLineEdit:focus{border:%10px solid %9;padding:0 %12px}"
+               "QLineEdit:disabled{color:%8;background:%11}")
         .arg(colour(Tint::Field).name(), colour(Tint::Text).name(), colour(Tint::Border).name(),
              colour(Tint::Accent).name(), colour(Tint::OnAccent).name())
         .arg(scaled(3))
         .arg(scaled(6))
-        .arg(colour(Tint::Faint).name());
+        .arg(colour(Tint::Faint).name(), colour(Tint::AccentLine).name())
+        .arg(2 * qMax(1, scaled(1)))
+        .arg(colour(Tint::Disabled).name())
+        .arg(scaled(6) - qMax(1, scaled(1)))
+        .arg(qMax(1, scaled(1)));
 }
 
 zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent) {

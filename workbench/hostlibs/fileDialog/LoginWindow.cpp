@@ -42,7 +42,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     column->setContentsMargins(scaled(28), scaled(20), scaled(28), scaled(20));
     column->setSpacing(scaled(12));
     auto* grid = new QGridLayout;
-    grid->setSpacing(scaled(10));
+    grid->setSpacing(scaled(12));
     addRow(grid, 0, QStringLiteral("账号"), user);
     addRow(grid, 1, QStringLiteral("密码"), password);
     column->addLayout(grid);
@@ -52,7 +52,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     buttons->setSpacing(scaled(8));
     buttons->addStretch(1);
     auto* login = windowButton("loginButton", QStringLiteral("登录"), this);
-    login->setControlType(NewButtonType);
+    login->setControlType(DefaultActionType);
     login->setDefault(true);
     auto* cancel = windowButton("cancelButton", QStringLiteral("取消"), this);
     buttons->addWidget(login);

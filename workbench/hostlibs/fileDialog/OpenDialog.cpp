@@ -50,6 +50,7 @@ OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
       view(new OpenDialogView(request, this)) {
     SetCaption(captionOf(request));
     auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view);
     resize(scaled(860), scaled(560));

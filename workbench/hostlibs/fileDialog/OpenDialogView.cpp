@@ -222,7 +222,7 @@ QWidget* OpenDialogView::buttonRow() {
     progressBar->setTextVisible(false);
     progressBar->hide();
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
-    openButton->setControlType(NewButtonType);
+    openButton->setControlType(DefaultActionType);
     openButton->setDefault(true);
     cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
     layout->addWidget(messageLabel, 1);
@@ -235,24 +235,19 @@ QWidget* OpenDialogView::buttonRow() {
 void OpenDialogView::applyColours() {
     const QString listSheet =
         QStringLiteral(
-            "QTreeView{background:%1;border:1px solid %2;outline:0;"
-            "show-decoration-selected:0}"
-            "QTreeView::item{height:%3px;padding:0 %4px;border:none}"
-            "QTreeView::item:hover{background:%5}"
-            "QTreeView::item:selected{background:%6;color:%7}"
-            "QHeaderView::section{background:%5;color:%8;border:none;"
-            "border-right:1px solid %2;border-bottom:1px solid %2;padding:%9px %4px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
-            .arg(scaled(27))
-            .arg(scaled(6))
-            .arg(colour(Tint::Hover).name(), colour(Tint::Selected).name(),
-                 colour(Tint::Text).name(), colour(Tint::Muted).name())
-            .arg(scaled(4));
+            "QTreeView{background:%1;border:%5px solid %2;outline:0}"
+            "QHeaderView::section{background:%3;color:%4;border:none;"
+            "border-right:%5px solid %2;border-bottom:%5px solid %2;padding:%6px %7px}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Line).name(), colour(Tint::Hover).name(),
+                 colour(Tint::Muted).name())
+            .arg(qMax(1, scaled(1)))
+            .arg(scaled(4))
+            .arg(scaled(6));
     const QString barSheet =
         QStringLiteral(
             "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
             "QProgressBar::chunk{background:%4;border-radius:%3px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Border).name())
+            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
             .arg(scaled(3))
             .arg(colour(Tint::Accent).name());
     setStyleSheet(fieldSheet() + listSheet + barSheet);

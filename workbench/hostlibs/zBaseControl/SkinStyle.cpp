@@ -1,25 +1,29 @@
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
 #include <QAbstractItemView>
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolTip>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/formControls.h"
 
 namespace workbench {
 
 namespace {
 
-// A colour between both skins, so that nothing has to be done when the skin changes.
+constexpr double kRowHeight = 28;  // of every list and tree
+
+// Colours that can be seen in every skin, so that nothing has to be done when the skin changes.
 QString scrollBarSheet() {
     return QStringLiteral(
                "QScrollBar{background:transparent;border:none;margin:0}"
-               "QScrollBar::handle{background:rgba(135,148,168,125);border-radius:%1px;margin:%2px}"
-               "QScrollBar::handle:hover{background:rgba(135,148,168,215)}"
+               "QScrollBar::handle{background:#8791A3;border-radius:%1px;margin:%2px}"
+               "QScrollBar::handle:hover{background:#6C788C}"
                "QScrollBar::handle:vertical{min-height:%3px}"
                "QScrollBar::handle:horizontal{min-width:%3px}"
                "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0}"
@@ -29,20 +33,33 @@ QString scrollBarSheet() {
         .arg(scaled(28));
 }
 
-/// Two lines wide, so that it is told from the border of what it lies on.
-void drawFocusRing(QPainter& painter, const QRect& rect) {
-    const int line = qMax(1, scaled(1));
-    for (int inset = 0; inset < 2; ++inset) {
-        const int edge = inset * line;
-        drawBox(painter, rect.adjusted(edge, edge, -edge, -edge), Qt::transparent,
-                colour(Tint::AccentLine), 6 - inset);
-    }
-}
-
 // A view may ask for a selection colour of the other skin, on which no text could be read.
 QColor legible(const QColor& selection) {
     const int distance = qAbs(selection.lightness() - colour(Tint::Text).lightness());
     return distance < 80 ? colour(Tint::Selected) : selection;
+}
+
+void drawHeaderSection(QPainter& painter, const QRect& rect) {
+    const int line = qMax(1, scaled(1));
+    painter.fillRect(rect, colour(Tint::Hover));
+    painter.fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line, colour(Tint::Divider));
+    painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
+}
+
+/// Shows the tip of an item whose text is cut; what can be read needs none.
+/// @return whether the event is dealt with.
+bool tellCutItem(const QAbstractItemView& view, const QHelpEvent& event) {
+    const QModelIndex index = view.indexAt(event.pos());
+    if (!index.isValid() || view.indexWidget(index)) return false;
+    const bool cut = view.sizeHintForIndex(index).width() > view.visualRect(index).width();
+    if (!cut) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString tip = index.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(event.globalPos(),
+                       tip.isEmpty() ? index.data().toString().toHtmlEscaped() : tip);
+    return true;
 }
 
 }  // namespace
@@ -59,6 +76,8 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
+        view->viewport()->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar) return;
     // A sheet costs, and most bars are never seen: each view has two.
@@ -69,6 +88,9 @@ void SkinStyle::polish(QWidget* widget) {
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show)
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
+    if (event->type() == QEvent::ToolTip)
+        if (auto* view = qobject_cast<QAbstractItemView*>(watched->parent()))
+            return tellCutItem(*view, *static_cast<QHelpEvent*>(event));
     return QProxyStyle::eventFilter(watched, event);
 }
 
@@ -85,6 +107,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_DockWidgetTitleMargin:
         case PM_ExclusiveIndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
+        case PM_HeaderMarkSize:
         case PM_IndicatorHeight:
         case PM_IndicatorWidth:
         case PM_LargeIconSize:
@@ -112,6 +135,15 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
+QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
+    if (type == CT_PushButton) return found.expandedTo({scaled(76), scaled(28)});
+    if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));
+    return found;
+}
+
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl part, const QWidget* widget) const {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField)
@@ -119,19 +151,67 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
+void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && combo) return drawComboBox(*painter, *combo);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
 void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
-    if (element != CE_HeaderSection) {
-        QProxyStyle::drawControl(element, option, painter, widget);
-        return;
+    if (element == CE_HeaderSection) return drawHeaderSection(*painter, option->rect);
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element == CE_ComboBoxLabel && combo && combo->currentIcon.isNull()) {
+        const QRect room = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);
+        return drawComboBoxText(*painter, *combo, room);
     }
-    const QRect& rect = option->rect;
-    const int line = qMax(1, scaled(1));
-    painter->fillRect(rect, colour(Tint::Hover));
-    painter->fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line,
-                      colour(Tint::Divider));
-    painter->fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(),
-                      colour(Tint::Divider));
+    const auto* tick = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == CE_CheckBoxLabel && tick) return drawCheckBoxText(*painter, *tick);
+    const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+    if (element == CE_ItemViewItem && item && drawCutItem(*item, *painter, widget)) return;
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+/// Draws an item whose text is too long, with the dots of all other texts.
+/// @return false, and nothing drawn, where it is not.
+bool SkinStyle::drawCutItem(const QStyleOptionViewItem& item, QPainter& painter,
+                            const QWidget* widget) const {
+    const int margin = pixelMetric(PM_FocusFrameHMargin, &item, widget) + 1;
+    const QRect room =
+        subElementRect(SE_ItemViewItemText, &item, widget).adjusted(margin, 0, -margin, 0);
+    const QString shown = item.fontMetrics.elidedText(item.text, item.textElideMode, room.width());
+    if (shown == item.text || item.textElideMode == Qt::ElideNone) return false;
+    // The style draws everything else, and of the text what is before the dots.
+    const int cut = qMax(0, shown.indexOf(QChar(0x2026)));
+    QStyleOptionViewItem begin = item;
+    begin.text = shown.left(cut);
+    begin.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    QProxyStyle::drawControl(CE_ItemViewItem, &begin, &painter, widget);
+    const bool selected = item.state & State_Selected;
+    const bool enabled = item.state & State_Enabled;
+    painter.save();
+    painter.setFont(item.font);
+    painter.setPen(item.palette.color(enabled ? QPalette::Normal : QPalette::Disabled,
+                                      selected ? QPalette::HighlightedText : QPalette::Text));
+    const int baseLine =
+        room.top() + (room.height() - item.fontMetrics.height()) / 2 + item.fontMetrics.ascent();
+    drawWithDots(painter,
+                 QPointF(room.left() + item.fontMetrics.horizontalAdvance(begin.text), baseLine),
+                 shown.mid(cut));
+    painter.restore();
+    return true;
+}
+
+QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
+                              const QWidget* widget) const {
+    const char* drawing = which == SP_TitleBarCloseButton   ? "close"
+                          : which == SP_LineEditClearButton ? "clear"
+                                                            : nullptr;
+    if (!drawing) return QProxyStyle::standardIcon(which, option, widget);
+    const int side = scaled(16);
+    return QIcon(pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
+                          {side, side}, widget ? widget->devicePixelRatioF() : 1));
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -140,6 +220,11 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         painter->fillRect(option->rect, colour(Tint::Divider));
         return;
     }
+    if (element == PE_IndicatorCheckBox) return drawCheckBox(*painter, *option);
+    if (element == PE_PanelScrollAreaCorner) return;
+    if (element == PE_PanelButtonCommand) return drawPushButton(*painter, *option);
+    if (element == PE_FrameMenu)
+        return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
     if (element == PE_FrameFocusRect) {
         // The rows of a plain view show the current one by their ground.

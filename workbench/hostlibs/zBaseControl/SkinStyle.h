@@ -1,7 +1,8 @@
-/// What the application takes from the skin, and the widget style of both skins.
+/// What the application takes from the skin, and the widget style of all skins.
 #pragma once
 
 #include <QProxyStyle>
+#include <QStyleOption>
 
 #include "workbench/base/WorkbenchApi.h"
 
@@ -30,12 +31,22 @@ class SkinStyle : public QProxyStyle {
                     const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* more) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
+    QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                       const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+
+  private:
+    bool drawCutItem(const QStyleOptionViewItem& item, QPainter& painter,
+                     const QWidget* widget) const;
 };
 
 }  // namespace workbench

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPainterPath>
 #include <QPixmapCache>
+#include <QtMath>
 
 namespace workbench {
 
@@ -82,6 +83,54 @@ void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QCo
     painter.drawPixmap(right, rect.y(), corners, size, 0, size, size);
     painter.drawPixmap(rect.x(), bottom, corners, 0, size, size, size);
     painter.drawPixmap(right, bottom, corners, size, size, size, size);
+}
+
+void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle::State state) {
+    const bool enabled = state & QStyle::State_Enabled;
+    const bool focused = enabled && (state & QStyle::State_HasFocus);
+    const bool active = focused || (enabled && (state & QStyle::State_MouseOver));
+    drawBox(painter, rect, enabled ? fill : colour(Tint::Disabled),
+            colour(active ? Tint::AccentLine : Tint::Border), kFieldRadius);
+    if (!focused) return;
+    const int line = qMax(1, scaled(1));
+    drawBox(painter, rect.adjusted(line, line, -line, -line), Qt::transparent,
+            colour(Tint::AccentLine), kFieldRadius - 1);
+}
+
+void drawWithDots(QPainter& painter, QPointF place, const QString& text) {
+    // By themselves, because in one with a text they take the shape of its script.
+    const QString dots(QChar(0x2026));
+    const QFontMetricsF metrics(painter.font());
+    QString rest = text;
+    while (!rest.isEmpty()) {
+        const int cut = rest.startsWith(dots) ? 1 : rest.indexOf(dots);
+        const QString part = cut < 0 ? rest : rest.left(cut);
+        painter.drawText(place, part);
+        place.rx() += metrics.horizontalAdvance(part);
+        rest.remove(0, part.size());
+    }
+}
+
+QFont fitting(QFont font, int needed, int room) {
+    constexpr double smallest = 0.5;
+    if (needed <= room + 1 || room <= 0) return font;
+    const int size = QFontInfo(font).pixelSize();
+    font.setPixelSize(qMax(int(size * double(room) / needed), qCeil(size * smallest)));
+    return font;
+}
+
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text) {
+    const QFontMetrics metrics = painter.fontMetrics();
+    const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
+    if (shown == text) {
+        painter.drawText(place, int(alignment) | Qt::TextSingleLine, text);
+        return false;
+    }
+    const int height = metrics.height();
+    const QRect line =
+        QStyle::alignedRect(Qt::LeftToRight, alignment, {place.width(), height}, place);
+    drawWithDots(painter, {qreal(line.left()), qreal(line.top() + metrics.ascent())}, shown);
+    return true;
 }
 
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled) {

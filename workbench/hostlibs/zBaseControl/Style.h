@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPainter>
+#include <QStyle>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
@@ -26,6 +27,19 @@ enum ControlType {
 void drawBox(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& border,
              double radius);
 
+/// Fills and outlines a field that takes input or opens a list: doubly while the keys go to it.
+void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle::State state);
+
+/// Draws a text on one line, cut with dots where it is too long for `place`. The dots look the same
+/// behind every script. @return whether it was cut.
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text);
+/// @return the font, smaller where the text would not fit: some widgets have a given size, whatever
+///         the font of the application. Too small to read it does not get.
+/// @param needed what the text covers in this font, pixels.
+QFont fitting(QFont font, int needed, int room);
+/// Draws a text that is cut already. @param place where the base line begins.
+void drawWithDots(QPainter& painter, QPointF place, const QString& text);
+
 /// The arrow of a field that drops something down.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
 
@@ -37,6 +51,7 @@ QRegion roundedRegion(const QRect& rect, double radius);
 void roundCorners(QWidget* window, double radius);
 
 constexpr double kMenuRadius = 6;
+constexpr double kFieldRadius = 4;
 
 }  // namespace workbench
 

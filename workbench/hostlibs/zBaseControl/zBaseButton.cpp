@@ -34,37 +34,37 @@ constexpr Face faces[] = {
     {{workbench::PlainType, 12, 24, 4},
      {{Tint::Card, Tint::Border, Tint::Text},
       {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
-      {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Pressed, Tint::AccentLine, Tint::Text},
       {Tint::Selected, Tint::AccentLine, Tint::AccentLine},
-      {Tint::Surface, Tint::Divider, Tint::Faint}}},
+      {Tint::Disabled, Tint::Border, Tint::Faint}}},
     {{kPill, 14, 28, 4},
      {{Tint::Card, Tint::Border, Tint::Text},
       {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
-      {Tint::Pressed, Tint::AccentLine, Tint::AccentLine},
-      {Tint::Accent, Tint::Accent, Tint::OnAccent},
-      {Tint::Surface, Tint::Divider, Tint::Faint}}},
+      {Tint::Pressed, Tint::AccentLine, Tint::Text},
+      {Tint::Accent, Tint::AccentLine, Tint::OnAccent},
+      {Tint::Disabled, Tint::Border, Tint::Faint}}},
     {{workbench::DefaultActionType, 12, 28, 4},
-     {{Tint::Accent, Tint::Accent, Tint::OnAccent},
-      {Tint::AccentHover, Tint::AccentHover, Tint::OnAccent},
-      {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
-      {Tint::Accent, Tint::Accent, Tint::OnAccent},
-      {Tint::Divider, Tint::Divider, Tint::Faint}}},
+     {{Tint::Accent, Tint::AccentLine, Tint::OnAccent},
+      {Tint::AccentHover, Tint::AccentLine, Tint::OnAccent},
+      {Tint::AccentPressed, Tint::AccentLine, Tint::OnAccent},
+      {Tint::AccentHover, Tint::AccentLine, Tint::OnAccent},
+      {Tint::Disabled, Tint::Border, Tint::Faint}}},
     {{workbench::NewButtonType, 10, 24, 4},
      {{Tint::None, Tint::AccentLine, Tint::AccentLine},
-      {Tint::Accent, Tint::Accent, Tint::OnAccent},
-      {Tint::AccentPressed, Tint::AccentPressed, Tint::OnAccent},
-      {Tint::Accent, Tint::Accent, Tint::OnAccent},
-      {Tint::None, Tint::Border, Tint::Faint}}},
+      {Tint::Accent, Tint::AccentLine, Tint::OnAccent},
+      {Tint::AccentPressed, Tint::AccentLine, Tint::OnAccent},
+      {Tint::AccentHover, Tint::AccentLine, Tint::OnAccent},
+      {Tint::Disabled, Tint::Border, Tint::Faint}}},
     {{workbench::SplitPartType, 2, 22, 3},
      {{Tint::None, Tint::None, Tint::AccentLine},
-      {Tint::Pressed, Tint::None, Tint::AccentLine},
       {Tint::Selected, Tint::None, Tint::AccentLine},
+      {Tint::Pressed, Tint::None, Tint::Text},
       {Tint::Selected, Tint::None, Tint::AccentLine},
-      {Tint::None, Tint::None, Tint::Faint}}},
+      {Tint::Disabled, Tint::None, Tint::Faint}}},
     {{workbench::RibbonTabType, 14, 34, 6},
      {{Tint::None, Tint::None, Tint::Text},
-      {Tint::Pressed, Tint::None, Tint::AccentLine},
-      {Tint::Selected, Tint::None, Tint::AccentLine},
+      {Tint::Surface, Tint::AccentLine, Tint::AccentLine},
+      {Tint::Pressed, Tint::AccentLine, Tint::Text},
       {Tint::None, Tint::None, Tint::AccentLine},
       {Tint::None, Tint::None, Tint::Faint}}},
 };
@@ -109,6 +109,19 @@ int textWidth(const QPushButton& button, bool roomForBold) {
     QFont bold = button.font();
     bold.setWeight(QFont::Bold);
     return qMax(widthOf(bold, button.text()), now);
+}
+
+/// @return the picture as one of something that cannot be used: paler it could not be made out.
+QPixmap greyed(const QPixmap& picture) {
+    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int grey = qGray(line[x]);
+            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 85 / 100);
+        }
+    }
+    return QPixmap::fromImage(image);
 }
 
 void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {
@@ -194,15 +207,14 @@ void zBaseButton::paintEvent(QPaintEvent*) {
         const int index = state == Disabled ? 3 : state == Pressed ? 2 : state == Hovered ? 1 : 0;
         const QRect iconPlace = QStyle::alignedRect(layoutDirection(), vertical, iconSize(), place);
         const bool drawnDisabled = look->icons[3] != look->icons[0];
-        painter.setOpacity(state == Disabled && !drawnDisabled ? 0.4 : 1);
-        painter.drawPixmap(iconPlace.topLeft(), workbench::pixmapOf(look->icons[index], iconSize(),
-                                                                    devicePixelRatioF()));
-        painter.setOpacity(1);
+        QPixmap picture = workbench::pixmapOf(look->icons[index], iconSize(), devicePixelRatioF());
+        if (state == Disabled && !drawnDisabled) picture = greyed(picture);
+        painter.drawPixmap(iconPlace.topLeft(), picture);
     }
     painter.setPen(colour(tints.text));
     const QRect textPlace = place.adjusted(iconWidth + gap, 0, 0, 0);
-    painter.drawText(textPlace, static_cast<int>(vertical) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, textPlace.width()));
+    painter.setFont(workbench::fitting(font(), textWidth(*this, false), textPlace.width()));
+    workbench::drawLine(painter, textPlace, vertical, text());
     if (look->type == workbench::RibbonTabType && isChecked())
         drawUnderline(painter, rect(), place);
     if (look->keyboardFocus && hasFocus()) {

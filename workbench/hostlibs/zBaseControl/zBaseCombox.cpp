@@ -44,9 +44,7 @@ class Rows : public QStyledItemDelegate {
         painter.setPen(colour(usable ? Tint::Text : Tint::Faint));
         painter.setFont(font);
         const QString text = index.data(Qt::DisplayRole).toString();
-        painter.drawText(
-            place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-            painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width() + scaled(1)));
+        workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, text);
     }
 };
 
@@ -92,10 +90,12 @@ QSize zBaseCombox::sizeHint() const {
 }
 
 void zBaseCombox::paintEvent(QPaintEvent*) {
-    const bool active = isEnabled() && (hasFocus() || underMouse() || view()->isVisible());
     QPainter painter(this);
-    workbench::drawBox(painter, rect(), isEnabled() ? normalBackColor() : colour(Tint::Surface),
-                       colour(active ? Tint::AccentLine : Tint::Border), 4);
+    QStyle::State state;
+    state.setFlag(QStyle::State_Enabled, isEnabled());
+    state.setFlag(QStyle::State_HasFocus, hasFocus());
+    state.setFlag(QStyle::State_MouseOver, underMouse() || view()->isVisible());
+    workbench::drawField(painter, rect(), normalBackColor(), state);
     const int arrowRoom = scaled(24);
     if (!isEditable())
         rowsOf(this)->drawEntry(painter, rect().adjusted(scaled(8), 0, -arrowRoom, 0),

@@ -57,14 +57,15 @@ void zBaseComboxPopup::hideDropDownPopup() {
 
 void zBaseComboxPopup::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const bool active = isEnabled() && (underMouse() || hasFocus() || popup->frame->isVisible());
-    workbench::drawBox(painter, rect(), normalBackColor(),
-                       colour(active ? Tint::AccentLine : Tint::Border), 4);
+    QStyle::State state;
+    state.setFlag(QStyle::State_Enabled, isEnabled());
+    state.setFlag(QStyle::State_HasFocus, hasFocus());
+    state.setFlag(QStyle::State_MouseOver, underMouse() || popup->frame->isVisible());
+    workbench::drawField(painter, rect(), normalBackColor(), state);
     workbench::drawArrow(painter, QPoint(width() - scaled(12), height() / 2), isEnabled());
     const QRect place = rect().adjusted(scaled(8), 0, -scaled(24), 0);
     painter.setPen(colour(isEnabled() ? Tint::Text : Tint::Faint));
-    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(popup->text, Qt::ElideRight, place.width()));
+    workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, popup->text);
 }
 
 void zBaseComboxPopup::mousePressEvent(QMouseEvent* event) {

@@ -8,6 +8,33 @@ using workbench::colour;
 using workbench::scaled;
 using workbench::Tint;
 
+namespace {
+
+/// @return whether a text of one line is longer than there is room.
+bool isCut(const QLabel& label) {
+    if (label.text().isEmpty() || label.wordWrap() || label.textFormat() == Qt::RichText)
+        return false;
+    const int needed = label.fontMetrics().horizontalAdvance(label.text());
+    return needed > label.contentsRect().width() + 1;
+}
+
+/// Draws a text of several lines in the largest font in which all of it can be seen.
+void drawWrapped(QLabel& label) {
+    const QRect room = label.contentsRect();
+    const int flags = int(label.alignment()) | Qt::TextWordWrap;
+    QFont font = label.font();
+    int size = QFontInfo(font).pixelSize();
+    const int smallest = size / 2;
+    do font.setPixelSize(size);
+    while (QFontMetrics(font).boundingRect(room, flags, label.text()).height() > room.height() &&
+           --size > smallest);
+    QPainter painter(&label);
+    painter.setFont(font);
+    painter.drawText(room, flags, label.text());
+}
+
+}  // namespace
+
 zBaseLabel::zBaseLabel(QWidget* parent) : QLabel(parent) {}
 
 zBaseLabel::zBaseLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {}
@@ -55,14 +82,24 @@ void zBaseLabel::paintEvent(QPaintEvent* event) {
         return;
     }
     if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
-    QLabel::paintEvent(event);
+    if (wordWrap() && heightForWidth(width()) > height()) return drawWrapped(*this);
+    if (!isCut(*this)) return QLabel::paintEvent(event);
+    QPainter painter(this);
+    painter.setFont(workbench::fitting(font(), fontMetrics().horizontalAdvance(text()),
+                                       contentsRect().width()));
+    workbench::drawLine(painter, contentsRect(), alignment(), text());
 }
 
 bool zBaseLabel::event(QEvent* event) {
     if (event->type() == QEvent::FontChange) followFont();
     // Without its widget the tip does not take over style sheets that are meant for the page.
-    if (event->type() == QEvent::ToolTip && !toolTip().isEmpty()) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), toolTip());
+    if (event->type() == QEvent::ToolTip) {
+        // A text that was cut before it came here ends in dots, and the tip goes on.
+        const QChar dots(0x2026);
+        const bool shortened = text().endsWith(dots) && !toolTip().endsWith(dots);
+        if (!shortened && !isCut(*this)) return true;
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                           toolTip().isEmpty() ? text().toHtmlEscaped() : toolTip());
         return true;
     }
     return QLabel::event(event);

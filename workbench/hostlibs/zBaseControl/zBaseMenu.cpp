@@ -15,7 +15,7 @@ QString menuSheet() {
                "QMenu::item:selected{background:%4;color:%2}"
                "QMenu::item:disabled{color:%5}"
                "QMenu::separator{height:1px;background:%3;margin:%6px 0}")
-        .arg(colour(Tint::Card).name(), colour(Tint::Text).name(), colour(Tint::Border).name(),
+        .arg(colour(Tint::Card).name(), colour(Tint::Text).name(), colour(Tint::Line).name(),
              colour(Tint::Selected).name(), colour(Tint::Faint).name())
         .arg(scaled(4))
         .arg(scaled(6))
@@ -36,7 +36,7 @@ void zBaseMenu::paintEvent(QPaintEvent* event) {
     QPainter(this).fillRect(rect(), colour(Tint::Card));
     QMenu::paintEvent(event);
     QPainter painter(this);
-    workbench::drawBox(painter, rect(), Qt::transparent, colour(Tint::Border),
+    workbench::drawBox(painter, rect(), Qt::transparent, colour(Tint::Line),
                        workbench::kMenuRadius);
 }
 

@@ -11,6 +11,8 @@ zBaseWidget::zBaseWidget(QWidget* parent, int widgetType) : QWidget(parent) {
     look->type = widgetType;
     look->rest = widgetType == workbench::CardType ? Tint::Card : Tint::Surface;
     setAttribute(Qt::WA_Hover, widgetType != workbench::PlainType);
+    // Rows with and without a button, which has 2 above and below, are of one height.
+    if (widgetType == workbench::RowType) setMinimumHeight(scaled(24) + 2 * scaled(2));
     // What stands in a card keeps clear of its border, whatever margins its layout has.
     if (widgetType == workbench::CardType) setContentsMargins(scaled(4), 0, scaled(6), 0);
 }
@@ -33,7 +35,7 @@ void zBaseWidget::paintEvent(QPaintEvent*) {
         // The gap between neighbouring cards belongs to the cards: lists lay them edge to edge.
         const QRect card = rect().adjusted(0, scaled(2), 0, -scaled(2));
         workbench::drawBox(painter, card, hovered ? colour(Tint::CardHover) : normalBackColor(),
-                           colour(hovered ? Tint::AccentLine : Tint::Border), 6);
+                           colour(hovered ? Tint::AccentLine : Tint::Line), 6);
     } else if (look->background.isValid()) {
         painter.fillRect(rect(), look->background);
     }

@@ -53,7 +53,7 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     label->setMinimumHeight(label->heightForWidth(label->width()));
 
     auto* row = new QHBoxLayout;
-    row->setSpacing(scaled(14));
+    row->setSpacing(scaled(12));
     row->addWidget(pictureLabel(picture, this), 0, Qt::AlignTop);
     row->addWidget(label, 1, Qt::AlignVCenter);
     return row;
@@ -61,7 +61,7 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
 
 QLayout* MessageBox::makeButtons(const QStringList& buttons) {
     auto* row = new QHBoxLayout;
-    row->setSpacing(scaled(10));
+    row->setSpacing(scaled(8));
     row->addStretch();
     for (int i = 0; i < buttons.size(); ++i) {
         auto* button = new zBaseButton(buttons[i], this);

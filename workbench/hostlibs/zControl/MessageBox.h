@@ -1,13 +1,14 @@
 /// The host's message box.
 #pragma once
 
+#include "workbench/base/WorkbenchApi.h"
 #include "zControl.h"
 
 namespace workbench {
 
 /// Modal box with a picture, a text that wraps and can be selected, and buttons named "button0",
 /// "button1" and so on, the first of which is pressed by Enter. Its object name is "messageBox".
-class MessageBox : public RoundedDialog {
+class WORKBENCH_API MessageBox : public RoundedDialog {
     Q_OBJECT
   public:
     /// @param picture "info" or "critical".

@@ -30,7 +30,7 @@ void Outline::fit() {
 
 void Outline::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    drawBox(painter, rect(), Qt::transparent, colour(Tint::Border), kDialogRadius);
+    drawBox(painter, rect(), Qt::transparent, colour(Tint::Line), kDialogRadius);
 }
 
 }  // namespace workbench

@@ -38,9 +38,12 @@ class CloseButton : public QAbstractButton {
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         const bool hovered = underMouse();
-        if (hovered) workbench::drawBox(painter, rect(), colour(Tint::Danger), Qt::transparent, 4);
+        const QColor danger = colour(Tint::Danger);
+        if (hovered)
+            workbench::drawBox(painter, rect(), isDown() ? danger.darker(120) : danger,
+                               Qt::transparent, 4);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(colour(hovered ? Tint::OnAccent : Tint::Muted), scaled(15) / 10.0,
+        painter.setPen(QPen(colour(hovered ? Tint::Surface : Tint::Muted), scaled(15) / 10.0,
                             Qt::SolidLine, Qt::RoundCap));
         const QPointF centre(width() / 2.0, height() / 2.0);
         const QPointF arm(scaled(45) / 10.0, scaled(45) / 10.0);
@@ -100,9 +103,8 @@ void zTitleModal::SetCaption(const QString& caption) {
     setWindowTitle(caption);
 }
 
-void zTitleModal::OnlyClose() {
-    findChild<zBaseLabel*>(captionName)->hide();
-}
+// The title bar never has other buttons, and its caption stays.
+void zTitleModal::OnlyClose() {}
 
 int zTitleModal::ShowModal() {
     return exec() == Accepted ? 0 : 1;

@@ -1,0 +1,120 @@
+#include "tests/looks/Windows.h"
+
+#include <QWidgetAction>
+
+#include "dialog/NewProCfgDialog.h"
+#include "dialog/xzGcLxDialog.h"
+#include "import/importExcelSelFile.h"
+#include "workbench/app/MainWindow.h"
+#include "workbench/app/ScaleLimit.h"
+#include "workbench/hostlibs/fileDialog/LoginWindow.h"
+#include "workbench/hostlibs/fileDialog/OpenDialog.h"
+#include "workbench/hostlibs/zControl/MessageBox.h"
+
+namespace looks_tests {
+
+using testing_support::child;
+using testing_support::click;
+using testing_support::settle;
+
+namespace {
+
+template <typename T>
+std::unique_ptr<QWidget> shown(std::unique_ptr<T> window) {
+    window->show();
+    settle();
+    return window;
+}
+
+/// The dialog on the page of a button of its tax row.
+std::unique_ptr<QWidget> onTaxPage(const char* buttonName) {
+    auto dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
+    dialog->show();
+    settle();
+    auto* button = child<zBaseButton>(dialog.get(), buttonName);
+    if (!button->isChecked()) click(button);
+    settle();
+    return dialog;
+}
+
+void choose(NewProCfgDialog* dialog, const QString& label) {
+    for (auto* action : dialog->findChildren<QWidgetAction*>())
+        if (action->property("name").toString() == label)
+            click(child<QWidget>(action->defaultWidget(), "curText"));
+    settle();
+}
+
+std::unique_ptr<QWidget> onAuditPage() {
+    auto dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
+    dialog->show();
+    settle();
+    choose(dialog.get(), QStringLiteral("审核工程"));
+    return dialog;
+}
+
+/// The page of general contracting that starts from a file.
+std::unique_ptr<QWidget> onContractingPage() {
+    auto dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
+    dialog->show();
+    const QString label = QStringLiteral("总承包工程");
+    dialog->addXjPage({QString(), label, 0}, child<QWidget>(dialog.get(), "pMiddlePanelV"));
+    settle();
+    choose(dialog.get(), label);
+    click(child<QWidget>(dialog.get(), "budgetButton"));
+    settle();
+    return dialog;
+}
+
+std::unique_ptr<QWidget> openDialog() {
+    workbench::FileRequest request;
+    request.folder = workbench::Host::instance().installation().projectFolder();
+    return shown(std::make_unique<workbench::OpenDialog>(nullptr, request));
+}
+
+std::unique_ptr<QWidget> box(const char* picture) {
+    return shown(std::make_unique<workbench::MessageBox>(
+        QStringLiteral("提示"), QStringLiteral("请选择需要新建的工程文件！"),
+        QStringList{QStringLiteral("确定"), QStringLiteral("取消")}, picture, nullptr));
+}
+
+/// As on a screen that holds every scale.
+std::unique_ptr<QWidget> mainWindow() {
+    const double scale = workbench::Host::instance().scale();
+    auto window = std::make_unique<workbench::MainWindow>();
+    window->show();
+    window->findChild<workbench::ScaleLimit*>()->fit({7680, 4320});
+    window->resize(int(1280 * scale), int(820 * scale));
+    settle();
+    return window;
+}
+
+}  // namespace
+
+const std::vector<Page>& allPages() {
+    static const std::vector<Page> pages = {
+        {"general", [] { return onTaxPage("generalTaxButton"); }},
+        {"simple", [] { return onTaxPage("simpleTaxButton"); }},
+        {"business", [] { return onTaxPage("businessTaxButton"); }},
+        {"templates", [] { return onTaxPage("templateButton"); }},
+        {"audit", onAuditPage},
+        {"contracting", onContractingPage},
+        {"chooser", [] { return shown(std::make_unique<xzGcLxDialog>(nullptr)); }},
+        {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
+        {"fileDialog", openDialog},
+        {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"information", [] { return box("info"); }},
+        {"critical", [] { return box("critical"); }},
+        {"mainWindow", mainWindow}};
+    return pages;
+}
+
+SampleHost::SampleHost() {
+    workbench::Host& host = workbench::Host::instance();
+    EXPECT_EQ(host.loadInstallation(QStringLiteral(SAMPLE_INSTALLATION)), QString());
+}
+
+SampleHost::~SampleHost() {
+    workbench::Host::instance().reset();
+}
+
+}  // namespace looks_tests

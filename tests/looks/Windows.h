@@ -1,0 +1,28 @@
+/// Every window and page that a person gets to see.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "tests/support/TestSupport.h"
+
+namespace looks_tests {
+
+/// A window as it stands on one of its pages.
+struct Page {
+    const char* name;
+    std::function<std::unique_ptr<QWidget>()> open;  ///< Made, shown and laid out.
+};
+
+/// @return all of them, over the sample installation.
+const std::vector<Page>& allPages();
+
+/// A host with the sample installation in a temporary copy; fresh again afterwards.
+class SampleHost {
+  public:
+    SampleHost();
+    SampleHost(const SampleHost&) = delete;
+    ~SampleHost();
+};
+
+}  // namespace looks_tests

@@ -1,0 +1,371 @@
+/// Whether what is drawn can be made out and told apart, from the skins' colours and from pictures.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QMap>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QVBoxLayout>
+
+#include "tests/looks/Contrast.h"
+#include "tests/looks/Windows.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
+
+namespace {
+
+using namespace looks_tests;
+using workbench::colour;
+using workbench::Host;
+using workbench::Tint;
+
+constexpr double forText = 4.5;
+constexpr double forShapes = 3;
+constexpr double scale = 3;  // at which strokes have their pure colour
+
+const QStringList skins = {QStringLiteral("light"), QStringLiteral("dark"),
+                           QStringLiteral("contrast")};
+
+/// What is drawn in a tint, and the tints that it is drawn on.
+struct Drawn {
+    const char* what;
+    Tint tint;
+    QVector<QPair<const char*, Tint>> grounds;
+    double needed;
+};
+
+const QPair<const char*, Tint> window("window", Tint::Surface), card("card", Tint::Card),
+    hoveredCard("hovered card", Tint::CardHover), field("field", Tint::Field),
+    disabled("disabled control", Tint::Disabled), hovered("hovered row, heading", Tint::Hover),
+    selected("selected row", Tint::Selected), pressed("pressed control", Tint::Pressed);
+
+const QVector<Drawn>& drawings() {
+    static const QVector<Drawn> table = {
+        {"text",
+         Tint::Text,
+         {window, card, hoveredCard, field, hovered, selected, pressed},
+         forText},
+        {"muted text", Tint::Muted, {window, card, hoveredCard, field, hovered, selected}, forText},
+        {"faint text",
+         Tint::Faint,
+         {window, card, hoveredCard, field, hovered, selected, disabled},
+         forText},
+        {"accent text, focus ring",
+         Tint::AccentLine,
+         {window, card, hoveredCard, field, hovered, selected},
+         forText},
+        {"error text", Tint::Danger, {window, card, field, hovered, selected}, forText},
+        {"text on accent",
+         Tint::OnAccent,
+         {{"accent", Tint::Accent},
+          {"hovered accent", Tint::AccentHover},
+          {"pressed accent", Tint::AccentPressed}},
+         forText},
+        {"cross of the close button", Tint::Surface, {{"danger", Tint::Danger}}, forShapes},
+        {"border of an input",
+         Tint::Border,
+         {window, card, hoveredCard, field, hovered, disabled},
+         forShapes},
+        {"lit border", Tint::AccentLine, {pressed}, forShapes}};
+    return table;
+}
+
+/// A control in a state, and whether another state is to be told from it.
+struct State {
+    const char* name;
+    std::function<void(QWidget*)> enter;
+};
+
+void enterHover(QWidget* widget) {
+    widget->setAttribute(Qt::WA_UnderMouse);
+}
+
+void enterFocus(QWidget* widget) {
+    widget->activateWindow();
+    widget->setFocus(Qt::TabFocusReason);
+}
+
+const std::vector<State>& statesOfAll() {
+    static const std::vector<State> states = {
+        {"normal", [](QWidget*) {}},
+        {"hovered", enterHover},
+        {"focused", enterFocus},
+        {"disabled", [](QWidget* widget) { widget->setEnabled(false); }}};
+    return states;
+}
+
+std::vector<State> statesOf(QWidget* widget) {
+    std::vector<State> states = statesOfAll();
+    if (qobject_cast<QAbstractButton*>(widget)) {
+        states.push_back({"pressed", [](QWidget* each) {
+                              enterHover(each);
+                              qobject_cast<QAbstractButton*>(each)->setDown(true);
+                          }});
+        if (qobject_cast<QAbstractButton*>(widget)->isCheckable())
+            states.push_back({"checked", [](QWidget* each) {
+                                  qobject_cast<QAbstractButton*>(each)->setChecked(true);
+                              }});
+    }
+    return states;
+}
+
+struct Control {
+    const char* name;
+    std::function<QWidget*(QWidget*)> make;
+    bool edge = true;  ///< Whether it is an input with an edge of its own.
+};
+
+template <int type, bool checkable = false>
+QWidget* styledButton(QWidget* parent) {
+    auto* button = new zBaseButton(QStringLiteral("新建"), parent);
+    button->setCheckable(checkable);
+    button->setCheckedBackColorEnabled(checkable && type == workbench::PlainType);
+    button->setControlType(type);
+    return button;
+}
+
+const std::vector<Control>& controls() {
+    static const std::vector<Control> all = {
+        {"button", styledButton<workbench::PlainType>},
+        {"switch of a row", styledButton<workbench::PlainType, true>},
+        {"default button", styledButton<workbench::DefaultActionType>},
+        {"\"新建\" button", styledButton<workbench::NewButtonType>},
+        {"part of a split button", styledButton<workbench::SplitPartType>, false},
+        {"ribbon entry", styledButton<workbench::RibbonTabType, true>, false},
+        {"list of choice",
+         [](QWidget* parent) {
+             auto* combo = new zBaseCombox(parent);
+             combo->addItem(QStringLiteral("选择"));
+             return combo;
+         }},
+        {"plain button",
+         [](QWidget* parent) { return new QPushButton(QStringLiteral("清空"), parent); }},
+        {"plain list of choice",
+         [](QWidget* parent) {
+             auto* combo = new QComboBox(parent);
+             combo->addItem(QStringLiteral("选择"));
+             return combo;
+         }},
+        {"tick", [](QWidget* parent) { return new QCheckBox(QStringLiteral("已登录"), parent); },
+         false}};
+    return all;
+}
+
+/// A control on a window in a skin, in one of its states.
+class Stage {
+  public:
+    explicit Stage(const Control& control) {
+        auto* layout = new QVBoxLayout(&window);
+        layout->setContentsMargins(40, 40, 40, 40);
+        widget = control.make(&window);
+        layout->addWidget(widget);
+        // Otherwise the first field takes the focus with the window.
+        window.setFocusPolicy(Qt::StrongFocus);
+        window.show();
+        window.setFocus();
+        testing_support::settle();
+    }
+    QImage picture() {
+        testing_support::settle();
+        return window.grab().toImage();
+    }
+    zBaseWidget window;
+    QWidget* widget = nullptr;
+};
+
+class Contrast : public testing::Test {
+  protected:
+    Contrast() { Host::instance().setScale(scale); }
+    SampleHost host;
+};
+
+/// @return the share of pixels in which two pictures differ visibly.
+double difference(const QImage& one, const QImage& other) {
+    int differing = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            const int most = qMax(qMax(qAbs(qRed(a) - qRed(b)), qAbs(qGreen(a) - qGreen(b))),
+                                  qAbs(qBlue(a) - qBlue(b)));
+            if (most >= 14) ++differing;
+        }
+    return double(differing) / (one.width() * one.height());
+}
+
+QString number(double contrast) {
+    return QString::number(contrast, 'f', 2);
+}
+
+TEST_F(Contrast, OfTheSkinsColoursIsEnough) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const Drawn& drawn : drawings())
+            for (const auto& ground : drawn.grounds)
+                EXPECT_GE(contrast(colour(drawn.tint), colour(ground.second)), drawn.needed)
+                    << skin.toStdString() << ": " << drawn.what << " on " << ground.first;
+    }
+}
+
+TEST_F(Contrast, OfEveryTextEdgeAndIconOfEveryPageIsEnough) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const Page& page : allPages()) {
+            SCOPED_TRACE(skin.toStdString() + ", " + page.name);
+            const std::unique_ptr<QWidget> window = page.open();
+            const QVector<Measured> texts = textsOf(window.get());
+            EXPECT_GE(texts.size(), 3);
+            for (const Measured& each : texts)
+                EXPECT_GE(each.contrast, forText) << each.what.toStdString();
+            for (const Measured& each : edgesOf(window.get()) + iconsOf(window.get()))
+                EXPECT_GE(each.contrast, forShapes) << each.what.toStdString();
+        }
+    }
+}
+
+TEST_F(Contrast, OfControlsIsEnoughInEveryState) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const Control& control : controls())
+            for (const State& state : statesOf(Stage(control).widget)) {
+                SCOPED_TRACE(skin.toStdString() + ", " + control.name + ", " + state.name);
+                Stage stage(control);
+                state.enter(stage.widget);
+                const QImage picture = stage.picture();
+                const int frame = workbench::scaled(4);
+                const QRect inside =
+                    stage.widget->geometry().adjusted(frame, frame, -frame, -frame);
+                EXPECT_GE(contrastIn(picture, inside), forText);
+                if (control.edge) {
+                    EXPECT_GE(edgeContrast(picture, stage.widget->geometry()), forShapes);
+                }
+            }
+    }
+}
+
+TEST_F(Contrast, TellsTheStatesOfAControlApart) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const Control& control : controls()) {
+            QMap<QString, QImage> pictures;
+            for (const State& state : statesOf(Stage(control).widget)) {
+                Stage stage(control);
+                state.enter(stage.widget);
+                pictures.insert(QLatin1String(state.name),
+                                stage.picture().copy(stage.widget->geometry()));
+            }
+            for (const QString& one : pictures.keys())
+                for (const QString& other : pictures.keys())
+                    if (one < other) {
+                        EXPECT_GT(difference(pictures[one], pictures[other]), 0.02)
+                            << skin.toStdString() << ", " << control.name << ": "
+                            << one.toStdString() << " and " << other.toStdString();
+                    }
+        }
+    }
+}
+
+/// What shows the focus differs enough from what is there without it.
+TEST_F(Contrast, OfTheFocusIsEnough) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const Control& control : controls()) {
+            Stage stage(control);
+            const QImage before = stage.picture();
+            enterFocus(stage.widget);
+            const QImage after = stage.picture();
+            int clear = 0;
+            for (int y = 0; y < before.height(); ++y)
+                for (int x = 0; x < before.width(); ++x)
+                    clear += contrast(before.pixel(x, y), after.pixel(x, y)) >= forShapes;
+            const QSize size = stage.widget->size();
+            EXPECT_GT(clear, size.width() + size.height())
+                << skin.toStdString() << ", " << control.name;
+        }
+    }
+}
+
+/// Lines of drawings are what tells them; their fills may be faint.
+TEST_F(Contrast, OfTheLinesOfEveryDrawingIsEnough) {
+    const QRegularExpression stroke(QStringLiteral("stroke=\"(#[0-9A-Fa-f]{6})\""));
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        int lines = 0;
+        for (const char* folder : {":/Image/Home", ":/Image/Workbench"}) {
+            const QDir drawings(QLatin1String(folder), QStringLiteral("*.svg"));
+            for (const QFileInfo& drawing : drawings.entryInfoList()) {
+                if (drawing.fileName().endsWith(QLatin1String("-dark.svg")) ||
+                    drawing.fileName().endsWith(QLatin1String("-contrast.svg")))
+                    continue;
+                QFile file(workbench::skinPicture(drawing.filePath()));
+                ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+                auto found = stroke.globalMatch(QString::fromUtf8(file.readAll()));
+                while (found.hasNext()) {
+                    const QColor line(found.next().captured(1));
+                    // White lines stand on a fill of their own, and so does the tick of a tile.
+                    const bool tick = drawing.fileName() == QLatin1String("select.svg");
+                    if (line == Qt::white || (tick && line != colour(Tint::AccentLine))) continue;
+                    EXPECT_GE(contrast(line, colour(Tint::Surface)), forShapes)
+                        << file.fileName().toStdString() << ": " << line.name().toStdString();
+                    ++lines;
+                }
+            }
+        }
+        EXPECT_GT(lines, 12);
+    }
+}
+
+/// The lowest of every control and state, in all skins.
+QString rowOfPictures(const Control& control, const State& state) {
+    QString row = QStringLiteral("| %1 | %2 |")
+                      .arg(QString::fromUtf8(control.name), QLatin1String(state.name));
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        Stage stage(control);
+        state.enter(stage.widget);
+        const QImage picture = stage.picture();
+        const int frame = workbench::scaled(4);
+        const QRect box = stage.widget->geometry();
+        row += QStringLiteral(" %1 |").arg(
+            number(contrastIn(picture, box.adjusted(frame, frame, -frame, -frame))));
+        row += control.edge ? QStringLiteral(" %1 |").arg(number(edgeContrast(picture, box)))
+                            : QStringLiteral(" |");
+    }
+    return row + QLatin1Char('\n');
+}
+
+QString table() {
+    QString text = QStringLiteral(
+        "| drawn | on | light | dark | contrast | at least |\n|---|---|---|---|---|---|\n");
+    for (const Drawn& drawn : drawings())
+        for (const auto& ground : drawn.grounds) {
+            text += QStringLiteral("| %1 | %2 |")
+                        .arg(QLatin1String(drawn.what), QLatin1String(ground.first));
+            for (const QString& skin : skins) {
+                Host::instance().setSkin(skin);
+                text += QStringLiteral(" %1 |").arg(
+                    number(contrast(colour(drawn.tint), colour(ground.second))));
+            }
+            text += QStringLiteral(" %1 |\n").arg(drawn.needed);
+        }
+    text += QStringLiteral(
+        "\n| control | state | light: text | edge | dark: text | edge | contrast: text | edge |\n"
+        "|---|---|---|---|---|---|---|---|\n");
+    for (const Control& control : controls())
+        for (const State& state : statesOf(Stage(control).widget))
+            text += rowOfPictures(control, state);
+    return text;
+}
+
+TEST_F(Contrast, OfThePageIsWhatIsMeasured) {
+    QFile page(QStringLiteral(REPOSITORY "/docs/contrast.md"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString measured = table();
+    EXPECT_TRUE(QString::fromUtf8(page.readAll()).endsWith(QLatin1Char('\n') + measured))
+        << "docs/contrast.md has to end in:\n"
+        << measured.toStdString();
+}
+
+}  // namespace

@@ -1,0 +1,122 @@
+/// Texts that are too long: the dots that they end in, and the tips that tell them whole.
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
+#include <QTreeWidget>
+
+#include "core/ElidedLabel.h"
+#include "tests/looks/Windows.h"
+#include "zBaseControl.h"
+
+namespace {
+
+using testing_support::settle;
+
+const QString chinese = QStringLiteral("适用于四川省行政区域内一般计税方法的房屋建筑工程");
+const QString latin = QStringLiteral("applies to buildings in the whole of the province");
+
+/// @return the rows of the ink of the last sign, from the foot of the picture.
+QPair<int, int> inkOfLastSign(const QImage& picture) {
+    const QRgb ground = picture.pixel(0, 0);
+    int right = picture.width() - 1;
+    const auto inked = [&](int x, int y) { return picture.pixel(x, y) != ground; };
+    const auto anyInk = [&](int x) {
+        for (int y = 0; y < picture.height(); ++y)
+            if (inked(x, y)) return true;
+        return false;
+    };
+    while (right > 0 && !anyInk(right)) --right;
+    QPair<int, int> rows(picture.height(), -1);
+    for (int y = 0; y < picture.height(); ++y)
+        if (inked(right, y)) rows = {qMin(rows.first, y), qMax(rows.second, y)};
+    return rows;
+}
+
+QString tipOf(QWidget* widget, const QPoint& place) {
+    // A tip that is told to go stays for a while.
+    const auto tips = [] {
+        QWidgetList found;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->inherits("QTipLabel") && top->isVisible()) found.append(top);
+        return found;
+    };
+    for (QWidget* tip : tips()) tip->hide();
+    QHelpEvent asks(QEvent::ToolTip, place, widget->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget, &asks);
+    return tips().isEmpty() ? QString() : QToolTip::text();
+}
+
+class Dots : public testing::Test {
+  protected:
+    looks_tests::SampleHost host;
+};
+
+TEST_F(Dots, AreTheSameBehindEveryScript) {
+    QVector<QPair<int, int>> found;
+    for (const QString& text : {chinese, latin, chinese + latin}) {
+        newpro::ElidedLabel ofTheDialog(text, Qt::ElideRight, nullptr);
+        zBaseLabel ofTheHost(text);
+        for (QWidget* widget : QWidgetList{&ofTheDialog, &ofTheHost}) {
+            widget->resize(150, 30);
+            found.append(inkOfLastSign(widget->grab().toImage()));
+        }
+    }
+    for (const auto& rows : found) {
+        EXPECT_NEAR(rows.first, found.first().first, 1);
+        EXPECT_NEAR(rows.second, found.first().second, 1);
+        EXPECT_LT(rows.second - rows.first, 5) << "that is no dot";
+    }
+}
+
+TEST_F(Dots, OfListsAreThoseOfLabels) {
+    QVector<QPair<int, int>> found;
+    for (const QString& text : {chinese, latin}) {
+        QTreeWidget list;
+        list.setHeaderHidden(true);
+        list.setRootIsDecorated(false);
+        list.setFrameShape(QFrame::NoFrame);
+        list.setFocusPolicy(Qt::NoFocus);
+        list.addTopLevelItem(new QTreeWidgetItem({text}));
+        list.resize(150, 60);
+        list.show();
+        settle();
+        found.append(inkOfLastSign(list.viewport()->grab(QRect(0, 0, 145, 28)).toImage()));
+    }
+    EXPECT_EQ(found[0], found[1]);
+    EXPECT_LT(found[0].second - found[0].first, 5);
+}
+
+TEST_F(Dots, ATipIsShownOnlyWhereATextIsCut) {
+    newpro::ElidedLabel label(chinese, Qt::ElideRight, nullptr);
+    label.setToolTip(chinese);
+    label.resize(100, 30);
+    label.show();
+    settle();
+    EXPECT_EQ(tipOf(&label, {5, 5}), chinese);
+    label.resize(800, 30);
+    settle();
+    EXPECT_EQ(tipOf(&label, {5, 5}), QString());
+    zBaseLabel withoutTip(latin);
+    withoutTip.resize(60, 30);
+    withoutTip.show();
+    settle();
+    EXPECT_EQ(tipOf(&withoutTip, {5, 5}), latin);
+}
+
+TEST_F(Dots, ARowOfAListHasATipOnlyWhereItIsCut) {
+    QTreeWidget list;
+    list.setColumnCount(1);
+    list.addTopLevelItem(new QTreeWidgetItem({latin}));
+    list.addTopLevelItem(new QTreeWidgetItem({QStringLiteral("a")}));
+    list.topLevelItem(1)->setToolTip(0, QStringLiteral("a"));
+    list.resize(150, 200);
+    list.show();
+    settle();
+    const auto place = [&list](int row) {
+        return list.visualItemRect(list.topLevelItem(row)).center();
+    };
+    EXPECT_EQ(tipOf(list.viewport(), place(0)), latin);
+    EXPECT_EQ(tipOf(list.viewport(), place(1)), QString());
+}
+
+}  // namespace

@@ -1,0 +1,177 @@
+/// Where things stand, in every window, skin and scale.
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFormLayout>
+#include <QLayout>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStatusBar>
+#include <QTreeWidget>
+#include <QtMath>
+
+#include "tests/looks/Windows.h"
+#include "tests/support/Looks.h"
+#include "workbench/hostlibs/common/Skin.h"
+#include "zBaseControl.h"
+
+namespace {
+
+using namespace looks_tests;
+using testing_support::child;
+using testing_support::Look;
+using workbench::Host;
+using workbench::scaled;
+
+/// Labels whose text may be longer than the window; they end in dots and tell it by their tips.
+const QStringList cutOnPurpose = testing_support::sentenceLines;
+
+class Geometry : public testing::TestWithParam<Look> {
+  protected:
+    Geometry() { testing_support::wear(GetParam()); }
+    static void keepPicture(QWidget* window, const char* page, const char* what = "") {
+        const QString folder = qEnvironmentVariable("NEWPRO_PICTURES");
+        if (folder.isEmpty()) return;
+        QDir().mkpath(folder);
+        window->grab().save(QStringLiteral("%1/%2%3-%4-%5.png")
+                                .arg(folder, QLatin1String(page), QLatin1String(what),
+                                     QLatin1String(GetParam().skin))
+                                .arg(qRound(GetParam().scale * 100)));
+    }
+    SampleHost host;
+};
+
+/// @return the widgets that reach beyond their parents, for no reason.
+QStringList outsiders(const QWidget* window) {
+    QStringList found;
+    for (const auto* widget : window->findChildren<QWidget*>()) {
+        const auto* parent = widget->parentWidget();
+        if (!widget->isVisible() || widget->isWindow() || widget == window) continue;
+        // What scrolls is larger than what shows it.
+        if (parent->objectName() == QLatin1String("qt_scrollarea_viewport")) continue;
+        // The handles beside docks are Qt's own, and wider than the line that is drawn.
+        if (widget->objectName() == QLatin1String("qt_qmainwindow_extended_splitter")) continue;
+        if (parent->rect().contains(widget->geometry())) continue;
+        found << QStringLiteral("%1 %2 in %3")
+                     .arg(QLatin1String(widget->metaObject()->className()), widget->objectName(),
+                          parent->objectName());
+    }
+    return found;
+}
+
+TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
+    for (const Page& page : allPages()) {
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        keepPicture(window.get(), page.name);
+        // The design's rows leave up to two pixels less than the tallest sign's ink.
+        EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, cutOnPurpose), QStringList());
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+    }
+}
+
+TEST_P(Geometry, TheTypesAreOfOneScale) {
+    const QVector<int> sizes = {12, 13, 14, 16};
+    for (const Page& page : allPages()) {
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        for (const auto* widget : window->findChildren<QWidget*>()) {
+            // The headings of the Excel dialog have ten points, which are neither 13 nor 14 pixels.
+            if (!widget->isVisible() || widget->font().pointSize() == scaled(10)) continue;
+            const int size = QFontInfo(widget->font()).pixelSize();
+            const bool known = std::any_of(sizes.begin(), sizes.end(), [size](int each) {
+                return qAbs(scaled(each) - size) <= 1;
+            });
+            EXPECT_TRUE(known) << widget->metaObject()->className() << " "
+                               << widget->objectName().toStdString() << ": " << size;
+        }
+    }
+}
+
+TEST_P(Geometry, TheRowsOfTheTreeAreOfOneHeightAndEndWithTheDivider) {
+    for (const Page& page : allPages()) {
+        if (page.name != std::string("templates")) continue;
+        const std::unique_ptr<QWidget> window = page.open();
+        auto* tree = child<QTreeWidget>(window.get(), "templateTree");
+        int files = 0;
+        const auto right = [&window](const QWidget* widget) {
+            return widget->mapTo(window.get(), widget->rect().topRight()).x();
+        };
+        auto* divider = window->findChild<QWidget*>(QStringLiteral("taxPageArea"));
+        for (QTreeWidgetItemIterator it(tree); *it; ++it) {
+            const int height = tree->visualItemRect(*it).height();
+            EXPECT_EQ(height, tree->visualItemRect(tree->topLevelItem(0)).height());
+            EXPECT_NEAR(height, scaled(28), 1);
+            auto* row = tree->itemWidget(*it, 0);
+            for (const auto* button : row->findChildren<zBaseButton*>()) {
+                EXPECT_EQ(right(button), right(divider));
+                ++files;
+            }
+        }
+        EXPECT_GT(files, 3);
+    }
+}
+
+/// The dialogs have given sizes; the windows that the workbench adds have a grid of four.
+TEST_P(Geometry, TheWindowsOfTheWorkbenchKeepToAGrid) {
+    for (const Page& page : allPages()) {
+        const QStringList own = {QStringLiteral("fileDialog"), QStringLiteral("login"),
+                                 QStringLiteral("information"), QStringLiteral("mainWindow")};
+        if (!own.contains(QLatin1String(page.name)) || GetParam().scale != 1) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        int layouts = 0;
+        for (const auto* layout : window->findChildren<QLayout*>()) {
+            const bool boxes = qobject_cast<const QBoxLayout*>(layout);
+            const auto* form = qobject_cast<const QFormLayout*>(layout);
+            if ((!boxes && !form) || qobject_cast<QStatusBar*>(layout->parentWidget())) continue;
+            const QMargins margins = layout->contentsMargins();
+            const int spacing = form ? form->verticalSpacing() : layout->spacing();
+            for (const int size :
+                 {margins.left(), margins.top() % 40, margins.right(), margins.bottom(), spacing})
+                EXPECT_EQ(size % 4, 0)
+                    << layout->metaObject()->className() << " of "
+                    << layout->parentWidget()->objectName().toStdString() << " "
+                    << layout->parentWidget()->metaObject()->className() << ": " << size;
+            ++layouts;
+        }
+        EXPECT_GT(layouts, 1);
+    }
+}
+
+TEST_P(Geometry, TheLastCardIsShownWhole) {
+    const std::unique_ptr<QWidget> window = allPages().front().open();
+    auto* area = child<QScrollArea>(window.get(), "taxPageArea");
+    ASSERT_GT(area->verticalScrollBar()->maximum(), 0);
+    const int row = scaled(80);
+    EXPECT_EQ(area->viewport()->height() % row, 0);
+    EXPECT_EQ(area->verticalScrollBar()->maximum() % row, 0);
+    EXPECT_GT(area->viewport()->height() + row, area->height());
+}
+
+/// Somebody has doubled the font; the sizes of the dialog are given.
+TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
+    for (const Page& page : allPages()) {
+        if (page.name == std::string("mainWindow")) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPixelSize(2 * before.pixelSize());
+        QApplication::setFont(large);
+        testing_support::settle();
+        keepPicture(window.get(), page.name, "-doubled");
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+        QApplication::setFont(before);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, Geometry, testing::ValuesIn(testing_support::allLooks()),
+                         testing_support::nameOfLook);
+
+}  // namespace

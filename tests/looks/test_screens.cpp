@@ -1,0 +1,87 @@
+/// The workbench on screens of several sizes.
+#include <QComboBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+#include "dialog/NewProCfgDialog.h"
+#include "tests/looks/Windows.h"
+#include "tests/support/Looks.h"
+#include "workbench/app/MainWindow.h"
+#include "workbench/app/ScaleLimit.h"
+#include "workbench/hostlibs/common/Skin.h"
+
+namespace {
+
+using testing_support::child;
+using testing_support::settle;
+using workbench::Host;
+
+const QSize laptop(1366, 768);
+const QSize large(3840, 2160);
+
+class Screens : public testing::Test {
+  protected:
+    Screens() {
+        window.show();
+        settle();
+        limit = window.findChild<workbench::ScaleLimit*>();
+    }
+    QString notice() { return child<QLabel>(&window, "scaleNotice")->text(); }
+    bool noticed() { return child<QLabel>(&window, "scaleNotice")->isVisible(); }
+    bool noted() { return !child<QLabel>(&window, "scale.note")->isHidden(); }
+
+    looks_tests::SampleHost host;
+    workbench::MainWindow window;
+    workbench::ScaleLimit* limit;
+};
+
+TEST_F(Screens, AScaleIsLimitedToWhatTheScreenHoldsAndComesBack) {
+    limit->fit(laptop);
+    EXPECT_FALSE(noticed());
+    EXPECT_FALSE(noted());
+    Host::instance().setScale(1.5);
+    EXPECT_EQ(Host::instance().scale(), 1);
+    EXPECT_EQ(limit->wanted(), 1.5);
+    EXPECT_TRUE(noticed());
+    EXPECT_TRUE(noted());
+    EXPECT_EQ(notice(), QStringLiteral("屏幕容不下 150 %，缩放限为 100 %"));
+    EXPECT_EQ(child<QLabel>(&window, "scale.note")->text(), notice());
+    EXPECT_EQ(child<QComboBox>(&window, "scale")->currentText(), QStringLiteral("100 %"));
+    limit->fit(large);
+    EXPECT_EQ(Host::instance().scale(), 1.5);
+    EXPECT_FALSE(noticed());
+    EXPECT_FALSE(noted());
+    EXPECT_EQ(child<QComboBox>(&window, "scale")->currentText(), QStringLiteral("150 %"));
+    limit->fit(laptop);
+    EXPECT_EQ(Host::instance().scale(), 1);
+    Host::instance().setScale(1);  // no change, and so no other wish
+    EXPECT_EQ(limit->wanted(), 1.5);
+}
+
+TEST_F(Screens, TheDialogFitsAtEveryScaleThatIsLeft) {
+    for (const QSize& screen : {QSize(1024, 768), laptop, QSize(1920, 1080), large}) {
+        limit->fit(screen);
+        for (const double scale : {1.0, 1.25, 1.5, 2.0, 3.0}) {
+            Host::instance().setScale(scale);
+            const NewProCfgDialog dialog(0, true, nullptr);
+            EXPECT_LE(dialog.width(), screen.width()) << scale;
+            EXPECT_LE(dialog.height(), screen.height()) << scale;
+        }
+    }
+}
+
+TEST_F(Screens, OnALaptopNothingOfTheWindowIsCut) {
+    for (const double scale : {1.0, 1.5}) {
+        SCOPED_TRACE(scale);
+        limit->fit(laptop);
+        Host::instance().setScale(scale);
+        window.resize(laptop);
+        settle();
+        EXPECT_EQ(window.size(), laptop);
+        EXPECT_EQ(testing_support::clippedTexts(&window, 0, {}), QStringList());
+        EXPECT_GE(child<QPlainTextEdit>(&window, "detailRequest")->height(),
+                  workbench::scaled(120));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,82 @@
+#include "workbench/hostlibs/zBaseControl/formControls.h"
+
+#include <QPainter>
+
+#include "workbench/hostlibs/zBaseControl/Style.h"
+
+namespace workbench {
+
+namespace {
+
+void drawTick(QPainter& painter, const QRect& box, const QColor& pen) {
+    const QRectF inside = QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5);
+    const auto at = [&inside](double x, double y) {
+        return QPointF(inside.left() + x * inside.width(), inside.top() + y * inside.height());
+    };
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(pen, box.width() / 8.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.3)}));
+    painter.restore();
+}
+
+void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
+              const QString& text) {
+    painter.setPen(colour(option.state & QStyle::State_Enabled ? Tint::Text : Tint::Faint));
+    drawLine(painter, room, Qt::AlignLeft | Qt::AlignVCenter, text);
+}
+
+}  // namespace
+
+void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
+    drawField(painter, option.rect, colour(Tint::Field), option.state);
+    drawArrow(painter, {option.rect.right() - scaled(12), option.rect.center().y()},
+              option.state & QStyle::State_Enabled);
+}
+
+void drawComboBoxText(QPainter& painter, const QStyleOptionComboBox& option, const QRect& room) {
+    if (!option.editable) drawText(painter, option, room, option.currentText);
+}
+
+void drawCheckBox(QPainter& painter, const QStyleOption& option) {
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool ticked = option.state & QStyle::State_On;
+    const bool pressed = option.state & QStyle::State_Sunken;
+    const bool active = enabled && (pressed || (option.state & QStyle::State_MouseOver));
+    Tint fill = pressed ? Tint::Pressed : Tint::Field;
+    if (ticked) fill = pressed ? Tint::AccentPressed : Tint::Accent;
+    if (!enabled) fill = Tint::Disabled;
+    const int side = qMin(option.rect.width(), option.rect.height());
+    QRect box(0, 0, side, side);
+    box.moveCenter(option.rect.center());
+    const bool lit = active || (ticked && enabled);
+    drawBox(painter, box, colour(fill), colour(lit ? Tint::AccentLine : Tint::Border), 3);
+    if (ticked) drawTick(painter, box, colour(enabled ? Tint::OnAccent : Tint::Faint));
+}
+
+void drawCheckBoxText(QPainter& painter, const QStyleOptionButton& option) {
+    drawText(painter, option, option.rect, option.text);
+}
+
+void drawPushButton(QPainter& painter, const QStyleOption& option) {
+    Tint fill = Tint::Card;
+    if (option.state & QStyle::State_MouseOver) fill = Tint::Hover;
+    if (option.state & QStyle::State_On) fill = Tint::Selected;
+    if (option.state & QStyle::State_Sunken) fill = Tint::Pressed;
+    if (!(option.state & QStyle::State_Enabled)) fill = Tint::Disabled;
+    QStyle::State state = option.state;
+    state.setFlag(QStyle::State_MouseOver, fill != Tint::Card);
+    drawField(painter, option.rect, colour(fill), state);
+}
+
+// Two lines wide, so that it is told from the border of what it lies on.
+void drawFocusRing(QPainter& painter, const QRect& rect) {
+    const int line = qMax(1, scaled(1));
+    for (int inset = 0; inset < 2; ++inset) {
+        const int edge = inset * line;
+        drawBox(painter, rect.adjusted(edge, edge, -edge, -edge), Qt::transparent,
+                colour(Tint::AccentLine), 6 - inset);
+    }
+}
+
+}  // namespace workbench
