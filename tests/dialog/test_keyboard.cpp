@@ -74,6 +74,23 @@ TEST_F(Keyboard, OpensOnTheFirstCard) {
     EXPECT_EQ(ringRow(), 0);
 }
 
+TEST_F(Keyboard, NothingMovesUnderTheMouseThatPresses) {
+    open();
+    ASSERT_EQ(cards()->currentRow(), 0);
+    focused()->clearFocus();
+    bar()->setValue(bar()->maximum() / 2 + 13);
+    settle();
+    const int place = bar()->value();
+    QWidget* create = child<QWidget>(card("lswGeneralTax", cards()->count() / 2), "btnNewProject");
+    const QPoint at = create->mapTo(dialog.get(), create->rect().center());
+    ASSERT_EQ(dialog->childAt(at), create);
+    clearJournal();
+    QTest::mousePress(dialog->windowHandle(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(bar()->value(), place);
+    QTest::mouseRelease(dialog->windowHandle(), Qt::LeftButton, {}, at);
+    EXPECT_EQ(countOf("SignalCreatePro"), 1);
+}
+
 TEST_F(Keyboard, MovesTheRingFromCardToCardAndScrolls) {
     open();
     const int page = find<QScrollArea>("taxPageArea")->viewport()->height() / 80;

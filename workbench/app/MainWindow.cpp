@@ -225,6 +225,7 @@ void MainWindow::watchScale() {
         panel->setNote(QStringLiteral("scale"), limit->notice());
     };
     connect(limit, &ScaleLimit::changed, label, tell);
+    connect(&Surface::instance(), &Surface::languageChanged, label, tell);
     tell();
     if (!settings) return;
     connect(limit, &ScaleLimit::changed, this, [this, limit, kept = limit->wanted()]() mutable {

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <QWindow>
 
+#include "workbench/app/Surface.h"
 #include "workbench/hostlibs/common/Host.h"
 
 namespace workbench {
@@ -46,7 +47,7 @@ ScaleLimit::ScaleLimit(QWidget* window)
 
 QString ScaleLimit::notice() const {
     if (asked <= largest) return {};
-    return QStringLiteral("屏幕容不下 %1，缩放限为 %2").arg(percent(asked), percent(largest));
+    return said("屏幕容不下 %1，缩放限为 %2").arg(percent(asked), percent(largest));
 }
 
 void ScaleLimit::fit(const QSize& available) {
