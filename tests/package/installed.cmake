@@ -70,9 +70,10 @@ foreach(file bin/${CMAKE_MATCH_1} share/icons/hicolor/scalable/apps/${CMAKE_MATC
     endif()
 endforeach()
 
-# The window works in the user's copy of the sample that is installed, here of a wrong one.
+# The window works in the user's copy of the sample that is installed, here of a wrong one: it says so,
+# and stays open until it is ended.
 file(WRITE ${data}/workbench/installation/settings.json "{}")
-run_refused(2 "${home}/.local/share/newpro-workbench/workspace/settings.json" ${program})
+run_refused(124 "${home}/.local/share/newpro-workbench/workspace/settings.json" timeout 5 ${program})
 file(GLOB_RECURSE after ${root}/*)
 if(NOT before STREQUAL after)
     message(FATAL_ERROR "the program has written beside itself:\n${before}\nbecame\n${after}")

@@ -87,7 +87,7 @@ void NoticeBar::adaptToLook() {
     const QSize size(scaled(22), scaled(22));
     picture->setPixmap(pixmapOf(skinPicture(QStringLiteral(":/Image/Workbench/critical.svg")), size,
                                 devicePixelRatioF()));
-    layout()->setContentsMargins(scaled(14), scaled(10), scaled(14), scaled(10));
+    layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
     layout()->setSpacing(scaled(12));
     say();
     buttons->setSpacing(scaled(8));

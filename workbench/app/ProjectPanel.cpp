@@ -223,7 +223,7 @@ void ProjectPanel::adaptToScale() {
     header->resizeSection(Kind, scaled(110));
     header->resizeSection(Created, scaled(130));
     list->setMinimumWidth(scaled(420));
-    search->parentWidget()->layout()->setContentsMargins(scaled(10), scaled(8), 0, 0);
+    search->parentWidget()->layout()->setContentsMargins(scaled(12), scaled(8), 0, 0);
     search->parentWidget()->layout()->setSpacing(scaled(8));
     request->setMinimumHeight(scaled(120));
     title->setFont(TBaseTool::GetDefFont(scaled(16), QFont::Bold));
