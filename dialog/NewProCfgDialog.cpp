@@ -73,8 +73,8 @@ void NewProCfgDialog::showEvent(QShowEvent* event) {
     });
 }
 
-/// Whoever opens the dialog can go on by key where its work begins: on the page that is shown. Where
-/// a widget has the focus it keeps it.
+/// Whoever opens the dialog can go on by key where its work begins: on the page that is shown.
+/// Where a widget has the focus it keeps it.
 void NewProCfgDialogPrivate::focusPage() {
     if (q->focusWidget() && q->focusWidget() != q) return;
     QWidget* page = pageStack->currentWidget();

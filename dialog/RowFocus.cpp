@@ -130,7 +130,8 @@ void RowFocus::takeRow() {
     offer(inside ? currentRow() : nullptr);
     showRing();
     if (!focused) return;
-    // Nothing moves under a button of the mouse that is down: it would be let go over something else.
+    // Nothing moves under a button of the mouse that is down: it would be let go over something
+    // else.
     if (QApplication::mouseButtons() == Qt::NoButton) bringIntoSight();
     announce();
 }
