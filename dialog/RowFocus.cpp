@@ -62,12 +62,15 @@ RowFocus::RowFocus(QAbstractItemView* owner) : QObject(owner), view(owner) {
         });
     });
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-        guarded({rowFocusSource, "focusChanged"}, [&] { follow(now); });
+        guarded({rowFocusSource, "focusChanged"}, [&] {
+            if (!isOver()) follow(now);
+        });
     });
 }
 
 bool RowFocus::eventFilter(QObject* watched, QEvent* event) {
     return guardedOr(rowFocusSource, false, [&] {
+        if (isOver()) return false;
         // Of the viewport only the arrival of rows is of interest.
         if (watched == view->viewport()) {
             QObject* added = event->type() == QEvent::ChildAdded
@@ -91,6 +94,11 @@ bool RowFocus::eventFilter(QObject* watched, QEvent* event) {
                 return false;
         }
     });
+}
+
+/// Of a view that is being deleted only a plain widget is left when its children go.
+bool RowFocus::isOver() const {
+    return !qobject_cast<QAbstractItemView*>(parent());
 }
 
 RowFocus* RowFocus::of(const QAbstractItemView* view) {

@@ -23,6 +23,7 @@ class RowFocus : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    bool isOver() const;
     QWidget* currentRow() const;
     void takeRow();
     void offer(QWidget* row);
