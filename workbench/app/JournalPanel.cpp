@@ -15,6 +15,7 @@
 
 #include "workbench/app/JournalModel.h"
 #include "workbench/app/Surface.h"
+#include "workbench/app/clearAction.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
@@ -68,7 +69,7 @@ QWidget* JournalPanel::makeFilterRow() {
     kind->setAccessibleName(QStringLiteral("日志类别"));
     kind->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     text->setPlaceholderText(QStringLiteral("筛选：接口名、代码或文字"));
-    text->setClearButtonEnabled(true);
+    addClearAction(text);
     text->setObjectName(QStringLiteral("journalFilter"));
     text->setAccessibleName(QStringLiteral("日志筛选"));
     auto* clear = new QPushButton(QStringLiteral("清空"));

@@ -16,6 +16,7 @@
 #include <QTreeWidget>
 
 #include "workbench/app/Surface.h"
+#include "workbench/app/clearAction.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
@@ -91,7 +92,7 @@ QWidget* ProjectPanel::makeList() {
     search->setObjectName(QStringLiteral("projectSearch"));
     search->setAccessibleName(QStringLiteral("查找工程"));
     search->setPlaceholderText(QStringLiteral("查找：文件名、类型，或拼音及首字母"));
-    search->setClearButtonEnabled(true);
+    addClearAction(search);
     search->installEventFilter(this);
     list->setObjectName(QStringLiteral("projectList"));
     list->setAccessibleName(QStringLiteral("工程列表"));
