@@ -23,7 +23,6 @@ namespace {
 using namespace looks_tests;
 using testing_support::child;
 using testing_support::Look;
-using workbench::Host;
 using workbench::scaled;
 
 /// Labels whose text may be longer than the window; they end in dots and tell it by their tips.

@@ -21,7 +21,6 @@ namespace {
 
 using workbench::Host;
 using workbench::Language;
-using workbench::Settings;
 using workbench::Surface;
 
 class ComfortTest : public MainWindowTest {

@@ -15,7 +15,6 @@ namespace testing_support {
 namespace {
 
 using workbench::Language;
-using workbench::Surface;
 
 /// What belongs to a project, an entry of the journal or a place, and so has no language.
 bool isData(const QObject* object) {
