@@ -165,8 +165,9 @@ void RowFocus::offer(QWidget* row) {
 
 void RowFocus::showRing() {
     QWidget* row = focused && byKey ? currentRow() : nullptr;
-    if (ring && ring->parentWidget() != row) delete ring;
-    if (!row || ring) return;
+    if (ring && ring->parentWidget() == row) return;
+    delete ring;
+    if (!row) return;
     ring = new FocusRing(row);
     ring->show();
 }

@@ -22,6 +22,14 @@ QAbstractItemView* viewOf(const QWidget* widget) {
     return view && view->viewport() == viewport && RowFocus::of(view) ? view : nullptr;
 }
 
+/// The frame of a split button on a row cannot be pressed; its parts can. Buttons of the host's own
+/// are described by Qt.
+bool isSplitButton(const QWidget* widget) {
+    if (!qobject_cast<const QAbstractButton*>(widget) || !widget->layout()) return false;
+    while (widget && !viewOf(widget)) widget = widget->parentWidget();
+    return widget;
+}
+
 QModelIndex indexOf(const QAbstractItemView* view, const QWidget* row) {
     const QModelIndex found = view->indexAt(row->geometry().center());
     return found.isValid() ? found.sibling(found.row(), 0) : found;
@@ -188,9 +196,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     auto* view = qobject_cast<QAbstractItemView*>(widget);
     if (view) return RowFocus::of(view) ? new ViewAccessible(view) : nullptr;
     if (QAbstractItemView* around = viewOf(widget)) return new RowAccessible(widget, around);
-    // The frame of a split button cannot be pressed; its parts can.
-    if (qobject_cast<QAbstractButton*>(widget) && widget->layout())
-        return new QAccessibleWidget(widget, QAccessible::Grouping);
+    if (isSplitButton(widget)) return new QAccessibleWidget(widget, QAccessible::Grouping);
     return nullptr;
 }
 

@@ -1,7 +1,9 @@
 /// What a screen reader finds in each window, against what is seen there.
 #include <QFile>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"
@@ -133,6 +135,10 @@ TEST_F(AccessibleTree, TheFrameOfASplitButtonIsNoButton) {
     auto* frame = child<QWidget>(list->itemWidget(list->item(0)), "btnNewProject");
     ASSERT_TRUE(frame->layout());
     EXPECT_EQ(QAccessible::queryAccessibleInterface(frame)->role(), QAccessible::Grouping);
+    // One of the host's own is none of the dialog's to describe.
+    QPushButton own;
+    new QVBoxLayout(&own);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&own)->role(), QAccessible::PushButton);
 }
 
 TEST_F(AccessibleTree, ARowIsPressedByAReader) {

@@ -19,6 +19,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
+#include "workbench/hostlibs/zBaseControl/contextAction.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/journalText.h"
 
@@ -111,11 +112,7 @@ void JournalPanel::makeView() {
 
 void JournalPanel::makeMenu() {
     const auto add = [this](const QString& text, const char* name, auto&& work) {
-        auto* action = new QAction(text, view);
-        action->setObjectName(QLatin1String(name));
-        connect(action, &QAction::triggered, this, work);
-        view->addAction(action);
-        return action;
+        return addContextAction(view, text, name, work);
     };
     QAction* line = add(QStringLiteral("复制整行"), "copyJournalLines",
                         [this] { copy(JournalModel::lineRole); });
@@ -129,7 +126,6 @@ void JournalPanel::makeMenu() {
         text->clear();
     });
     add(QStringLiteral("清空日志"), "clearJournal", [] { Journal::instance().clear(); });
-    view->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 QString JournalPanel::emptyText() const {

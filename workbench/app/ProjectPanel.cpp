@@ -20,6 +20,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
+#include "workbench/hostlibs/zBaseControl/contextAction.h"
 #include "workbench/projects/ProjectFile.h"
 #include "zBaseControl.h"
 
@@ -112,13 +113,9 @@ QWidget* ProjectPanel::makeList() {
 
 void ProjectPanel::makeMenu() {
     const auto add = [this](const QString& text, const char* name, auto&& work) {
-        auto* action = new QAction(text, list);
-        action->setObjectName(QLatin1String(name));
-        connect(action, &QAction::triggered, this, [this, work] {
+        return addContextAction(list, text, name, [this, work] {
             if (!currentPath().isEmpty()) work(currentPath());
         });
-        list->addAction(action);
-        return action;
     };
     const auto copy = [](const QString& text) { QGuiApplication::clipboard()->setText(text); };
     add(QStringLiteral("在文件夹中显示"), "showProjectInFolder",
@@ -131,7 +128,6 @@ void ProjectPanel::makeMenu() {
         [copy](const QString& path) { copy(QFileInfo(path).fileName()); });
     add(QStringLiteral("复制创建请求"), "copyProjectRequest",
         [this, copy](const QString&) { copy(request->toPlainText()); });
-    list->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 bool ProjectPanel::eventFilter(QObject* watched, QEvent* event) {

@@ -1,6 +1,5 @@
 #include "workbench/hostlibs/fileDialog/OpenDialogView.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -18,6 +17,7 @@
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/contextAction.h"
 #include "zControl.h"
 
 namespace workbench {
@@ -156,17 +156,13 @@ QWidget* OpenDialogView::fileList() {
 
 void OpenDialogView::makeMenu() {
     const auto add = [this](const QString& text, const char* name, auto&& work) {
-        auto* action = new QAction(text, list);
-        action->setObjectName(QLatin1String(name));
-        connect(action, &QAction::triggered, this, work);
-        list->addAction(action);
+        addContextAction(list, text, name, work);
     };
     add(QStringLiteral("打开"), "openEntry", [this] {
         if (selectedRow() >= 0) activate(selectedRow());
     });
     add(QStringLiteral("上一级"), "goUp", [this] { Q_EMIT upWanted(); });
     add(QStringLiteral("复制路径"), "copyEntryPath", [this] { copyPath(); });
-    list->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 void OpenDialogView::copyPath() const {
