@@ -192,9 +192,9 @@ TEST_F(Create, PageDataIsSentThroughTheSlot) {
     EXPECT_EQ(flowLines(),
               (Lines{R"(call SharedInterface::UseFunc(11017, ""))",
                      "call AppPluginManager::pluginText(5)", "call AppPluginManager::isLoaded(4)",
-                     "call Communication::SendMsgToPlugin(4, 103, "
-                     R"({"GcLj":"/p","GcLx":"定额计价【四川2000定额】","apptype":"Kvys",)"
-                     R"("client_pid":4}))",
+                     ("call Communication::SendMsgToPlugin(4, 103, "
+                      R"({"GcLj":"/p","GcLx":"定额计价【四川2000定额】","apptype":"Kvys",)"
+                      R"("client_pid":4}))"),
                      R"(call SharedInterface::EndUseFun(11017, ""))"}));
     EXPECT_TRUE(dialog->isVisible()) << "the slot does not close the dialog";
 }

@@ -116,8 +116,8 @@ TEST_F(CreateFromPageData, WithTheTargetLoadedTheMessageCarriesItsNumber) {
     EXPECT_EQ(flowLines(),
               (Lines{R"(call SharedInterface::UseFunc(11017, ""))",
                      "call AppPluginManager::pluginText(4)", "call AppPluginManager::isLoaded(4)",
-                     "call Communication::SendMsgToPlugin(4, 100, "
-                     R"({"GcLx":"定额计价【四川2000定额】","apptype":"Kvys","client_pid":4}))",
+                     ("call Communication::SendMsgToPlugin(4, 100, "
+                      R"({"GcLx":"定额计价【四川2000定额】","apptype":"Kvys","client_pid":4}))"),
                      R"(call SharedInterface::EndUseFun(11017, ""))"}));
 }
 
