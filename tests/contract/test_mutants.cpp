@@ -61,18 +61,24 @@ const Legal legalChanges[] = {
 
 /// @return the first row that a change is in; -1 for none.
 int rowOf(const QString& of, const QString& change) {
-    int index = 0;
-    for (const Legal& row : legalChanges) {
-        const auto matches = [](const char* pattern, const QString& text) {
-            return QRegularExpression(
-                       QRegularExpression::anchoredPattern(QString::fromUtf8(pattern)))
-                .match(text)
-                .hasMatch();
+    struct Row {
+        QRegularExpression of, change;
+    };
+    static const std::vector<Row> rows = [] {
+        const auto whole = [](const char* pattern) {
+            QRegularExpression made(
+                QRegularExpression::anchoredPattern(QString::fromUtf8(pattern)));
+            made.optimize();
+            return made;
         };
-        if (matches(row.of, of) && matches(row.change, change)) return index;
-        ++index;
-    }
-    return -1;
+        std::vector<Row> made;
+        for (const Legal& row : legalChanges) made.push_back({whole(row.of), whole(row.change)});
+        return made;
+    }();
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const Row& row) {
+        return row.of.match(of).hasMatch() && row.change.match(change).hasMatch();
+    });
+    return found == rows.end() ? -1 : int(found - rows.begin());
 }
 
 /// @return the value with texts that somebody chose made equal.

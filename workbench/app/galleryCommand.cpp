@@ -85,7 +85,7 @@ bool makeSheet(const Scenario& scenario, const QString& skin, const QString& fil
         return false;
     }
     Host::instance().setSkin(skin);
-    const bool written = drawnSheet(columns, names).save(file, "PNG", 0);
+    const bool written = drawnSheet(columns, names).save(file, "PNG", 40);
     Host::instance().reset();
     written ? print(file) : complain(QStringLiteral("%1 cannot be written").arg(file));
     return written;

@@ -115,7 +115,9 @@ Plan picture(Stage& stage, QWidget* window, const QJsonObject& args) {
     return Plan::act([&stage, window, args] {
         if (stage.pictureFolder.isEmpty()) return;
         const QString file = QDir(stage.pictureFolder).absoluteFilePath(args[u"file"].toString());
-        if (QDir().mkpath(QFileInfo(file).path()) && window->grab().save(file))
+        // Packed lightly: smaller files would take several times as long.
+        constexpr int quality = 70;
+        if (QDir().mkpath(QFileInfo(file).path()) && window->grab().save(file, "PNG", quality))
             stage.pictures.append(file);
         else
             stage.differences.append(QStringLiteral("picture: %1 cannot be written").arg(file));
