@@ -1,4 +1,5 @@
-/// Prints what a host keeps of the contract. Exit code 0 where nothing differs, else 1.
+/// Prints what a host keeps of the contract. Exit code 0 where nothing differs, 1 where something
+/// does, 2 where the command line is wrong.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <atomic>
@@ -13,6 +14,8 @@
 #include "conformance.h"
 
 namespace {
+
+const int longestPatience = 3600;
 
 /// The line of the promise that is being looked at, kept until the program ends.
 std::atomic<const std::string*> current{nullptr};
@@ -105,8 +108,16 @@ int main(int argc, char** argv) {
     parser.addOptions({project, workbook, patience});
     parser.process(application);
 
+    bool whole = false;
+    const int seconds = parser.value(patience).toInt(&whole);
+    if (!whole || seconds < 1 || seconds > longestPatience) {
+        std::fprintf(stderr, "--patience: must be a whole number of seconds, from 1 to %d\n",
+                     longestPatience);
+        return 2;
+    }
+
     qInstallMessageHandler(receive);
-    const Watch watch(parser.value(patience).toInt());
+    const Watch watch(seconds);
     const QVector<conformance::Row> rows = conformance::checkHost(
         {parser.value(project), parser.value(workbook)},
         {begin, [](const conformance::Row& row) { print(conformance::lineOf(row)); }});

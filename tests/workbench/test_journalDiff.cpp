@@ -1,9 +1,11 @@
 #include "workbench/scenario/journalDiff.h"
 
 #include <QFile>
+#include <algorithm>
 #include <ctime>
 #include <random>
 
+#include "tests/support/PeakMemory.h"
 #include "tests/workbench/RunProgram.h"
 
 namespace {
@@ -126,6 +128,55 @@ TEST(JournalDifference, LeavesTheFolderOfAPlayAndTheDayOfAProjectOut) {
         (Lines{"@@ -1,1 +1,1 @@",
                "-   0  project   {installation}/ProjectFiles/a-20260101-001.GCFX",
                "+   0  project   {installation}/ProjectFiles/a-20260101-002.GCFX"}));
+}
+
+/// @return an entry with one text.
+QJsonObject saying(const char* text) {
+    return {{QStringLiteral("kind"), QStringLiteral("call")},
+            {QStringLiteral("name"), QStringLiteral("a")},
+            {QStringLiteral("args"), QJsonArray{QString::fromUtf8(text)}}};
+}
+
+TEST(JournalDifference, OfAFolderLeavesNothingElseOut) {
+    const char* const named = "/tmp/newpro-workbench-0123456789abcdef/ProjectFiles";
+    const struct {
+        const char *left, *right;
+        bool differs;
+    } rows[] = {{"/etc/a then /tmp/newpro-workbench-0123456789abcdef/b",
+                 "/etc/x then /tmp/newpro-workbench-fedcba9876543210/b", true},
+                {"bd##/a/b.GCFX##/tmp/newpro-workbench-0123456789abcdef/b",
+                 "bd##/a/c.GCFX##/tmp/newpro-workbench-fedcba9876543210/b", true},
+                {"/etc/a:/tmp/newpro-workbench-0123456789abcdef/b",
+                 "/etc/x:/tmp/newpro-workbench-fedcba9876543210/b", true},
+                {"1/2, /tmp/newpro-workbench-0123456789abcdef/b",
+                 "1/3, /tmp/newpro-workbench-fedcba9876543210/b", true},
+                {"bd##/tmp/newpro-workbench-0123456789abcdef/b",
+                 "bd##/tmp/newpro-workbench-fedcba9876543210/b", false},
+                {"not found: /tmp/newpro-workbench-0123456789abcdef/b",
+                 "not found: /tmp/newpro-workbench-fedcba9876543210/b", false}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(!journalDifference({saying(named), saying(row.left)},
+                                     {saying(named), saying(row.right)})
+                       .isEmpty(),
+                  row.differs)
+            << row.left;
+        EXPECT_EQ(!journalDifference({saying(row.left)}, {saying(row.right)}).isEmpty(),
+                  row.differs)
+            << row.left << ", where no other text names the folder";
+    }
+}
+
+TEST(JournalDifference, OfSixtyThousandDistinctLinesTakesLittleMemory) {
+    std::mt19937 random(5);
+    QStringList names;
+    for (int i = 0; i < 60000; ++i) names.append(QString::number(i));
+    const Entries left = calls(names);
+    std::shuffle(names.begin(), names.end(), random);
+    const Entries right = calls(names);
+    const testing_support::PeakMemory memory;
+    EXPECT_GT(changesIn(journalDifference(left, right)), 100000);
+    EXPECT_LT(memory.growth(), 120 * 1000 * 1000)
+        << "texts, lines and places; a table of the lines by each other would take 900";
 }
 
 TEST(JournalDifference, OfTenThousandLinesTakesLessThanTwoSeconds) {

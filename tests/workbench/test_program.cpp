@@ -211,7 +211,17 @@ TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {
         {{play, file, QStringLiteral("--journal"), QString()}, "--journal: must not be empty\n"},
         {{play, file, QStringLiteral("--installation=")}, "--installation: must not be empty\n"},
         {{play, file, QStringLiteral("--pictures=")}, "--pictures: must not be empty\n"},
-        {{play, file, QStringLiteral("--watch")}, "--watch: there is no display\n"}};
+        {{play, file, QStringLiteral("--watch")}, "--watch: there is no display\n"},
+        {{QStringLiteral("--coverage")}, "--coverage: goes with play alone\n"},
+        {{QStringLiteral("tour"), QStringLiteral("--coverage")},
+         "--coverage: goes with play alone\n"},
+        {{QStringLiteral("gallery"), QStringLiteral("--coverage")},
+         "--coverage: goes with play alone\n"},
+        {{QStringLiteral("diff"), file, file, QStringLiteral("--coverage")},
+         "--coverage: goes with play alone\n"},
+        {{QStringLiteral("record"), file, QStringLiteral("--coverage")},
+         "--coverage: goes with play alone\n"},
+        {{play, file, QStringLiteral("--force")}, "--force: goes with record alone\n"}};
     for (const Wrong& wrong : wrongs) {
         const Ran ran = runProgram(wrong.arguments);
         EXPECT_EQ(ran.code, 2) << wrong.reason;
@@ -242,6 +252,32 @@ TEST_F(ProgramTest, ARecordingThatCouldNotBeWrittenEndsWith2BeforeTheWindowOpens
     EXPECT_EQ(ran.out.toStdString(), "");
 }
 
+TEST_F(ProgramTest, ARecordingTakesTheFileOfNobody) {
+    const QString file = scenario(openAndClose);
+    const QByteArray before = testing_support::contentOf(file);
+    const QString record = QStringLiteral("record");
+    const QString journal = QStringLiteral("--journal");
+    const QString fresh = folder.filePath(QStringLiteral("fresh.json"));
+    const QString round = folder.filePath(QStringLiteral("../%1/fresh.json"))
+                              .arg(QFileInfo(folder.path()).fileName());
+    const QString same = QStringLiteral("--journal: must be another file than that of record\n");
+    const struct {
+        QStringList arguments;
+        QString error;
+    } rows[] = {
+        {{record, file}, file + QStringLiteral(": is there already; --force takes its place\n")},
+        {{record, file, QStringLiteral("--force"), journal, file}, same},
+        {{record, fresh, journal, fresh}, same},
+        {{record, fresh, journal, round}, same}};
+    for (const auto& row : rows) {
+        const Ran ran = runProgram(row.arguments);
+        EXPECT_EQ(ran.code, 2);
+        EXPECT_EQ(ran.err, row.error);
+        EXPECT_EQ(testing_support::contentOf(file), before);
+        EXPECT_FALSE(QFileInfo::exists(fresh));
+    }
+}
+
 TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
     const Ran ran = runProgram({QStringLiteral("--help")});
     EXPECT_EQ(ran.code, 0);
@@ -253,8 +289,9 @@ TEST_F(ProgramTest, HelpTellsEveryCommandAndOption) {
          {"[options] [play FILE... | tour | diff A B | record FILE | gallery]\n", "\n  -h, --help ",
           "\n  -v, --version ", "\n  --installation <DIR> ", "\n  --journal <FILE> ",
           "\n  --pictures <DIR> ", "\n  --settings <FILE> ", "\n  --skin <SKIN> ",
-          "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ", "\n  play FILE... ",
-          "\n  tour ", "\n  diff A B ", "\n  record FILE ", "\n  gallery ", "Exit codes: "})
+          "\n  --scale <SCALE> ", "\n  --watch ", "\n  --coverage ", "\n  --force ",
+          "\n  play FILE... ", "\n  tour ", "\n  diff A B ", "\n  record FILE ", "\n  gallery ",
+          "Exit codes: "})
         EXPECT_TRUE(ran.out.contains(QLatin1String(word))) << word;
     const QStringList lines = ran.out.split(QLatin1Char('\n')).mid(1);  // behind the program's path
     for (const QString& line : lines) EXPECT_LE(line.size(), 80) << line.toStdString();

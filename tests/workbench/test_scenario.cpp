@@ -97,8 +97,8 @@ TEST_F(ScenarioTest, WhatIsWrongWithAFileIsToldWithItsPlace) {
          "s.json:1: steps[0].on: must not be empty"},
         {"{\"title\": \"t\", \"steps\": [], \"expect\": {\"inOrder\": [\n{\"kinds\": \"call\"}]}}",
          "s.json:2: expect.inOrder[0].kinds: this key is not known"},
-        {"{\"title\": \"t\", \"steps\": [], \"expect\": {\"only\": {\"list\": []}}}",
-         "s.json:1: expect.only.names: the key is missing"}};
+        {"{\"title\": \"t\", \"steps\": [], \"expect\": {\"only\": {\"names\": []}}}",
+         "s.json:1: expect.only.list: the key is missing"}};
     for (const WrongFile& wrong : wrongs) EXPECT_EQ(errorOf(wrong.content), wrong.error);
 }
 
@@ -194,6 +194,34 @@ TEST_F(ScenarioTest, TheFilteredJournalIsExactlyTheList) {
     expect.onlyList = objects(R"([{"args": [1]}, {"args": [4]}, {"args": [5]}])");
     EXPECT_EQ(workbench::differences(objects(journal), expect, {}).size(), 2)
         << "one differs, one is missing";
+}
+
+TEST_F(ScenarioTest, WithoutNamesTheWholeJournalIsExactlyTheList) {
+    workbench::Expectations expect;
+    expect.hasOnly = true;
+    expect.onlyList = objects(R"([{"name": "A"}, {"name": "B"}, {"name": "A"}])");
+    EXPECT_EQ(workbench::differences(objects(journal), expect, {}), QStringList());
+    expect.onlyList.removeAt(1);
+    EXPECT_EQ(workbench::differences(objects(journal), expect, {}),
+              QStringList{QStringLiteral("only.list[1]: one too many\n    found:    #2 B(2)")})
+        << "what stands behind it is found all the same";
+    expect.onlyList = objects(R"([{"name": "A"}, {"name": "C"}, {"name": "B"}, {"name": "A"}])");
+    EXPECT_EQ(workbench::differences(objects(journal), expect, {}),
+              QStringList{QStringLiteral("only.list[1]: missing\n    expected: {\"name\":\"C\"}")});
+}
+
+TEST_F(ScenarioTest, OfADayOnlyTheDigitsAreOpen) {
+    const auto differs = [](const char* value, const char* wanted) {
+        return !workbench::difference(QString::fromUtf8(value), QString::fromUtf8(wanted))
+                    .isEmpty();
+    };
+    EXPECT_FALSE(differs("甲-20260101-001.GCFX", "甲-{day}-001.GCFX"));
+    EXPECT_FALSE(differs("{day}", "{day}"));
+    for (const char* other :
+         {"甲-20260101-002.GCFX", "乙-20260101-001.GCFX", "甲-2026010-001.GCFX",
+          "甲-202601011-001.GCFX", "甲-20260101-001xGCFX", "甲-2026010a-001.GCFX",
+          "x甲-20260101-001.GCFX", "甲-20260101-001.GCFX "})
+        EXPECT_TRUE(differs(other, "甲-{day}-001.GCFX")) << other;
 }
 
 }  // namespace

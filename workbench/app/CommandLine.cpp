@@ -55,7 +55,8 @@ void describe(QCommandLineParser& parser) {
          {text("scale"), text("100 to 300 percent, or a factor from 1 to 3."), text("SCALE")},
          {text("watch"), text("Play visibly, at a person's pace.")},
          {text("coverage"), text("With play: print which host operations, messages, exits and "
-                                 "refusals the scenarios reached, and which never.")}});
+                                 "refusals the scenarios reached, and which never.")},
+         {text("force"), text("With record: take the place of a FILE that is there.")}});
     parser.addPositionalArgument(text("play FILE..."), text("Play scenario files and judge them."),
                                  text("[play FILE... |"));
     parser.addPositionalArgument(
@@ -144,6 +145,47 @@ bool readPaths(const QCommandLineParser& parser, CommandLine& into, QString& err
     return error.isEmpty();
 }
 
+/// Reads the options that one command alone knows.
+bool readSwitches(const QCommandLineParser& parser, CommandLine& into, QString& error) {
+    const struct {
+        const char* name;
+        Command of;
+        const char* command;
+        bool* value;
+    } switches[] = {{"coverage", Command::Play, "play", &into.coverage},
+                    {"force", Command::Record, "record", &into.force}};
+    for (const auto& each : switches) {
+        *each.value = parser.isSet(QLatin1String(each.name));
+        if (*each.value && into.command != each.of)
+            error = QStringLiteral("--%1: goes with %2 alone")
+                        .arg(QLatin1String(each.name), QLatin1String(each.command));
+    }
+    into.watch = parser.isSet(QStringLiteral("watch"));
+    return error.isEmpty();
+}
+
+/// @return whether two paths lead to one file, or will when it is made.
+bool isSameFile(const QString& one, const QString& other) {
+    const auto place = [](const QString& path) {
+        const QFileInfo file(path);
+        if (file.exists()) return file.canonicalFilePath();
+        return QFileInfo(file.absolutePath()).canonicalFilePath() + QLatin1Char('/') +
+               file.fileName();
+    };
+    return place(one) == place(other);
+}
+
+/// A recording is never written over what somebody may still want.
+bool mayRecord(const CommandLine& line, QString& error) {
+    if (line.command != Command::Record) return true;
+    const QString file = line.files.first();
+    if (!line.journal.isEmpty() && isSameFile(file, line.journal))
+        error = QStringLiteral("--journal: must be another file than that of record");
+    else if (!line.force && QFileInfo::exists(file))
+        error = file + QStringLiteral(": is there already; --force takes its place");
+    return error.isEmpty();
+}
+
 }  // namespace
 
 QString sampleInstallation() {
@@ -184,9 +226,7 @@ bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& e
     if (!readCommand(parser.positionalArguments(), into, error)) return false;
     if (!readLook(parser, into, error)) return false;
     if (!readPaths(parser, into, error)) return false;
-    into.watch = parser.isSet(QStringLiteral("watch"));
-    into.coverage = parser.isSet(QStringLiteral("coverage"));
-    return true;
+    return readSwitches(parser, into, error) && mayRecord(into, error);
 }
 
 }  // namespace workbench

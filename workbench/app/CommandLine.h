@@ -19,6 +19,7 @@ struct CommandLine {
     QJsonObject host;      ///< Skin and scale, where they are given, as a scenario has them.
     bool watch = false;
     bool coverage = false;  ///< Of `play`: tell what of the contract was reached.
+    bool force = false;     ///< Of `record`: the file may be there already.
 };
 
 /// Reads the program's arguments.

@@ -34,6 +34,8 @@ class MainWindow : public QMainWindow {
     void newProject(const QString& entry = QString());
     /// Asks for the kind first.
     void chooseKind();
+    /// Shows from now on that what is done is recorded, and that the installation has to stay.
+    void showRecording();
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -32,6 +32,7 @@ int recordFile(const CommandLine& line) {
     options.installation = options.isSample ? sampleInstallation() : line.installation;
     options.host = line.host;
     options.program = QCoreApplication::applicationFilePath();
+    options.tell = complain;
     QString report;
     const int result = recordScenario(options, report);
     result == 2 ? complain(report) : print(report);

@@ -1,16 +1,16 @@
 #include "workbench/app/recordCommand.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
-#include <QSaveFile>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "workbench/app/MainWindow.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/record/Recorder.h"
+#include "workbench/record/RecordingFile.h"
 #include "workbench/record/scenarioText.h"
 #include "workbench/scenario/TemporaryCopy.h"
 #include "workbench/scenario/journalDiff.h"
@@ -19,6 +19,8 @@ namespace workbench {
 
 namespace {
 
+const int keepMs = 100;  ///< Between an entry of the journal and the file that has it.
+
 /// What was recorded, and what a play of it must come to.
 struct Recording {
     Scenario scenario;
@@ -26,18 +28,49 @@ struct Recording {
     QStringList unsaid;
 };
 
-/// @param content written whole, or not at all. Null: it is only tried whether it could be.
-/// @return empty, or why it cannot be written.
-QString written(const QString& path, const QByteArray& content) {
-    QSaveFile file(path);
-    const bool right =
-        file.open(QIODevice::WriteOnly) &&
-        (content.isNull() || (file.write(content) == content.size() && file.commit()));
-    return right ? QString() : QStringLiteral("%1: %2").arg(path, file.errorString());
-}
+/// Keeps the file up to date: each step is there before it takes effect, since what it does may end
+/// the program; what it did follows soon.
+class Keeper : public QObject {
+  public:
+    Keeper(const Recorder& recorder, RecordingFile& file, const RecordOptions& options)
+        : recorder(recorder), file(file), options(options) {
+        soon.setSingleShot(true);
+        soon.setInterval(keepMs);
+        connect(&soon, &QTimer::timeout, this, &Keeper::keep);
+        connect(&recorder, &Recorder::stepAdded, this, &Keeper::keep);
+        connect(&recorder, &Recorder::entryAdded, this, [this] {
+            if (!soon.isActive()) soon.start();
+        });
+    }
+
+    Scenario scenario() const {
+        return recorder.scenario(QStringLiteral("Recorded: ") +
+                                 QFileInfo(options.file).completeBaseName());
+    }
+    /// A session in which nothing was done makes no file.
+    void keep() {
+        const Scenario now = scenario();
+        if (now.steps.isEmpty()) return;
+        const QString before = file.place();
+        file.write(now);
+        if (file.place() != before && !file.problem().isEmpty()) options.tell(notice(file));
+    }
+    static QString notice(const RecordingFile& file) {
+        const QString& place = file.place();
+        return file.problem() +
+               (place.isEmpty() ? QStringLiteral("; nor can the system's temporary folder take it")
+                                : QStringLiteral("; the recording stands in ") + place);
+    }
+
+  private:
+    const Recorder& recorder;
+    RecordingFile& file;
+    const RecordOptions& options;
+    QTimer soon;
+};
 
 /// Lets a person work. @return empty, or what is wrong with the installation.
-QString watch(const RecordOptions& options, Recording& into) {
+QString watch(const RecordOptions& options, RecordingFile& file, Recording& into) {
     const TemporaryCopy copy(options.installation);
     if (!copy.error().isEmpty()) return copy.error();
     Installation original;
@@ -50,68 +83,106 @@ QString watch(const RecordOptions& options, Recording& into) {
     if (!error.isEmpty()) return error;
     {
         const Recorder recorder;
+        Keeper keeper(recorder, file, options);
         applyHostSettings(options.host);
         MainWindow window;
+        window.showRecording();
         window.show();
         QApplication::exec();
-        const QString name = QFileInfo(options.file).completeBaseName();
-        into = {recorder.scenario(QStringLiteral("Recorded: ") + name), recorder.journal(),
-                recorder.unsaid()};
+        keeper.keep();
+        into = {keeper.scenario(), recorder.journal(), recorder.unsaid()};
     }
     host.reset();
     return {};
 }
 
+QStringList linesOf(const QByteArray& utf8) {
+    return QString::fromUtf8(utf8).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+/// What a play of the recording has come to.
+struct Verdict {
+    QString summary;
+    QStringList details;
+    bool same = false;
+};
+
+/// Says what a play that has taken place came to.
+Verdict verdictOf(QProcess& program, const QStringList& differs) {
+    const bool crashed = program.exitStatus() != QProcess::NormalExit;
+    Verdict verdict;
+    verdict.same = differs.isEmpty() && !crashed && program.exitCode() == 0;
+    verdict.summary = differs.isEmpty() ? QStringLiteral("a play of it gives the same journal")
+                                        : QStringLiteral("a play of it gives another journal");
+    if (verdict.same) return verdict;
+    if (crashed)
+        verdict.summary += QStringLiteral(", and crashes");
+    else if (differs.isEmpty())
+        verdict.summary += QStringLiteral(", but ends with %1").arg(program.exitCode());
+    verdict.details =
+        linesOf(program.readAllStandardOutput()) + linesOf(program.readAllStandardError());
+    if (!differs.isEmpty())
+        verdict.details += QStringList{QStringLiteral("--- recorded\n+++ played")} + differs;
+    return verdict;
+}
+
 /// Plays the file in a process of its own, out of sight: nobody's mouse gets between.
-/// @return empty where the play gives the same journal; else what differs.
-QStringList verify(const RecordOptions& options, const Recording& recording) {
+/// @param file where the recording stands.
+Verdict verify(const RecordOptions& options, const QString& file, const Recording& recording) {
     const QTemporaryDir folder;
     const QString journal = folder.filePath(QStringLiteral("journal"));
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     program.setProcessEnvironment(environment);
-    program.start(options.program,
-                  {QStringLiteral("play"), options.file, QStringLiteral("--installation"),
-                   options.installation, QStringLiteral("--journal"), journal});
-    if (!program.waitForFinished(-1)) return {program.errorString()};
-    const bool asExpected = program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
+    program.start(options.program, {QStringLiteral("play"), file, QStringLiteral("--installation"),
+                                    options.installation, QStringLiteral("--journal"), journal});
+    const QString unplayable = QStringLiteral("it could not be played");
+    if (!program.waitForFinished(-1))
+        return {unplayable, {options.program + QStringLiteral(": ") + program.errorString()}};
     QVector<QJsonObject> played;
     QString error;
-    if (!readJournal(journal, played, error))
-        return {QString::fromUtf8(program.readAllStandardError()), error};
-    QStringList differs = journalDifference(recording.journal, played);
-    if (differs.isEmpty() && asExpected) return {};
-    differs.prepend(QStringLiteral("--- recorded\n+++ played"));
-    const QString told = QString::fromUtf8(program.readAllStandardOutput());
-    for (const QString& line : told.split(QLatin1Char('\n')).filter(QStringLiteral("ended early")))
-        differs.prepend(line.trimmed());
-    return differs;
+    const bool ended = program.exitStatus() == QProcess::NormalExit;
+    if ((ended && program.exitCode() == 2) || !readJournal(journal, played, error))
+        return {unplayable, linesOf(program.readAllStandardError() + '\n' + error.toUtf8())};
+    return verdictOf(program, journalDifference(recording.journal, played));
+}
+
+/// @return what to tell of the steps and of what no step says. @param code set to the exit code.
+QStringList reportOf(const RecordOptions& options, const RecordingFile& file,
+                     const Recording& recording, int& code) {
+    code = 0;
+    if (recording.scenario.steps.isEmpty())
+        return {options.file +
+                QStringLiteral(": nothing was done in the dialog, and no file is written")};
+    if (file.place().isEmpty()) {
+        code = 2;
+        return {Keeper::notice(file), QString::fromUtf8(scenarioText(recording.scenario))};
+    }
+    const Verdict verdict = verify(options, file.place(), recording);
+    QStringList report{file.place() + QStringLiteral(": ") + verdict.summary};
+    report += verdict.details;
+    if (!verdict.same) code = 1;
+    if (file.problem().isEmpty()) return report;
+    code = 2;
+    return QStringList{Keeper::notice(file)} + report;
 }
 
 }  // namespace
 
 int recordScenario(const RecordOptions& options, QString& report) {
-    report = written(options.file, {});
+    RecordingFile file(options.file, options.isSample ? QString() : options.installation);
+    report = file.fault();
     if (!report.isEmpty()) return 2;
     Recording recording;
-    report = watch(options, recording);
+    report = watch(options, file, recording);
     if (!report.isEmpty()) return 2;
-    if (!options.isSample)
-        recording.scenario.installation =
-            QFileInfo(options.file).absoluteDir().relativeFilePath(options.installation);
-    report = written(options.file, scenarioText(recording.scenario));
-    if (!report.isEmpty()) return 2;
-    const QStringList differs = verify(options, recording);
-    if (differs.isEmpty()) {
-        report = QStringLiteral("%1: a play of it gives the same journal").arg(options.file);
-        return 0;
-    }
-    report = QStringLiteral("%1: a play of it gives another journal\n%2")
-                 .arg(options.file, differs.join(QLatin1Char('\n')));
+    int code = 0;
+    QStringList lines = reportOf(options, file, recording, code);
     for (const QString& each : recording.unsaid)
-        report += QStringLiteral("\nnot recorded: ") + each;
-    return 1;
+        lines.append(QStringLiteral("not recorded: ") + each);
+    report = lines.join(QLatin1Char('\n'));
+    return code;
 }
 
 }  // namespace workbench

@@ -44,6 +44,10 @@ const SurfaceText surfaceTexts[] = {
     {"工程文件：%1 个", "Project files: %1"},
     {"，找到 %1 个", ", found: %1"},
     {"已创建工程文件：%1", "Project file created: %1"},
+    {"录制中", "Recording"},
+    {"在对话框中的操作正在写成场景文件，关闭窗口即结束录制",
+     "What is done in the dialog is written as a scenario file until this window is closed"},
+    {"录制时不能更换安装目录", "A recording keeps to its installation"},
     // Projects
     {"工程列表", "Projects"},
     {"工程文件", "Project File"},

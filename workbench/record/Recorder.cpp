@@ -3,12 +3,15 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QRegularExpression>
+#include <QScopeGuard>
+#include <utility>
 
 #include "fileDialog.h"
 #include "workbench/hostlibs/common/Host.h"
@@ -17,7 +20,6 @@
 #include "workbench/record/hits.h"
 #include "workbench/scenario/hands.h"
 #include "workbench/scenario/hostDialog.h"
-#include "workbench/scenario/journalDiff.h"
 
 namespace workbench {
 
@@ -71,6 +73,7 @@ bool types(const QKeyEvent* event) {
         case Qt::Key_Right:
         case Qt::Key_Home:
         case Qt::Key_End:
+        case Qt::Key_Menu:
             return true;
         default:
             return event->modifiers() & Qt::ControlModifier ||
@@ -100,6 +103,20 @@ QJsonObject startOf(const QWidget* dialog) {
     return entry.isEmpty() ? QJsonObject() : QJsonObject{{key("entry"), entry}};
 }
 
+/// @return whether it is a menu of the module. That of a field is none: what it does is told by
+/// what
+///         becomes of the field.
+bool isOfModule(const QMenu* menu) {
+    QWidget* owner = menu ? menu->parentWidget() : nullptr;
+    return owner && isModules(owner->window()) && !around<QComboBox>(owner);
+}
+
+/// @return whether an event comes to the widget first, not from a child that did not take it.
+/// @param last the widget that the event before came to.
+bool isFirst(const QWidget* widget, const QPointer<QWidget>& last) {
+    return !last || last == widget || !widget->isAncestorOf(last);
+}
+
 bool isModifier(int key) {
     return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
 }
@@ -119,29 +136,30 @@ bool Recorder::eventFilter(QObject* watched, QEvent* event) {
 // An event that a widget does not take comes again for its parent: only the first is noticed.
 void Recorder::notice(QWidget* widget, QEvent* event) {
     const bool modules = isModules(widget->window());
-    const auto first = [widget](const QPointer<QWidget>& last) {
-        return !last || last == widget || !widget->isAncestorOf(last);
-    };
     switch (event->type()) {
         case QEvent::Show:
             return noticeShow(widget);
         case QEvent::Close:
             if (modules && event->spontaneous()) add({key("close"), {}});
             return;
+        case QEvent::Wheel:
+            keyed = false;
+            return;
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
-            inPopup = widget->window()->windowType() == Qt::Popup;
-            if (!modules || static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton) return;
-            if (first(pressed)) noticePress(widget, event->type() == QEvent::MouseButtonDblClick);
+            keyed = false;
+            if (modules && isFirst(widget, pressed))
+                noticePress(widget, static_cast<QMouseEvent*>(event));
             return;
         case QEvent::MouseButtonRelease:
-            if (inPopup) noticeMenu(widget, event);
             if (pressed == widget) noticeRelease(widget, static_cast<QMouseEvent*>(event));
+            pressed = nullptr;  // also where a pop-up has opened and gets the release
             return;
         case QEvent::KeyPress:
-            inPopup = QApplication::activePopupWidget();
-            if (inPopup) return noticeMenu(widget, event);
-            if (modules && first(keyDown)) noticeKey(widget, static_cast<QKeyEvent*>(event));
+            keyed = !QApplication::activePopupWidget();
+            if (!keyed) return noticeMenuKey(widget, static_cast<QKeyEvent*>(event));
+            if (modules && isFirst(widget, keyDown))
+                noticeKey(widget, static_cast<QKeyEvent*>(event));
             return;
         case QEvent::KeyRelease:
             keyDown = nullptr;
@@ -151,26 +169,36 @@ void Recorder::notice(QWidget* widget, QEvent* event) {
     }
 }
 
-void Recorder::noticeShow(QWidget* window) {
-    const bool chooser = window->inherits("xzGcLxDialog");
-    if (!chooser && !window->inherits("NewProCfgDialog")) return;
+void Recorder::noticeShow(QWidget* widget) {
+    if (auto* menu = qobject_cast<QMenu*>(widget)) return watch(menu);
+    auto* combo = qobject_cast<QComboBox*>(widget);
+    if (combo && isModules(combo->window())) return watch(combo);
+    const bool chooser = widget->inherits("xzGcLxDialog");
+    if (!chooser && !widget->inherits("NewProCfgDialog")) return;
+    // A window that was minimised is shown again.
+    if (opened == widget) return;
+    opened = widget;
     folder = Host::instance().installation().folder;
     const bool chosen = kindChosen;
     kindChosen = false;
     if (chooser)
         add({key("open"), {{key("dialog"), key("xzGcLxDialog")}}});
     else if (!chosen)
-        add({key("open"), startOf(window)});
+        add({key("open"), startOf(widget)});
 }
 
-void Recorder::noticePress(QWidget* widget, bool twice) {
+void Recorder::noticePress(QWidget* widget, const QMouseEvent* event) {
+    leaveMenu();
     pressed = widget;
     doubled = false;
-    if (auto* combo = around<QComboBox>(widget)) return watch(combo);
+    // What happens to a field is told by what becomes of it.
+    if (around<QComboBox>(widget)) return;
+    if (event->button() != Qt::LeftButton) return lose(QStringLiteral("another button"), widget);
     // A menu opens while the button is held.
     const Step step = stepOfClick(widget, false);
-    menuStep = step.args.value(key("use")) == key("menu") ? step : Step();
+    if (step.args.value(key("use")) == key("menu")) menuStep = step;
     // A button takes the second press of two like any other.
+    const bool twice = event->type() == QEvent::MouseButtonDblClick;
     if (!twice || around<QAbstractButton>(widget)) return;
     if (clicked == widget) steps.removeLast();
     click(widget, true);
@@ -178,8 +206,8 @@ void Recorder::noticePress(QWidget* widget, bool twice) {
 }
 
 void Recorder::noticeRelease(QWidget* widget, const QMouseEvent* event) {
-    pressed = nullptr;
-    if (doubled || !widget->rect().contains(event->pos()) || around<QComboBox>(widget)) return;
+    if (doubled || event->button() != Qt::LeftButton || around<QComboBox>(widget)) return;
+    if (!widget->rect().contains(event->pos())) return lose(QStringLiteral("a drag"), widget);
     const int before = steps.size();
     click(widget, false);
     if (steps.size() > before) clicked = widget;
@@ -190,37 +218,52 @@ void Recorder::click(QWidget* widget, bool twice) {
     if (step.args.value(key("use")) == key("menu")) return;
     if (!step.verb.isEmpty()) return add(step);
     clicked = nullptr;
-    lost.append(QStringLiteral("a click on %1 behind step %2")
-                    .arg(QLatin1String(widget->metaObject()->className()))
+    lose(QStringLiteral("a click"), widget);
+}
+
+/// Notes what no step says. The player scrolls by itself.
+void Recorder::lose(const QString& what, const QWidget* on) {
+    if (on->inherits("QScrollBar")) return;
+    lost.append(QStringLiteral("%1 on %2 behind step %3")
+                    .arg(what, QLatin1String(on->metaObject()->className()))
                     .arg(steps.size()));
 }
 
-/// The entry of a card's menu completes the step; other pop-ups tell by what they change.
-void Recorder::noticeMenu(QWidget* menu, QEvent* event) {
-    const auto* shown = qobject_cast<QMenu*>(menu);
-    if (!shown) return;
-    // A menu that was opened by key is gone through by key.
+/// The entry that is chosen, by mouse or by any key, completes the step of the card.
+void Recorder::watch(QMenu* menu) {
+    connect(menu, &QMenu::triggered, this, &Recorder::noticeEntryOfMenu, Qt::UniqueConnection);
+}
+
+void Recorder::noticeEntryOfMenu(const QAction* entry) {
+    auto* menu = qobject_cast<QMenu*>(sender());
     if (menuStep.verb.isEmpty()) {
-        const QWidget* owner = menu->parentWidget();
-        if (event->type() == QEvent::KeyPress && owner && isModules(owner->window()))
-            noticeKey(menu, static_cast<QKeyEvent*>(event));
+        if (!keyed && isOfModule(menu)) lose(QStringLiteral("a choice by mouse"), menu);
         return;
     }
-    const QAction* entry = shown->activeAction();
-    if (event->type() == QEvent::MouseButtonRelease)
-        entry = shown->actionAt(static_cast<QMouseEvent*>(event)->pos());
-    else if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Return)
-        return;
-    if (!entry) return;
     menuStep.args.insert(key("mode"), entry->text().section(QLatin1Char('('), 0, 0));
-    add(menuStep);
+    add(std::exchange(menuStep, {}));
+}
+
+/// A menu that was opened by key is gone through by key.
+void Recorder::noticeMenuKey(QWidget* menu, const QKeyEvent* event) {
+    if (!menuStep.verb.isEmpty() || !isOfModule(qobject_cast<QMenu*>(menu))) return;
+    keyed = true;
+    noticeKey(menu, event);
+}
+
+/// The menu that was opened by mouse has been closed again.
+void Recorder::leaveMenu() {
+    if (menuStep.verb.isEmpty()) return;
+    lost.append(QStringLiteral("the menu of %1, closed without a choice, behind step %2")
+                    .arg(menuStep.args.value(key("name")).toString())
+                    .arg(steps.size()));
     menuStep = {};
 }
 
 void Recorder::noticeKey(QWidget* widget, const QKeyEvent* event) {
     keyDown = widget;
+    leaveMenu();
     auto* combo = around<QComboBox>(widget);
-    if (combo) watch(combo);
     if (isModifier(event->key()) || (combo && combo->isEditable() && types(event))) return;
     const QKeySequence keys(event->key() | int(event->modifiers() & ~Qt::KeypadModifier));
     Step step{key("key"), {{key("key"), keys.toString(QKeySequence::PortableText)}}};
@@ -237,10 +280,11 @@ void Recorder::watch(QComboBox* combo) {
     connect(combo->lineEdit(), &QLineEdit::textEdited, this, [this, combo] { edited = combo; });
 }
 
-/// A choice from an open list; by keys on the closed field it is made of steps already.
+/// A choice from the list, or by the wheel; by keys on the closed field it is made of steps
+/// already.
 void Recorder::noticeChoice(int index) {
     auto* combo = qobject_cast<QComboBox*>(sender());
-    if (!combo || !inPopup) return;
+    if (!combo || keyed) return;
     if (combo->isEditable()) return add({key("pick"), {{key("text"), combo->itemText(index)}}});
     const auto press = [&](const char* what) {
         add({key("key"), {{key("key"), key(what)}, {key("on"), nameOf(combo)}}});
@@ -254,11 +298,13 @@ void Recorder::noticeEntry(const QJsonObject& entry) {
     const bool done = entry.value(key("event")) == key("done");
     const int result = entry.value(key("result")).toInt();
     if (done && name == key("workbench::LoginWindow")) noticeLogin(result != 0);
+    if (done && opened && opened->inherits(name.toLatin1().constData())) opened = nullptr;
     if (done && name == key("xzGcLxDialog"))
         kindChosen = result == BudgetProgram || result == ContractingProgram;
     // The host's own windows are not there in a play: it has their answers.
     if (name.startsWith(key("workbench::"))) return;
     entries.append(entry);
+    const auto told = qScopeGuard([this] { Q_EMIT entryAdded(); });
     // And its main window is a plain one.
     if (name == key("Communication::GetMainWindow"))
         entries.last().insert(key("answer"), key("QWidget"));
@@ -279,11 +325,13 @@ void Recorder::noticeLogin(bool accepted) {
 }
 
 void Recorder::add(Step step) {
+    leaveMenu();
     addText();
     addHost();
     clicked = nullptr;
     step.args = withPlaceholder(step.args, folder).toObject();
     steps.append(step);
+    Q_EMIT stepAdded();
 }
 
 void Recorder::addText() {
@@ -316,31 +364,30 @@ Scenario Recorder::scenario(const QString& title) const {
     if (!fileAnswers.isEmpty()) made.host.insert(key("fileDialog"), fileAnswers);
     made.host = withPlaceholder(made.host, folder).toObject();
     made.steps = steps;
-    made.expect.hasOnly = true;
-    QSet<QString> kinds;
+    made.expect = expectation();
+    return made;
+}
+
+/// The whole journal, of which only the day in the names of the projects made is left open.
+Expectations Recorder::expectation() const {
+    static const QRegularExpression day(key("-\\d{8}-(\\d{3})$"));
+    QMap<QString, QString> projects;
+    for (const QJsonObject& entry : entries) {
+        if (entry.value(key("kind")) != key("project")) continue;
+        const QString name = QFileInfo(entry.value(key("name")).toString()).completeBaseName();
+        projects.insert(name, QString(name).replace(day, key("-") + dayPlaceholder + key("-\\1")));
+    }
+    Expectations expect;
+    expect.hasOnly = true;
     for (QJsonObject entry : entries) {
         entry.remove(key("seq"));
         entry.remove(key("ms"));
-        const QString kind = entry.value(key("kind")).toString();
-        const QString name = entry.value(key("name")).toString();
-        kinds.insert(kind);
-        // The name of a project has the day in it, and so has what is said of it later.
-        if (kind == key("project")) {
-            made.expect.inOrder.append(QJsonObject{{key("kind"), kind}});
-            continue;
-        }
-        if (lastingText(entry).contains(key("{day}"))) {
-            entry.remove(key("args"));
-            entry.remove(key("answer"));
-        }
-        if (!made.expect.onlyNames.contains(name)) made.expect.onlyNames.append(name);
-        made.expect.onlyList.append(withPlaceholder(entry, folder).toObject());
+        QJsonValue open = withPlaceholder(entry, folder);
+        for (auto it = projects.begin(); it != projects.end(); ++it)
+            open = withTexts(open, it.key(), it.value());
+        expect.onlyList.append(open.toObject());
     }
-    made.expect.onlyNames.sort();
-    for (const char* kind : {"box", "exception", "project"})
-        if (!kinds.contains(key(kind)))
-            made.expect.never.append(QJsonObject{{key("kind"), key(kind)}});
-    return made;
+    return expect;
 }
 
 }  // namespace workbench

@@ -44,10 +44,13 @@ QByteArray expectText(const Expectations& expect) {
     QByteArrayList parts;
     if (!expect.inOrder.isEmpty()) parts.append("\"inOrder\": " + lines(expect.inOrder, "    "));
     if (!expect.never.isEmpty()) parts.append("\"never\": " + lines(expect.never, "    "));
-    if (expect.hasOnly)
-        parts.append(
-            "\"only\": {\n      \"names\": " + line(QJsonArray::fromStringList(expect.onlyNames)) +
-            ",\n      \"list\": " + lines(expect.onlyList, "      ") + "\n    }");
+    if (expect.hasOnly) {
+        QByteArrayList only;
+        if (expect.onlyNames)
+            only.append("\"names\": " + line(QJsonArray::fromStringList(*expect.onlyNames)));
+        only.append("\"list\": " + lines(expect.onlyList, "      "));
+        parts.append("\"only\": {\n      " + only.join(",\n      ") + "\n    }");
+    }
     return "{\n    " + parts.join(",\n    ") + "\n  }";
 }
 

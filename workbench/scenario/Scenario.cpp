@@ -25,7 +25,7 @@ const Fields& entryFields() {
 }
 
 const Fields& scenarioFields() {
-    static const Fields only = {field("names", Shape::Texts, true),
+    static const Fields only = {field("names", Shape::Texts),
                                 field("list", Shape::Objects, true, entryFields())};
     static const Fields fields = {
         field("title", Shape::Text, true),
@@ -71,7 +71,7 @@ Expectations readExpectations(const QJsonObject& json) {
     expect.never = objects(json[u"never"]);
     const QJsonValue only = json[u"only"];
     expect.hasOnly = only.isObject();
-    expect.onlyNames = texts(only[u"names"]);
+    if (only[u"names"].isArray()) expect.onlyNames = texts(only[u"names"]);
     expect.onlyList = objects(only[u"list"]);
     return expect;
 }
@@ -100,20 +100,6 @@ Scenario scenarioFrom(const JsonPlace& root) {
 
 const QString placeholder = QStringLiteral("{installation}");
 
-/// @return the value with `from` replaced by `to` in every text, keys excluded.
-QJsonValue withTexts(const QJsonValue& value, const QString& from, const QString& to) {
-    if (value.isString()) return value.toString().replace(from, to);
-    if (value.isArray()) {
-        QJsonArray array = value.toArray();
-        for (auto it = array.begin(); it != array.end(); ++it) *it = withTexts(*it, from, to);
-        return array;
-    }
-    if (!value.isObject()) return value;
-    QJsonObject object = value.toObject();
-    for (auto it = object.begin(); it != object.end(); ++it) *it = withTexts(*it, from, to);
-    return object;
-}
-
 }  // namespace
 
 bool readScenario(const QString& file, Scenario& into, QString& error) {
@@ -130,6 +116,21 @@ bool readScenario(const QString& file, Scenario& into, QString& error) {
         error = wrong.text;
         return false;
     }
+}
+
+const QString dayPlaceholder = QStringLiteral("{day}");
+
+QJsonValue withTexts(const QJsonValue& value, const QString& from, const QString& to) {
+    if (value.isString()) return value.toString().replace(from, to);
+    if (value.isArray()) {
+        QJsonArray array = value.toArray();
+        for (auto it = array.begin(); it != array.end(); ++it) *it = withTexts(*it, from, to);
+        return array;
+    }
+    if (!value.isObject()) return value;
+    QJsonObject object = value.toObject();
+    for (auto it = object.begin(); it != object.end(); ++it) *it = withTexts(*it, from, to);
+    return object;
 }
 
 QJsonValue filledIn(const QJsonValue& value, const QString& folder) {

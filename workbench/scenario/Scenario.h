@@ -19,8 +19,8 @@ struct Expectations {
     QVector<QJsonObject> inOrder;  ///< Each is found, after the one before.
     QVector<QJsonObject> never;    ///< None is found.
     bool hasOnly = false;
-    QStringList onlyNames;
-    QVector<QJsonObject> onlyList;  ///< The journal filtered to the names is exactly this.
+    std::optional<QStringList> onlyNames;  ///< Not set: every name.
+    QVector<QJsonObject> onlyList;         ///< The journal filtered to the names is exactly this.
 };
 
 /// How the host makes the dialog.
@@ -50,5 +50,10 @@ QJsonValue filledIn(const QJsonValue& value, const QString& folder);
 /// The reverse: @return the value with `folder` replaced by "{installation}"; as it is for an empty
 /// folder.
 QJsonValue withPlaceholder(const QJsonValue& value, const QString& folder);
+/// @return the value with `from` replaced by `to` in every text, keys excluded.
+QJsonValue withTexts(const QJsonValue& value, const QString& from, const QString& to);
+
+/// Stands in an expected text for the day in the name of a project, eight digits.
+extern const QString dayPlaceholder;
 
 }  // namespace workbench

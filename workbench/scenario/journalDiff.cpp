@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "workbench/journal/Journal.h"
+#include "workbench/scenario/Scenario.h"
 #include "workbench/scenario/journalText.h"
 
 namespace workbench {
@@ -54,6 +55,46 @@ QString faultOf(const QByteArray& line, QJsonObject& entry) {
     return json.isObject() ? faultOf(entry) : QStringLiteral("must be an object");
 }
 
+/// The name of a temporary copy.
+const QString copyPrefix = QStringLiteral("newpro-workbench-");
+const QString copyName = copyPrefix + QStringLiteral("[0-9a-f]{16}");
+/// What a path may begin with.
+const QString drive = QStringLiteral("(?:(?<![A-Za-z0-9/])[A-Za-z]:)?");
+
+/// Where the temporary copies of a journal lie, so that nothing else that stands before their name
+/// is taken for their place. No entry says it: it is what the shortest of the texts that begin with
+/// a path has before the name.
+class CopyFolder {
+  public:
+    /// @param lines the entries of the journal.
+    explicit CopyFolder(const QStringList& lines) {
+        // Of a journal without such a text: a path without blanks and signs that part paths.
+        static const QString anyPlace = drive + QStringLiteral("(?:/[^/\\s\"#:,;]+)*/");
+        static const QRegularExpression first(QStringLiteral("\"(") + drive +
+                                              QStringLiteral("/(?:(?! /)[^\"#:,;])*?)") + copyName);
+        QString place;
+        for (const QString& line : lines) {
+            if (!line.contains(copyPrefix)) continue;
+            auto found = first.globalMatch(line);
+            while (found.hasNext()) {
+                const QString next = found.next().captured(1);
+                if (place.isEmpty() || next.size() < place.size()) place = next;
+            }
+        }
+        folder.setPattern((place.isEmpty() ? anyPlace : QRegularExpression::escape(place)) +
+                          copyName);
+    }
+
+    /// @return the text with a placeholder for the folder.
+    QString hiddenIn(QString text) const {
+        if (!text.contains(copyPrefix)) return text;
+        return text.replace(folder, QStringLiteral("{installation}"));
+    }
+
+  private:
+    QRegularExpression folder;
+};
+
 /// A line of one of the journals, or of both.
 struct Line {
     char sign;
@@ -62,9 +103,35 @@ struct Line {
     const QJsonObject* entry;
 };
 
+QStringList linesOf(const QVector<QJsonObject>& journal) {
+    QStringList lines;
+    for (QJsonObject entry : journal) {
+        entry.remove(QStringLiteral("seq"));
+        entry.remove(QStringLiteral("ms"));
+        lines.append(QString::fromUtf8(Journal::line(entry)));
+    }
+    return lines;
+}
+
+/// A journal, its entries as lines without number and time, and where the copies that they name
+/// lie.
+struct Side {
+    const QVector<QJsonObject>& entries;
+    const QStringList lines{linesOf(entries)};
+    const CopyFolder folder{lines};
+
+    /// @return the line without folder and day.
+    QString lasting(const QString& line) const {
+        static const QRegularExpression day(QStringLiteral("-\\d{8}-(\\d{3})(?=\\.)"));
+        return folder.hiddenIn(line).replace(
+            day, QLatin1Char('-') + dayPlaceholder + QStringLiteral("-\\1"));
+    }
+};
+
 /// Finds what two sequences of numbers have in common, by Hirschberg: the middle of the one belongs
 /// to that place of the other where both halves have most in common. Memory grows with the length
-/// alone, time with the product of what is left between equal heads and tails.
+/// alone, whatever the items are; time with the product of what is left between equal heads and
+/// tails, a sixty-fourth of it.
 class CommonSequence {
   public:
     CommonSequence(const std::vector<int>& left, const std::vector<int>& right)
@@ -106,24 +173,29 @@ class CommonSequence {
         return best;
     }
 
+    /// Where an item stands on the right: in which word of sixty-four, and at which of its bits.
+    struct Places {
+        size_t word;
+        quint64 bits;
+    };
+
     /// Sixty-four items of the right side at a time: a bit is cleared where what is in common
     /// grows.
     /// @param step 1 to go forward, -1 backward.
     /// @return for each number of items on the right: how many are in common with all on the left.
     static std::vector<int> lengths(const int* left, int height, int step, const int* right,
                                     int width) {
-        using Bits = std::vector<quint64>;
-        const size_t words = size_t(width) / 64 + 1;
-        std::unordered_map<int, Bits> places;
+        std::unordered_map<int, std::vector<Places>> places;
         for (int j = 0; j < width; ++j) {
-            Bits& bits = places[right[j * step]];
-            bits.resize(words);
-            bits[size_t(j) / 64] |= quint64(1) << (j % 64);
+            std::vector<Places>& list = places[right[j * step]];
+            const size_t word = size_t(j) / 64;
+            if (list.empty() || list.back().word != word) list.push_back({word, 0});
+            list.back().bits |= quint64(1) << (j % 64);
         }
-        Bits row(words, ~quint64(0));
+        std::vector<quint64> row(size_t(width) / 64 + 1, ~quint64(0));
         for (int i = 0; i < height; ++i) {
             const auto found = places.find(left[i * step]);
-            if (found != places.end()) grow(row.data(), found->second.data(), words);
+            if (found != places.end()) grow(row, found->second);
         }
         std::vector<int> counts(1, 0);
         for (int j = 0; j < width; ++j)
@@ -131,13 +203,24 @@ class CommonSequence {
         return counts;
     }
 
-    static void grow(quint64* row, const quint64* places, size_t words) {
+    /// Adds up the words with a match, and those that a carry goes through.
+    static void grow(std::vector<quint64>& words, const std::vector<Places>& places) {
+        quint64* row = words.data();
         quint64 carry = 0;
-        for (size_t i = 0; i < words; ++i) {
-            const quint64 matched = row[i] + (row[i] & places[i]);
+        const Places* place = places.data();
+        const Places* end = place + places.size();
+        for (size_t i = place->word, size = words.size(); i < size; ++i) {
+            const bool here = place != end && place->word == i;
+            if (!here && !carry) {
+                if (place == end) return;
+                i = place->word - 1;
+                continue;
+            }
+            const quint64 bits = here ? (place++)->bits : 0;
+            const quint64 matched = row[i] + (row[i] & bits);
             const quint64 sum = matched + carry;
             carry = matched < row[i] || sum < matched ? 1 : 0;
-            row[i] = sum | (row[i] & ~places[i]);
+            row[i] = sum | (row[i] & ~bits);
         }
     }
 
@@ -146,20 +229,22 @@ class CommonSequence {
 };
 
 /// @return a number for each entry, the same for entries that say the same.
-std::vector<int> numbers(const QVector<QJsonObject>& journal, QHash<QString, int>& known) {
+std::vector<int> numbers(const Side& side, QHash<QString, int>& known) {
     std::vector<int> list;
-    for (const QJsonObject& entry : journal) {
-        const QString text = lastingText(entry);
+    for (const QString& line : side.lines) {
+        const QString text = side.lasting(line);
         list.push_back(known.value(text, known.size()));
         known.insert(text, list.back());
     }
     return list;
 }
 
-std::vector<Line> allLines(const QVector<QJsonObject>& left, const QVector<QJsonObject>& right) {
+std::vector<Line> allLines(const Side& leftSide, const Side& rightSide) {
+    const QVector<QJsonObject>& left = leftSide.entries;
+    const QVector<QJsonObject>& right = rightSide.entries;
     QHash<QString, int> known;
-    const std::vector<int> leftNumbers = numbers(left, known);
-    const CommonSequence common(leftNumbers, numbers(right, known));
+    const std::vector<int> leftNumbers = numbers(leftSide, known);
+    const CommonSequence common(leftNumbers, numbers(rightSide, known));
     std::vector<Line> lines;
     int j = 0;
     for (int i = 0; i < left.size(); ++i) {
@@ -172,22 +257,17 @@ std::vector<Line> allLines(const QVector<QJsonObject>& left, const QVector<QJson
     return lines;
 }
 
-QString withoutFolder(QString text) {
-    static const QRegularExpression copy(
-        QStringLiteral("(?:[A-Za-z]:)?/(?:[^\"]*?/)?newpro-workbench-[0-9a-f]{16}"));
-    if (!text.contains(QLatin1String("newpro-workbench-"))) return text;
-    return text.replace(copy, QStringLiteral("{installation}"));
-}
-
 /// The part of the lines from `first` up to `last`, under its heading.
-void print(const std::vector<Line>& lines, size_t first, size_t last, QStringList& into) {
+void print(const std::vector<Line>& lines, size_t first, size_t last, const Side& left,
+           const Side& right, QStringList& into) {
     QStringList part;
     int leftCount = 0;
     int rightCount = 0;
     for (size_t i = first; i < last; ++i) {
         if (lines[i].sign != '+') ++leftCount;
         if (lines[i].sign != '-') ++rightCount;
-        part.append(QLatin1Char(lines[i].sign) + withoutFolder(entryLine(*lines[i].entry)));
+        const CopyFolder& folder = (lines[i].sign == '+' ? right : left).folder;
+        part.append(QLatin1Char(lines[i].sign) + folder.hiddenIn(entryLine(*lines[i].entry)));
     }
     // A part of no line stands behind the line of its number.
     into.append(QStringLiteral("@@ -%1,%2 +%3,%4 @@")
@@ -218,17 +298,9 @@ bool readJournal(const QString& file, QVector<QJsonObject>& into, QString& error
     return true;
 }
 
-QString lastingText(const QJsonObject& entry) {
-    static const QRegularExpression day(QStringLiteral("-\\d{8}-(\\d{3})(?=\\.)"));
-    QJsonObject lasting = entry;
-    lasting.remove(QStringLiteral("seq"));
-    lasting.remove(QStringLiteral("ms"));
-    return withoutFolder(QString::fromUtf8(Journal::line(lasting)))
-        .replace(day, QStringLiteral("-{day}-\\1"));
-}
-
 QStringList journalDifference(const QVector<QJsonObject>& left, const QVector<QJsonObject>& right) {
-    const std::vector<Line> lines = allLines(left, right);
+    const Side sides[] = {{left}, {right}};
+    const std::vector<Line> lines = allLines(sides[0], sides[1]);
     QStringList printed;
     const size_t context = contextLines;
     for (size_t i = 0; i < lines.size(); ++i) {
@@ -238,7 +310,7 @@ QStringList journalDifference(const QVector<QJsonObject>& left, const QVector<QJ
         for (size_t j = i; j < lines.size() && j <= last + 2 * context + 1; ++j)
             if (lines[j].sign != ' ') last = j;
         i = std::min(last + context, lines.size() - 1);
-        print(lines, first, i + 1, printed);
+        print(lines, first, i + 1, sides[0], sides[1], printed);
     }
     return printed;
 }

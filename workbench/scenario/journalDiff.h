@@ -12,11 +12,9 @@ namespace workbench {
 /// @return whether every line is one of a journal; `into` is only changed on success.
 bool readJournal(const QString& file, QVector<QJsonObject>& into, QString& error);
 
-/// @return the entry as one line of text, without what differs from play to play: number, time, the
-///         folder of a temporary copy, and the day in the name of a project file.
-QString lastingText(const QJsonObject& entry);
-
-/// Compares two journals by their entries' `lastingText`, over a longest common subsequence.
+/// Compares two journals by all that lasts from play to play, over a longest common subsequence:
+/// number, time, the folder of a temporary copy, and the day in the name of a project file do not.
+/// Takes memory in proportion to the entries.
 /// @return the lines of a unified difference, with the number of the left entry, of an added one
 ///         that of the right; empty where nothing differs.
 QStringList journalDifference(const QVector<QJsonObject>& left, const QVector<QJsonObject>& right);

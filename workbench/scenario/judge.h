@@ -8,7 +8,8 @@
 namespace workbench {
 
 /// @return empty if `value` is as `wanted` says: objects by the members that `wanted` names, arrays
-///         by length and every element, everything else by equality; else the first difference, as
+///         by length and every element, everything else by equality, but that "{day}" in a wanted
+///         text stands for any eight digits; else the first difference, as
 ///         "args[1]: 44, expected 95".
 QString difference(const QJsonValue& value, const QJsonValue& wanted);
 
