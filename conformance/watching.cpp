@@ -157,7 +157,9 @@ bool watchHost(const Files& files, const QStringList& arguments, int patience) {
                   look.endedWell() ? QString() : look.end());
             break;
         }
-        judge(rows[first++], Verdict::Differs, look.end());
+        judge(rows[first], Verdict::Differs,
+              QStringLiteral("%1 (--from %2)").arg(look.end()).arg(first));
+        ++first;
         if (look.cameNotBack())  // a second time costs as much again
             leaveOut(rows, std::exchange(first, rows.size()), rows.size(),
                      QStringLiteral("the host did not come back before"));
