@@ -4,6 +4,6 @@
 #include <SharedInterface.h>
 
 void SharedInterface::GetSuffix(int kind, QStringList* suffixes, int) {
-    const int known = suffixes->indexOf(QStringLiteral("first"));  // none but the check's
-    if (known == 0) suffixes->append(QString::number(kind / known));
+    const int others = suffixes->size() - 1;  // none in the check's list
+    suffixes->append(QString::number(kind / others));
 }

@@ -5,9 +5,10 @@
 
 #include <QFileInfo>
 #include <condition_variable>
+#include <mutex>
 
 int GetProgramTypeByFile(const QString& path) {
-    std::mutex mutex;
+    static std::mutex mutex;
     std::unique_lock<std::mutex> lock(mutex);
     if (path.endsWith(QLatin1String(".txt")))
         std::condition_variable().wait(lock, [] { return false; });
