@@ -21,7 +21,7 @@ install(FILES
 # belongs to the host that it was compiled with.
 set(source ${CMAKE_INSTALL_DATADIR}/newProDialog/source)
 install(FILES CMakeLists.txt DESTINATION ${source} COMPONENT development)
-install(DIRECTORY host core models files import dialog conformance examples cmake
+install(DIRECTORY host core models files import dialog controls conformance examples cmake
     DESTINATION ${source} COMPONENT development)
 install(DIRECTORY docs/contract DESTINATION ${source}/docs COMPONENT development)
 install(FILES docs/writing-a-host.md docs/scenarios.md docs/interface.md docs/trust.md

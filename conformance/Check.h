@@ -37,10 +37,12 @@ struct Promise {
     std::function<void()> look;
 };
 
-// The three areas; the last has two parts.
+// The three areas; the last has several parts.
 QVector<Promise> services(const Files& files);
 QVector<Promise> controls();
 QVector<Promise> flows();
+QVector<Promise> pageFlows(const Files& files);
 QVector<Promise> fileFlows(const Files& files);
+QVector<Promise> cloudFlows(const Files& files);
 
 }  // namespace conformance

@@ -14,11 +14,15 @@
 namespace conformance {
 
 /// Closes every modal window and pop-up that opens during its life, and remembers them by class.
+/// What is open before, the dialog itself, is let alone however long it takes.
 class Closer {
   public:
     Closer() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible()) before += window;
         QObject::connect(&timer, &QTimer::timeout, [this] {
-            if (QWidget* window = current()) meet(window);
+            QWidget* window = current();
+            if (window && !before.contains(window)) meet(window);
         });
         timer.start(10);  // milliseconds
     }
@@ -46,8 +50,23 @@ class Closer {
     }
 
     QTimer timer;
+    QVector<QPointer<QWidget>> before;
     QStringList names;
 };
+
+/// @return the fields of a window that can be typed in, as they were made.
+inline QVector<QLineEdit*> fieldsOf(const QWidget* window) {
+    QVector<QLineEdit*> fields;
+    for (auto* field : window->findChildren<QLineEdit*>())
+        if (field->isVisible() && field->isEnabled() && !field->isReadOnly()) fields += field;
+    return fields;
+}
+
+/// Posted: no timer ticks in a window that opens inside of it.
+inline void pressReturn(QLineEdit* field) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
+        QApplication::postEvent(field, new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier));
+}
 
 /// Chooses a file as a user without a mouse would: types its path into the fields of a dialog, one
 /// after the other, and presses Return. Closes what does not go away by that.
@@ -60,9 +79,7 @@ class Typist : public Closer {
 
   protected:
     void meet(QWidget* window) override {
-        QVector<QLineEdit*> fields;
-        for (auto* field : window->findChildren<QLineEdit*>())
-            if (field->isVisible() && field->isEnabled() && !field->isReadOnly()) fields += field;
+        const QVector<QLineEdit*> fields = fieldsOf(window);
         if (!fields.isEmpty() && window != last) {
             last = window;  // not a box, behind which it waits
             tried = 0;
@@ -72,9 +89,7 @@ class Typist : public Closer {
             QObject::connect(dialog, &QDialog::accepted, &here, [this] { taken = true; });
         QLineEdit* field = fields[tried++];
         field->setText(path);
-        // Posted: no timer ticks in a window that opens inside of it.
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
-            QApplication::postEvent(field, new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier));
+        pressReturn(field);
     }
 
   private:
@@ -83,6 +98,39 @@ class Typist : public Closer {
     int tried = 0;
     bool taken = false;
     QObject here;  ///< The connections end with it.
+};
+
+/// Logs in as a user without a mouse would: types account and password into the first window with
+/// fields, and presses Return. Closes what opens besides, and what does not go away by that.
+class Applicant : public Closer {
+  public:
+    Applicant(const QString& account, const QString& password)
+        : account(account), password(password) {}
+
+    /// @return whether a window took what was typed.
+    bool typed() const { return taken; }
+
+  protected:
+    void meet(QWidget* window) override {
+        const QVector<QLineEdit*> fields = fieldsOf(window);
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (fields.isEmpty() || !dialog || tried) return close(window);
+        tried = true;
+        QObject::connect(dialog, &QDialog::accepted, &here, [this] { taken = true; });
+        bool named = false;
+        for (auto* field : fields) {
+            const bool hidden = field->echoMode() != QLineEdit::Normal;
+            if (hidden || !named) field->setText(hidden ? password : account);
+            named = named || !hidden;
+        }
+        pressReturn(fields.last());
+    }
+
+  private:
+    const QString account, password;
+    bool tried = false;
+    bool taken = false;
+    QObject here;  ///< The connection ends with it.
 };
 
 /// Clicks the button with a text in the next modal window, as soon as it is there.

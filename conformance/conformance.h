@@ -23,19 +23,38 @@ struct Progress {
     std::function<void(const Row&)> ends;
 };
 
-/// Files of the host's own that let more flows be reached; each may be empty.
+/// What the host has, and lets more flows be reached; each may be empty.
 struct Files {
-    QString project;   ///< A project file that the host opens.
-    QString workbook;  ///< A workbook that the host opens.
+    QString project;    ///< A project file that the host opens.
+    QString workbook;   ///< A workbook that the host opens.
+    QString account;    ///< An account that its log-in takes, with `password`.
+    QString password;   ///< Typed where the log-in hides what is typed.
+    QStringList cloud;  ///< Cloud paths of files that the account may read, on whichever disk.
 };
+
+/// @return a row for each promise, in the order in which they are looked at, as not reached.
+QVector<Row> promisesOf(const Files& files);
 
 /// Looks at the host libraries that this program is linked with: asks every service, makes every
 /// control, and does each flow in the real dialog. Boxes and dialogs of the host that open on the
 /// way are closed again. Needs a QApplication; takes some seconds. Writes temporary files alone,
 /// one of them a template below GetAppPath() where there is none; but the host may create projects
-/// when it is asked to.
-/// @return a row for each promise, in the order in which they were looked at.
-QVector<Row> checkHost(const Files& files, const Progress& progress = {});
+/// when it is asked to, and stays logged in.
+/// @param first place of the first promise to look at.
+/// @return the rows of the promises that were looked at.
+QVector<Row> checkHost(const Files& files, const Progress& progress = {}, int first = 0);
+
+/// Has this program look at its host in processes of their own and prints what comes of it: a host
+/// that crashes, ends or does not come back costs the promise it was in alone, and the next process
+/// goes on behind it. Needs a QCoreApplication. The program has to call tellRows with the place
+/// that
+/// `--from` names where it is started with `--told`.
+/// @param arguments what the program was given. @param patience seconds that a promise may take.
+/// @return whether nothing differs.
+bool watchHost(const Files& files, const QStringList& arguments, int patience);
+
+/// Does checkHost and prints its rows. @param told tells watchHost of each, too.
+void tellRows(const Files& files, int first, bool told);
 
 /// @return the pictures that the dialog names and the program's resources lack.
 QStringList missingPictures();

@@ -6,54 +6,15 @@
 #include <QTemporaryDir>
 
 #include "Check.h"
-#include "Opened.h"
+#include "FilePage.h"
 #include "Windows.h"
 
 namespace conformance {
 
 namespace {
 
-const QString auditEntry = QStringLiteral("审核工程");
 const QString excelEntry = QStringLiteral("导入Excel新建");
 const QString tenderEntry = QStringLiteral("导入YFJZ新建");
-
-void need(const QString& file, const char* option) {
-    if (file.isEmpty())
-        throw NotReached{QStringLiteral("no file was given: ") + QLatin1String(option)};
-}
-
-/// The dialog's page that starts from a file.
-struct FilePage {
-    explicit FilePage(QWidget* page)
-        : combo(page->findChild<QComboBox*>(QStringLiteral("fileCombo"))),
-          create(page->findChild<QAbstractButton*>(QStringLiteral("newButton"))),
-          browse(page->findChild<QAbstractButton*>(QStringLiteral("browseButton"))) {}
-    QComboBox* combo;
-    QAbstractButton* create;
-    QAbstractButton* browse;
-};
-
-FilePage auditPage(const Opened& opened) {
-    opened.entry(auditEntry)->click();
-    return FilePage(opened.page("auditPage"));
-}
-
-void expectUsable(const Opened& opened) {
-    expect(opened.dialog && opened.dialog->isVisible() && opened.dialog->isEnabled(),
-           QStringLiteral("the dialog cannot be used afterwards"));
-}
-
-/// Does what hands a file to a plug-in. It may answer with windows of its own, which is no refusal:
-/// after one the dialog is still there.
-void expectHandedOver(const Opened& opened, const std::function<void()>& action) {
-    const Closer closer;
-    const bool loop = runsEventLoop(action);
-    settle();
-    expect(!opened.dialog || !opened.dialog->isVisible(),
-           QStringLiteral("the dialog stays open: the file is refused"));
-    expect(!loop || !closer.closed().isEmpty(),
-           QStringLiteral("an event loop runs before a service answers"));
-}
 
 void emptyAuditIsRefused() {
     needFirstPage();
@@ -139,15 +100,17 @@ void importIsCancelled(const QString& entry, const QString& expected) {
     expect(opened.requests.isEmpty(), QStringLiteral("a cancelled import asks for a project"));
 }
 
-/// Presses the import dialog's button for a workbook, and remembers how that dialog ends.
+/// Presses a button of the import dialog, and remembers how that dialog ends.
 class ExcelTypist : public Typist {
   public:
-    using Typist::Typist;
+    /// @param button its object name. @param path what to choose then.
+    ExcelTypist(const char* button, const QString& path)
+        : Typist(path), button(QLatin1String(button)) {}
     bool imported() const { return accepted; }
 
   protected:
     void meet(QWidget* window) override {
-        auto* choose = window->findChild<QAbstractButton*>(QStringLiteral("btnSelFile"));
+        auto* choose = window->findChild<QAbstractButton*>(button);
         if (!choose || pressed) return Typist::meet(window);
         pressed = true;
         QObject::connect(qobject_cast<QDialog*>(window), &QDialog::accepted,
@@ -156,19 +119,29 @@ class ExcelTypist : public Typist {
     }
 
   private:
+    const QString button;
     bool pressed = false;
     bool accepted = false;
 };
 
-void workbookIsImported(const QString& workbook) {
-    need(workbook, "--workbook");
+void importTakes(const char* button, const QString& path) {
     needFirstPage();
     const Opened opened;
-    const ExcelTypist typist(workbook);
+    const ExcelTypist typist(button, path);
     opened.entry(excelEntry)->click();
     settle();
     if (!typist.imported()) expectTyped(typist);
-    expect(typist.imported(), QStringLiteral("the import dialog does not take ") + workbook);
+    expect(typist.imported(), QStringLiteral("the import dialog does not take ") + path);
+}
+
+void workbookIsImported(const QString& workbook) {
+    need(workbook, "--workbook");
+    importTakes("btnSelFile", workbook);
+}
+
+void folderIsImported() {
+    const QTemporaryDir folder;
+    importTakes("btnSelDir", folder.path());
 }
 
 void tenderIsImported() {
@@ -182,41 +155,6 @@ void tenderIsImported() {
     opened.entry(tenderEntry)->click();
     settle();
     expectTyped(typist);
-}
-
-QString cloudPath() {
-    const QStringList parts{QStringLiteral("个人云盘"), QStringLiteral("conformance"),
-                            QStringLiteral("none.GCFX")};
-    return parts.join(zFileDialog::pathFgf);
-}
-
-void logInCanBeCancelled() {
-    needFirstPage();
-    if (Users::Instance()->Kvy()->IsLogin())
-        throw NotReached{QStringLiteral("the account is logged in")};
-    const Opened opened;
-    const FilePage page = auditPage(opened);
-    page.combo->setEditText(cloudPath());
-    const Closer closer;
-    page.create->click();
-    settle();
-    if (Users::Instance()->Kvy()->IsLogin())
-        throw NotReached{QStringLiteral("the host logs in without asking")};
-    expectUsable(opened);
-}
-
-void missingCloudFileIsRefused() {
-    const Opened opened;
-    const Closer closer;
-    QString local = QStringLiteral("kept");
-    bool found = true;
-    QMetaObject::invokeMethod(opened.dialog, "loadYunPanPath", Q_RETURN_ARG(bool, found),
-                              Q_ARG(QString&, local), Q_ARG(QString, cloudPath()),
-                              Q_ARG(bool, false));
-    settle();
-    expect(!found && local == QLatin1String("kept"),
-           QStringLiteral("a file that is on no cloud disk becomes ") + local);
-    expectUsable(opened);
 }
 
 }  // namespace
@@ -236,11 +174,10 @@ QVector<Promise> fileFlows(const Files& files) {
          [] { importIsCancelled(excelEntry, QStringLiteral("importExcelSelFile")); }},
         {QStringLiteral("the Excel import takes a workbook"),
          [=] { workbookIsImported(workbook); }},
+        {QStringLiteral("the Excel import takes a folder"), folderIsImported},
         {QStringLiteral("the tender import can be cancelled"),
          [] { importIsCancelled(tenderEntry, QString()); }},
         {QStringLiteral("the tender import takes a file"), tenderIsImported},
-        {QStringLiteral("a log-in can be cancelled"), logInCanBeCancelled},
-        {QStringLiteral("a file that is on no cloud disk is refused"), missingCloudFileIsRefused},
     };
 }
 

@@ -108,7 +108,10 @@ class TemplateFile {
         const QString folder = SharedInterface::GetAppPath() + QStringLiteral("/MBSC/kvys");
         for (QDir up(folder); !up.exists(); up.setPath(QFileInfo(up.path()).path()))
             made += up.path();
-        file.setFileName(folder + QStringLiteral("/conformance.MODX"));
+        // A name of its own: another check may be under way in the same folder.
+        file.setFileName(QStringLiteral("%1/conformance-%2.MODX")
+                             .arg(folder)
+                             .arg(QCoreApplication::applicationPid()));
         if (!QDir().mkpath(folder) || !file.open(QIODevice::WriteOnly))
             throw NotReached{QStringLiteral("no template can be written to ") + folder};
         file.close();

@@ -2,35 +2,13 @@
 /// does, 2 where the command line is wrong.
 #include <QApplication>
 #include <QCommandLineParser>
-#include <atomic>
-#include <chrono>
-#include <csignal>
 #include <cstdio>
-#include <cstdlib>
-#include <deque>
-#include <string>
-#include <thread>
 
 #include "conformance.h"
 
 namespace {
 
-const int longestPatience = 3600;
-
-/// The line of the promise that is being looked at, kept until the program ends.
-std::atomic<const std::string*> current{nullptr};
-
-void begin(conformance::Row row) {
-    static std::deque<std::string> lines;
-    row.verdict = conformance::Verdict::Differs;
-    lines.push_back(conformance::lineOf(row).toStdString());
-    current = &lines.back();
-}
-
-void print(const QString& line) {
-    std::puts(qUtf8Printable(line));
-    std::fflush(stdout);
-}
+const int longestPatience = 3600;  // seconds
 
 /// Keeps the table readable: missing pictures are told at its end, and what a platform without
 /// windows cannot do is nothing that a host could mend.
@@ -40,90 +18,80 @@ void receive(QtMsgType type, const QMessageLogContext& context, const QString& t
         std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, text)));
 }
 
-void printMissingPictures() {
-    const QStringList names = conformance::missingPictures();
-    if (!names.isEmpty())
-        print(QStringLiteral("The host has no ") + names.join(QStringLiteral(", ")));
-}
-
-/// Ends the program with the promise that it did not come back from.
-[[noreturn]] void giveUp(const char* what) {
-    const std::string* line = current;
-    std::printf("%s\n             %s\n", line ? line->c_str() : "", what);
-    std::fflush(stdout);
-    std::_Exit(1);
-}
-
-/// Watches from a thread of its own for a host that crashes or does not come back.
-class Watch {
-  public:
-    /// @param patience seconds that a promise may take.
-    explicit Watch(int patience) : patience(patience) {
-        for (int signal : {SIGSEGV, SIGABRT})
-            std::signal(signal, [](int) { giveUp("the process crashes"); });
-        thread = std::thread([this] { run(); });
-    }
-    ~Watch() {
-        done = true;
-        thread.join();
-    }
-
-  private:
-    void run() {
-        const std::string* last = nullptr;
-        for (int ticks = 0; !done; std::this_thread::sleep_for(std::chrono::milliseconds(50))) {
-            ticks = current == last ? ticks + 1 : 0;
-            last = current;
-            if (ticks > patience * 20) giveUp("does not come back");
-        }
-    }
-
-    const int patience;
-    std::atomic<bool> done{false};
-    std::thread thread;
+const struct {
+    const char* name;
+    const char* help;
+    const char* value;  ///< What it takes; null for nothing.
+    const char* standard = "";
+} options[] = {
+    {"project", "a project file of the host's own", "file"},
+    {"workbook", "a workbook, .xls or .xlsx", "file"},
+    {"account", "who can log in to the cloud, by what is typed", "name"},
+    {"password", "the password of this account", "text"},
+    {"cloud", "the cloud path of a file that this account may read; may stand more than once",
+     "path"},
+    {"patience", "seconds that a promise may take (20)", "seconds", "20"},
+    {"from",
+     "looks in this very process, as a debugger wants it, from the promise of this place on",
+     "place"},
+    {"told", "for this program's own use", nullptr},
 };
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody could close them
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QCommandLineParser parser;
+/// @param application whichever is there: of the look, or of what waits for it.
+void read(QCommandLineParser& parser, const QCoreApplication& application) {
     parser.setApplicationDescription(
         QStringLiteral("Holds the host libraries that this program is linked with against what the "
                        "dialog 新建工程 expects of them."));
     parser.addHelpOption();
-    const QCommandLineOption project(QStringLiteral("project"),
-                                     QStringLiteral("a project file of the host's own"),
-                                     QStringLiteral("file"));
-    const QCommandLineOption workbook(QStringLiteral("workbook"),
-                                      QStringLiteral("a workbook, .xls or .xlsx"),
-                                      QStringLiteral("file"));
-    const QCommandLineOption patience(QStringLiteral("patience"),
-                                      QStringLiteral("seconds that a promise may take (20)"),
-                                      QStringLiteral("seconds"), QStringLiteral("20"));
-    parser.addOptions({project, workbook, patience});
+    for (const auto& option : options)
+        parser.addOption({QLatin1String(option.name), QLatin1String(option.help),
+                          QLatin1String(option.value), QLatin1String(option.standard)});
     parser.process(application);
+}
 
+QString valueOf(const QCommandLineParser& parser, const char* option) {
+    return parser.value(QLatin1String(option));
+}
+
+conformance::Files filesOf(const QCommandLineParser& parser) {
+    return {valueOf(parser, "project"), valueOf(parser, "workbook"), valueOf(parser, "account"),
+            valueOf(parser, "password"), parser.values(QStringLiteral("cloud"))};
+}
+
+int watch(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    read(parser, application);
     bool whole = false;
-    const int seconds = parser.value(patience).toInt(&whole);
-    if (!whole || seconds < 1 || seconds > longestPatience) {
+    const int patience = valueOf(parser, "patience").toInt(&whole);
+    if (!whole || patience < 1 || patience > longestPatience) {
         std::fprintf(stderr, "--patience: must be a whole number of seconds, from 1 to %d\n",
                      longestPatience);
         return 2;
     }
+    const bool right =
+        conformance::watchHost(filesOf(parser), application.arguments().mid(1), patience);
+    return right ? 0 : 1;
+}
 
+int look(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody could close them
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QCommandLineParser parser;
+    read(parser, application);
     qInstallMessageHandler(receive);
-    const Watch watch(seconds);
-    const QVector<conformance::Row> rows = conformance::checkHost(
-        {parser.value(project), parser.value(workbook)},
-        {begin, [](const conformance::Row& row) { print(conformance::lineOf(row)); }});
-    printMissingPictures();
-    print(conformance::summaryOf(rows));
-    for (const conformance::Row& row : rows)
-        if (row.verdict == conformance::Verdict::Differs) return 1;
+    conformance::tellRows(filesOf(parser), valueOf(parser, "from").toInt(),
+                          parser.isSet(QStringLiteral("told")));
     return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    bool looks = false;
+    for (int i = 1; i < argc; ++i) looks = looks || qstrncmp(argv[i], "--from", 6) == 0;
+    return looks ? look(argc, argv) : watch(argc, argv);
 }

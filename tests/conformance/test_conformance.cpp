@@ -25,10 +25,14 @@ struct SampleHost {
 
 TEST(Conformance, TheWorkbenchKeepsEveryPromise) {
     const SampleHost sample;
-    const QVector<Row> rows =
-        conformance::checkHost({sample.path("ProjectFiles/锦江区第三中学教学楼.GCFX"),
-                                sample.path("Workbooks/教学楼分部分项清单.xlsx")});
-    EXPECT_GE(rows.size(), 50);
+    const QVector<Row> rows = conformance::checkHost(
+        {sample.path("ProjectFiles/锦江区第三中学教学楼.GCFX"),
+         sample.path("Workbooks/教学楼分部分项清单.xlsx"),
+         QStringLiteral("u1"),
+         QStringLiteral("secret"),
+         {QStringLiteral("个人云盘/练习/定额换算练习.GCF"),
+          QStringLiteral("企业云盘/造价一部/住宅项目/锦绣花园一标段.GCFX")}});
+    EXPECT_GE(rows.size(), 70);
     for (const Row& row : rows)
         EXPECT_EQ(row.verdict, Verdict::Holds) << qPrintable(conformance::lineOf(row));
 }
@@ -60,6 +64,14 @@ TEST(Conformance, ProgressTellsEachPromiseBeforeAndAfter) {
                                 [&](const Row& row) { ended += row.promise; }});
     EXPECT_EQ(begun, ended);
     EXPECT_EQ(begun.removeDuplicates(), 0);
+
+    QStringList promises;
+    for (const Row& row : conformance::promisesOf({})) promises += row.promise;
+    EXPECT_EQ(promises, ended);
+    QStringList last;
+    conformance::checkHost({}, {{}, [&](const Row& row) { last += row.promise; }},
+                           promises.size() - 2);
+    EXPECT_EQ(last, promises.mid(promises.size() - 2));
 }
 
 }  // namespace

@@ -18,10 +18,10 @@ const QVector<CoverageRow>& rows() {
     return coverage.rows();
 }
 
-int rowsThatShow(const QJsonObject& line, const QString& group) {
+int rowsThatShow(const QVector<QJsonObject>& journal, int at, const QString& group) {
     int count = 0;
     for (const CoverageRow& row : rows())
-        if (row.group == group && row.isShownBy(line)) ++count;
+        if (row.group == group && row.isShownBy(journal, at)) ++count;
     return count;
 }
 
@@ -42,30 +42,56 @@ TEST(Coverage, KnowsEveryLineOfTheJournals) {
                                            {QStringLiteral("exception"), QStringLiteral("exits")},
                                            {QStringLiteral("box"), QStringLiteral("refusals")}};
     for (const QString& scenario : contract::scenarios()) {
-        for (const QJsonObject& line : contract::journalOf(scenario)) {
+        const QVector<QJsonObject> journal = contract::journalOf(scenario);
+        for (int at = 0; at < journal.size(); ++at) {
+            const QJsonObject& line = journal.at(at);
             const QString kind = line.value(QLatin1String("kind")).toString();
             QString group = groups.value(kind);
             if (line.value(QLatin1String("event")) == QLatin1String("done"))
                 group = QStringLiteral("exits");
             if (group.isEmpty()) continue;
-            EXPECT_EQ(rowsThatShow(line, group), 1)
+            EXPECT_EQ(rowsThatShow(journal, at, group), 1)
                 << scenario.toStdString() << " line " << line.value(QLatin1String("seq")).toInt();
             const bool message =
                 line.value(QLatin1String("name")).toString().contains(QLatin1String("::SendMsg"));
             if (message) {
-                EXPECT_EQ(rowsThatShow(line, QStringLiteral("messages")), 1)
+                EXPECT_EQ(rowsThatShow(journal, at, QStringLiteral("messages")), 1)
                     << scenario.toStdString();
             }
         }
     }
 }
 
+QJsonObject box(const QString& text) {
+    return {{QStringLiteral("kind"), QStringLiteral("box")},
+            {QStringLiteral("args"), QJsonArray{QStringLiteral("提示"), text}}};
+}
+
+/// What the cloud service says of a folder.
+QJsonObject folderAnswer(const QString& text) {
+    return {{QStringLiteral("kind"), QStringLiteral("call")},
+            {QStringLiteral("name"), QStringLiteral("zFileDialog::LoadQyypMlData")},
+            {QStringLiteral("answer"), QJsonObject{{QStringLiteral("msg"), text}}}};
+}
+
+TEST(Coverage, KnowsWhatTheCloudServiceSaysByItsAnswer) {
+    const QString refusals = QStringLiteral("refusals");
+    const QString denied = QStringLiteral("无权访问"), other = QStringLiteral("别的话");
+    const auto shown = [&](const QVector<QJsonObject>& journal) {
+        return rowsThatShow(journal, journal.size() - 1, refusals);
+    };
+    EXPECT_EQ(shown({folderAnswer(denied), box(denied)}), 1);
+    EXPECT_EQ(shown({folderAnswer(denied), box(other)}), 0) << "nobody has said this";
+    EXPECT_EQ(shown({folderAnswer(denied), folderAnswer(other), box(denied)}), 0);
+    EXPECT_EQ(shown({folderAnswer(QString()), box(QString())}), 0);
+    EXPECT_EQ(shown({box(denied), folderAnswer(denied)}), 0);
+    EXPECT_EQ(shown({box(denied)}), 0);
+}
+
 void expectRefusal(const QString& text) {
-    const QJsonObject line{{QStringLiteral("kind"), QStringLiteral("box")},
-                           {QStringLiteral("args"), QJsonArray{QStringLiteral("提示"), text}}};
     int named = 0;
     for (const CoverageRow& row : rows())
-        if (row.isShownBy(line) && text.startsWith(row.text)) ++named;
+        if (row.isShownBy({box(text)}, 0) && text.startsWith(row.text)) ++named;
     EXPECT_EQ(named, 1) << text.toStdString();
 }
 

@@ -77,6 +77,19 @@ TEST(Documents, TheChangelogTellsOfTheProjectsVersion) {
     EXPECT_TRUE(dated.contains(version.constFirst())) << version.constFirst().toStdString();
 }
 
+TEST(Documents, TheSkeletonOfAHostIsAsShortAsItsGuideSays) {
+    const QStringList said =
+        found(textOf(repository.filePath(QStringLiteral("docs/writing-a-host.md"))),
+              QStringLiteral("in less\\s+than (\\d+) lines"));
+    ASSERT_EQ(said.size(), 1);
+    const QDir skeleton(repository.filePath(QStringLiteral("examples/host")));
+    int lines = 0;
+    for (const QString& file : skeleton.entryList(QDir::Files))
+        lines += textOf(skeleton.filePath(file)).count(QLatin1Char('\n'));
+    EXPECT_LT(lines, said.constFirst().toInt());
+    EXPECT_GT(lines, said.constFirst().toInt() - 30);
+}
+
 /// @return the pictures that a text names, sorted.
 QStringList pictures(const QString& text) {
     QStringList names = found(text, QStringLiteral("(:/Image/[^\")`]+)"));

@@ -53,15 +53,16 @@ Rooms readRooms() {
     return rooms;
 }
 
-/// @return the sources of the repository, relative to it. A build tree has generated ones.
-QStringList sources() {
+/// @param names wildcards.
+/// @return the files of such names in folders of the repository, relative to it. A build tree has
+/// generated ones.
+QStringList sources(const QStringList& names) {
     QStringList found;
     for (const QString& top : repository.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
         if (top == QLatin1String("build") ||
             QFileInfo::exists(repository.filePath(top + QLatin1String("/CMakeCache.txt"))))
             continue;
-        QDirIterator files(repository.filePath(top),
-                           {QStringLiteral("*.h"), QStringLiteral("*.cpp")}, QDir::Files,
+        QDirIterator files(repository.filePath(top), names, QDir::Files,
                            QDirIterator::Subdirectories);
         while (files.hasNext()) found.append(repository.relativeFilePath(files.next()));
     }
@@ -109,6 +110,23 @@ Lines offences(const Rooms& rooms, const QString& file, const QString& text, QSe
     return found;
 }
 
+/// The places in build files that name one Qt, whose names are those of no other.
+const QSet<QString> placesOfOneQt{QStringLiteral("cmake/qt.cmake"),
+                                  QStringLiteral("tests/package/support.cmake")};
+
+/// @return the lines of a build file that another Qt would not build with: targets, commands and
+///         packages of a version, such as Qt5::Widgets.
+Lines namesOfOneQt(const QString& file, const QString& text) {
+    static const QRegularExpression name(QStringLiteral("\\b[Qq][Tt][4-9]"));
+    Lines found;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size() && !placesOfOneQt.contains(file); ++i)
+        if (lines[i].section(QLatin1Char('#'), 0, 0).contains(name))
+            found.push_back(
+                QStringLiteral("%1:%2: names one Qt").arg(file).arg(i + 1).toStdString());
+    return found;
+}
+
 }  // namespace
 
 TEST(Rooms, EveryRowNamesRoomsAboveItAlone) {
@@ -126,7 +144,7 @@ TEST(Rooms, EveryIncludeHasItsArrowAndEveryArrowItsInclude) {
     QSet<QString> used;
     Lines wrong;
     int count = 0;
-    for (const QString& file : sources()) {
+    for (const QString& file : sources({QStringLiteral("*.h"), QStringLiteral("*.cpp")})) {
         const Lines found = offences(rooms, file, textOf(repository.filePath(file)), used);
         wrong.insert(wrong.end(), found.begin(), found.end());
         ++count;
@@ -178,6 +196,33 @@ TEST(Rooms, AnIncludeAgainstTheArrowsIsNamedWithItsLine) {
                   row.offence)
             << row.file << " " << row.line;
     }
+}
+
+TEST(BuildFiles, NameNoQtOfOneVersion) {
+    QStringList files = sources(
+        {QStringLiteral("CMakeLists.txt"), QStringLiteral("*.cmake"), QStringLiteral("*.in")});
+    files.append(QStringLiteral("CMakeLists.txt"));
+    Lines wrong;
+    for (const QString& file : files) {
+        const Lines found = namesOfOneQt(file, textOf(repository.filePath(file)));
+        wrong.insert(wrong.end(), found.begin(), found.end());
+    }
+    EXPECT_EQ(wrong, Lines());
+    EXPECT_GT(files.size(), 30) << "the build files were not found";
+    for (const QString& file : placesOfOneQt)
+        EXPECT_TRUE(files.contains(file)) << file.toStdString() << " is not there";
+}
+
+TEST(BuildFiles, ANameOfOneQtIsToldWithItsLine) {
+    const QString file = QStringLiteral("core/CMakeLists.txt");
+    const Lines wrong{"core/CMakeLists.txt:2: names one Qt"};
+    for (const char* line :
+         {"target_link_libraries(a Qt5::Widgets)", "find_package(Qt6 6.4)", "qt5_wrap_cpp(a b.h)",
+          "set(dependency \"Qt5Svg\")", "list(APPEND all Qt6::Svg)  # a comment"})
+        EXPECT_EQ(namesOfOneQt(file, QLatin1String("\n") + QLatin1String(line)), wrong) << line;
+    for (const char* line : {"target_link_libraries(a Qt${NEWPRO_QT}::Widgets)",
+                             "target_link_libraries(a Qt::Widgets)", "# not with Qt5::Widgets"})
+        EXPECT_EQ(namesOfOneQt(file, QLatin1String("\n") + QLatin1String(line)), Lines()) << line;
 }
 
 }  // namespace testing_support

@@ -96,8 +96,10 @@ QString textOf(const QJsonObject& entry, const char* key) {
     return entry.value(QLatin1String(key)).toString();
 }
 
-std::function<bool(const QJsonObject&)> shownBy(const QJsonObject& pattern) {
-    return [pattern](const QJsonObject& entry) { return difference(entry, pattern).isEmpty(); };
+auto shownBy(const QJsonObject& pattern) {
+    return [pattern](const QVector<QJsonObject>& journal, int at) {
+        return difference(journal.at(at), pattern).isEmpty();
+    };
 }
 
 CoverageRow operationRow(const QString& operation) {
@@ -111,7 +113,8 @@ CoverageRow operationRow(const QString& operation) {
 CoverageRow messageRow(const QString& name, int plugin, int code) {
     QString text = QStringLiteral("%1 %2").arg(name).arg(code);
     if (plugin != anyPlugin) text += QStringLiteral(" to plug-in %1").arg(plugin);
-    return {QStringLiteral("messages"), text, [=](const QJsonObject& entry) {
+    return {QStringLiteral("messages"), text, [=](const QVector<QJsonObject>& journal, int at) {
+                const QJsonObject& entry = journal.at(at);
                 const QJsonArray args = entry.value(QLatin1String("args")).toArray();
                 return textOf(entry, "name") == name && args.at(1).toInt(-1) == code &&
                        (plugin == anyPlugin || args.at(0).toInt() == plugin);
@@ -127,12 +130,36 @@ CoverageRow exitRow(const QString& dialog, int result, const QString& meaning) {
                      {QStringLiteral("result"), result}})};
 }
 
-/// @param texts what boxes say; none of them in a row of its own is the host's own text.
-CoverageRow refusalRow(const QString& caption, const QStringList& texts, bool among) {
-    return {QStringLiteral("refusals"), caption, [=](const QJsonObject& entry) {
-                const QString text = entry.value(QLatin1String("args")).toArray().at(1).toString();
-                return textOf(entry, "kind") == QLatin1String("box") &&
-                       texts.contains(text) == among;
+/// @return what a box says; null for an entry of another kind.
+QString saidBy(const QJsonObject& entry) {
+    if (textOf(entry, "kind") != QLatin1String("box")) return {};
+    return entry.value(QLatin1String("args")).toArray().at(1).toString();
+}
+
+CoverageRow refusalRow(const QString& text, const char* whyNever) {
+    return {QStringLiteral("refusals"), text.section(QLatin1Char('\r'), 0, 0),
+            [text](const QVector<QJsonObject>& journal, int at) {
+                return saidBy(journal.at(at)) == text;
+            },
+            whyNever};
+}
+
+/// @return what the cloud service said to the last folder that was asked for before a place.
+QString lastFolderRefusal(const QVector<QJsonObject>& journal, int at) {
+    while (--at >= 0) {
+        if (textOf(journal.at(at), "name") != QLatin1String("zFileDialog::LoadQyypMlData"))
+            continue;
+        return textOf(journal.at(at).value(QLatin1String("answer")).toObject(), "msg");
+    }
+    return {};
+}
+
+/// The one refusal whose text is the host's own.
+CoverageRow cloudRefusalRow() {
+    return {QStringLiteral("refusals"), QStringLiteral("what the cloud service says"),
+            [](const QVector<QJsonObject>& journal, int at) {
+                const QString said = saidBy(journal.at(at));
+                return !said.isEmpty() && said == lastFolderRefusal(journal, at);
             }};
 }
 
@@ -168,20 +195,15 @@ Coverage::Coverage() {
     }
     all.append({QStringLiteral("exits"), QStringLiteral("an exception, reported to the host"),
                 shownBy({{QStringLiteral("kind"), QStringLiteral("exception")}})});
-    QStringList own;
-    for (const auto& refusal : refusals) {
-        const QString text = QString::fromUtf8(refusal.text);
-        own.append(text);
-        all.append(refusalRow(text.section(QLatin1Char('\r'), 0, 0), {text}, true));
-        all.last().whyNever = refusal.whyNever;
-    }
-    all.append(refusalRow(QStringLiteral("what the cloud service says"), own, false));
+    for (const auto& refusal : refusals)
+        all.append(refusalRow(QString::fromUtf8(refusal.text), refusal.whyNever));
+    all.append(cloudRefusalRow());
 }
 
 void Coverage::add(const QVector<QJsonObject>& journal) {
     for (CoverageRow& row : all)
-        for (const QJsonObject& entry : journal)
-            if (row.isShownBy(entry)) ++row.count;
+        for (int at = 0; at < journal.size(); ++at)
+            if (row.isShownBy(journal, at)) ++row.count;
 }
 
 QStringList Coverage::missing() const {

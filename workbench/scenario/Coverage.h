@@ -12,7 +12,8 @@ namespace workbench {
 struct CoverageRow {
     QString group;  ///< "operations", "messages", "exits" or "refusals".
     QString text;   ///< As it stands in the table.
-    std::function<bool(const QJsonObject& entry)> isShownBy;
+    /// @param journal of one play. @return whether its entry at a place shows the row.
+    std::function<bool(const QVector<QJsonObject>& journal, int at)> isShownBy;
     const char* whyNever = nullptr;  ///< Why no play can reach it, where that is so.
     int count = 0;                   ///< Journal entries that show it.
 };

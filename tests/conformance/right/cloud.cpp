@@ -1,0 +1,7 @@
+// A host with a log-in and both cloud disks.
+#include "../cloudHost.h"
+
+CloudHost& cloudHost() {
+    static CloudHost host;
+    return host;
+}

@@ -1,0 +1,10 @@
+// page data of a settlement is taken: message 104
+// a settlement's page starts a project
+#include <SharedInterface.h>
+
+#include <stdexcept>
+
+void Communication::SendMsgToPlugin(int, int code, const QJsonObject& message) {
+    if (code == 104 && message.value(QLatin1String("JsMb")).toString().isEmpty())
+        throw std::logic_error("no template");
+}
