@@ -100,26 +100,36 @@ TEST_F(RecordTest, PathsThatAreTypedAndRefused) {
 
 TEST_F(RecordTest, AnEntryOfTheHistoryByMouseAndByKeys) {
     const int code = record([this] {
-        for (const bool keys : {false, true})
-            inDialog([this, keys](auto*) {
+        enum Way { Mouse, Keys, KeysInTheOpenList };
+        for (const Way way : {Mouse, Keys, KeysInTheOpenList})
+            inDialog([this, way](auto*) {
                 ribbon("审核工程");
                 QComboBox* combo = workbench::fileCombo(dialog);
-                if (keys) {
-                    combo->setFocus();
+                combo->setFocus();
+                if (way == Mouse) {
+                    chooseFrom(combo, 1);
+                } else if (way == Keys) {
                     QTest::keyClick(combo, Qt::Key_Down);
                     QTest::keyClick(combo, Qt::Key_Down);
                 } else {
-                    chooseFrom(combo, 1);
+                    QTest::keyClick(combo, Qt::Key_Down, Qt::AltModifier);
+                    QWidget* list = combo->view();
+                    ASSERT_TRUE(list->isVisible());
+                    QTest::keyClick(list, Qt::Key_Down);
+                    QTest::keyClick(list, Qt::Key_Down);
+                    QTest::keyClick(list, Qt::Key_Return);
                 }
                 create();
             });
     });
     EXPECT_EQ(code, 0) << report.toStdString();
     // Between the two the host says that a plug-in was loaded.
-    EXPECT_EQ(steps(), (Lines{"open", "ribbon 审核工程",
-                              "pick {installation}/ProjectFiles/高新区科研楼安装工程.GCFX",
-                              "create", "host …", "open", "ribbon 审核工程", "key Down fileCombo",
-                              "key Down fileCombo", "create"}));
+    EXPECT_EQ(steps(),
+              (Lines{"open", "ribbon 审核工程",
+                     "pick {installation}/ProjectFiles/高新区科研楼安装工程.GCFX", "create",
+                     "host …", "open", "ribbon 审核工程", "key Down fileCombo",
+                     "key Down fileCombo", "create", "open", "ribbon 审核工程",
+                     std::string("pick {installation}/ProjectFiles/") + school, "create"}));
 }
 
 TEST_F(RecordTest, TheFileDialogByItsAnswers) {

@@ -64,7 +64,8 @@ void setIn(QJsonObject& object, const QString& path, const QJsonValue& value) {
     object.insert(first, inner);
 }
 
-/// @return whether a key in a field for a path changes or marks the text there, and no more.
+/// @return whether a key in a field for a path changes or marks the text there or opens the list,
+///         and no more.
 bool types(const QKeyEvent* event) {
     switch (event->key()) {
         case Qt::Key_Backspace:
@@ -74,7 +75,11 @@ bool types(const QKeyEvent* event) {
         case Qt::Key_Home:
         case Qt::Key_End:
         case Qt::Key_Menu:
+        case Qt::Key_F4:
             return true;
+        case Qt::Key_Down:
+        case Qt::Key_Up:
+            return event->modifiers() & Qt::AltModifier;
         default:
             return event->modifiers() & Qt::ControlModifier ||
                    (!event->text().isEmpty() && event->text().at(0).isPrint());
