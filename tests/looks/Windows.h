@@ -14,6 +14,10 @@ struct Page {
     std::function<std::unique_ptr<QWidget>()> open;  ///< Made, shown and laid out.
 };
 
+inline void PrintTo(const Page& page, std::ostream* out) {
+    *out << page.name;
+}
+
 /// @return all of them, over the sample installation.
 const std::vector<Page>& allPages();
 
