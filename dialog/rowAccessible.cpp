@@ -75,7 +75,7 @@ class ViewAccessible : public QAccessibleWidget {
     }
 
     QAccessibleInterface* childAt(int x, int y) const override {
-        const QModelIndex index = view->indexAt(view->viewport()->mapFromGlobal({x, y}));
+        const QModelIndex index = view->indexAt(view->viewport()->mapFromGlobal(QPoint(x, y)));
         return index.isValid() ? rowAt(index) : nullptr;
     }
 
@@ -120,7 +120,7 @@ class RowAccessible : public QAccessibleWidget {
     }
     QAccessibleInterface* childAt(int x, int y) const override {
         for (QAbstractButton* part : parts()) {
-            if (part->rect().contains(part->mapFromGlobal({x, y})))
+            if (part->rect().contains(part->mapFromGlobal(QPoint(x, y))))
                 return QAccessible::queryAccessibleInterface(part);
         }
         return nullptr;

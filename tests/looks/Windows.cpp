@@ -1,5 +1,8 @@
 #include "tests/looks/Windows.h"
 
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QWidgetAction>
 
 #include "dialog/NewProCfgDialog.h"
@@ -106,6 +109,20 @@ const std::vector<Page>& allPages() {
         {"critical", [] { return box("critical"); }},
         {"mainWindow", mainWindow}};
     return pages;
+}
+
+QString tipOf(QWidget* widget, const QPoint& place) {
+    // A tip that is told to go stays for a while.
+    const auto tips = [] {
+        QWidgetList found;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->inherits("QTipLabel") && top->isVisible()) found.append(top);
+        return found;
+    };
+    for (QWidget* tip : tips()) tip->hide();
+    QHelpEvent asks(QEvent::ToolTip, place, widget->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget, &asks);
+    return tips().isEmpty() ? QString() : QToolTip::text();
 }
 
 SampleHost::SampleHost() {
