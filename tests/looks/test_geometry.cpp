@@ -193,6 +193,35 @@ TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
     }
 }
 
+class LargeFont : public Geometry {};
+
+/// The same before the window is opened.
+TEST_P(LargeFont, IsCutWithDotsAtWorst) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(2 * before.pixelSize());
+    QApplication::setFont(large);
+    for (const Page& page : allPages()) {
+        if (page.name == std::string("mainWindow")) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        keepPicture(window.get(), page.name, "-large");
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
+        // The host's own windows have no given size: they grow with the font.
+        const QStringList growing = {QStringLiteral("fileDialog"), QStringLiteral("login"),
+                                     QStringLiteral("information"), QStringLiteral("critical")};
+        if (growing.contains(QLatin1String(page.name))) {
+            EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, {}), QStringList());
+        }
+    }
+    QApplication::setFont(before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, LargeFont, testing::Values(Look{1, "light"}, Look{1.5, "contrast"}),
+                         testing_support::nameOfLook);
+
 INSTANTIATE_TEST_SUITE_P(Looks, Geometry, testing::ValuesIn(testing_support::allLooks()),
                          testing_support::nameOfLook);
 

@@ -1,9 +1,18 @@
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 
+#include <QApplication>
+#include <QFontInfo>
+
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace workbench {
+
+int roomFor(double designPixels) {
+    const double own = scaled(13);  // as applySkin gives it
+    const double larger = QFontInfo(QApplication::font()).pixelSize() / own;
+    return scaled(designPixels * qMax(1.0, larger));
+}
 
 QString fieldSheet() {
     return QStringLiteral(
@@ -27,7 +36,7 @@ zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent
     auto* button = new zBaseButton(text, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(text);
-    button->setFixedSize(scaled(88), scaled(30));
+    button->setFixedSize(roomFor(88), roomFor(30));
     return button;
 }
 

@@ -8,6 +8,11 @@ class zBaseButton;
 
 namespace workbench {
 
+/// @return a size of the design on this screen, pixels; larger where the application's font is
+/// larger
+///         than the host's own.
+int roomFor(double designPixels);
+
 /// @return a style sheet for the window that holds the fields, in the current skin and scale.
 QString fieldSheet();
 

@@ -64,7 +64,7 @@ QLineEdit* field(const char* name, const QString& nameForReaders, QWidget* paren
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setAccessibleName(nameForReaders);
-    edit->setFixedHeight(scaled(fieldHeight));
+    edit->setFixedHeight(roomFor(fieldHeight));
     return edit;
 }
 
@@ -92,7 +92,7 @@ OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
 
 QWidget* OpenDialogView::placeColumn(bool withClouds) {
     auto* column = new QWidget(this);
-    column->setFixedWidth(scaled(120));
+    column->setFixedWidth(roomFor(120));
     auto* layout = plainLayout<QVBoxLayout>(column, 4);
     for (const PlaceButton& entry : placeButtons) {
         if (isCloudPlace(entry.place) && !withClouds) continue;
@@ -102,7 +102,7 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
         place->setProperty("place", entry.place);
         place->setCheckable(true);
         place->setCheckedBackColorEnabled(true);
-        place->setFixedHeight(scaled(34));
+        place->setFixedHeight(roomFor(34));
         connect(place, &QPushButton::clicked, this,
                 [this, entry] { Q_EMIT placeWanted(entry.place); });
         layout->addWidget(place);
@@ -116,7 +116,7 @@ QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", QStringLiteral("上一级"), row);
-    upButton->setFixedSize(scaled(72), scaled(fieldHeight));
+    upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
     pathField = field("pathField", QStringLiteral("路径"), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
@@ -138,15 +138,15 @@ QWidget* OpenDialogView::fileList() {
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setTextElideMode(Qt::ElideMiddle);
-    list->setIconSize(QSize(scaled(18), scaled(18)));
+    list->setIconSize(QSize(roomFor(18), roomFor(18)));
     QHeaderView* header = list->header();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setMinimumSectionSize(scaled(60));
     header->setSectionResizeMode(FileListModel::NameColumn, QHeaderView::Stretch);
-    header->resizeSection(FileListModel::TypeColumn, scaled(104));
-    header->resizeSection(FileListModel::SizeColumn, scaled(92));
-    header->resizeSection(FileListModel::TimeColumn, scaled(142));
+    header->resizeSection(FileListModel::TypeColumn, roomFor(104));
+    header->resizeSection(FileListModel::SizeColumn, roomFor(92));
+    header->resizeSection(FileListModel::TimeColumn, roomFor(142));
     list->sortByColumn(FileListModel::NameColumn, Qt::AscendingOrder);
     list->setSortingEnabled(true);
     new EmptyState(list, [this] { return emptyText(); });
@@ -193,7 +193,7 @@ QWidget* OpenDialogView::nameRow() {
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    filterBox->setFixedSize(scaled(240), scaled(fieldHeight));
+    filterBox->setFixedSize(roomFor(240), roomFor(fieldHeight));
     filterBox->setVisible(!foldersWanted);
     filterBox->addItem(filter.text());
     if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());
