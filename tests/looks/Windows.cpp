@@ -10,6 +10,7 @@
 #include "import/importExcelSelFile.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/hostlibs/zControl/MessageBox.h"
@@ -74,6 +75,14 @@ std::unique_ptr<QWidget> openDialog() {
     return shown(std::make_unique<workbench::OpenDialog>(nullptr, request));
 }
 
+std::unique_ptr<QWidget> download() {
+    auto window = std::make_unique<workbench::DownloadWindow>(
+        QStringLiteral("青羊区社区卫生服务中心医技楼装饰装修工程.GCFX"), nullptr);
+    workbench::Host::instance().switches().cloud.slow = true;
+    window->progress(1, 5);
+    return window;
+}
+
 std::unique_ptr<QWidget> box(const char* picture) {
     return shown(std::make_unique<workbench::MessageBox>(
         QStringLiteral("提示"), QStringLiteral("请选择需要新建的工程文件！"),
@@ -105,6 +114,7 @@ const std::vector<Page>& allPages() {
         {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
         {"fileDialog", openDialog},
         {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"download", download},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
         {"mainWindow", mainWindow}};

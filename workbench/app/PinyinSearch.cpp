@@ -34,7 +34,7 @@ class PinyinSearch::Reader {
         if (!rules) return {};
         icu::UnicodeString text(UChar32{int32_t(character)});
         rules->transliterate(text);
-        return QString::fromUtf16(reinterpret_cast<const ushort*>(text.getBuffer()), text.length());
+        return QString::fromUtf16(text.getBuffer(), text.length());
     }
 
   private:

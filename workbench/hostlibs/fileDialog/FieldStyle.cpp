@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontInfo>
+#include <QProgressBar>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
@@ -38,6 +39,23 @@ zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent
     button->setAccessibleName(text);
     button->setFixedSize(roomFor(88), roomFor(30));
     return button;
+}
+
+QProgressBar* makeProgressBar(QWidget* parent) {
+    auto* bar = new QProgressBar(parent);
+    bar->setAccessibleName(QStringLiteral("下载进度"));
+    bar->setFixedHeight(scaled(8));
+    bar->setTextVisible(false);
+    return bar;
+}
+
+QString progressBarSheet() {
+    return QStringLiteral(
+               "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
+               "QProgressBar::chunk{background:%4;border-radius:%3px}")
+        .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
+        .arg(scaled(3))
+        .arg(colour(Tint::Accent).name());
 }
 
 }  // namespace workbench

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+class QProgressBar;
 class QWidget;
 class zBaseButton;
 
@@ -18,5 +19,9 @@ QString fieldSheet();
 
 /// @return a button of the one size that these windows use.
 zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent);
+
+/// @return a flat bar without text, and the style sheet for the window that holds it.
+QProgressBar* makeProgressBar(QWidget* parent);
+QString progressBarSheet();
 
 }  // namespace workbench

@@ -7,13 +7,13 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QProgressBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -211,11 +211,9 @@ QWidget* OpenDialogView::buttonRow() {
     messageLabel->setAccessibleName(QStringLiteral("提示"));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    progressBar = new QProgressBar(row);
+    progressBar = makeProgressBar(row);
     progressBar->setObjectName(QStringLiteral("progressBar"));
-    progressBar->setAccessibleName(QStringLiteral("下载进度"));
-    progressBar->setFixedSize(scaled(160), scaled(8));
-    progressBar->setTextVisible(false);
+    progressBar->setFixedWidth(scaled(160));
     progressBar->hide();
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
     openButton->setControlType(DefaultActionType);
@@ -239,14 +237,7 @@ void OpenDialogView::applyColours() {
             .arg(qMax(1, scaled(1)))
             .arg(scaled(4))
             .arg(scaled(6));
-    const QString barSheet =
-        QStringLiteral(
-            "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
-            "QProgressBar::chunk{background:%4;border-radius:%3px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
-            .arg(scaled(3))
-            .arg(colour(Tint::Accent).name());
-    setStyleSheet(fieldSheet() + listSheet + barSheet);
+    setStyleSheet(fieldSheet() + listSheet + progressBarSheet());
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),
                     listIcon("file", size, devicePixelRatioF()));
@@ -377,11 +368,7 @@ void OpenDialogView::showProgress(qint64 done, qint64 total) {
     constexpr int whole = 1000;
     progressBar->setRange(0, whole);
     progressBar->setValue(int(whole * done / total));
-    const QLocale locale(QLocale::Chinese);
-    tell(QStringLiteral("正在下载：%1 / %2，按“取消”停止")
-             .arg(locale.formattedDataSize(done, 1, QLocale::DataSizeTraditionalFormat),
-                  locale.formattedDataSize(total, 1, QLocale::DataSizeTraditionalFormat)),
-         false);
+    tell(downloadText(done, total), false);
 }
 
 }  // namespace workbench
