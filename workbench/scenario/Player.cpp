@@ -4,7 +4,7 @@
 #include <QDialog>
 #include <exception>
 
-#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
+#include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/judge.h"
 #include "workbench/scenario/targets.h"

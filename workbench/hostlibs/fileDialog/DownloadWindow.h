@@ -12,9 +12,6 @@ class QProgressBar;
 
 namespace workbench {
 
-/// Name of the property of a window that closes by itself, so that no scenario has to.
-constexpr char goesByItselfProperty[] = "goesByItself";
-
 /// Says how far a download is, and lets it be given up with its button, Esc or the end of its
 /// parent. The object names of its widgets are "downloadText", "downloadBar" and "cancelDownload".
 class WORKBENCH_API DownloadWindow : public RoundedDialog {
