@@ -217,7 +217,7 @@ TEST_F(ReaderOfDialog, IsToldOfAMenuThatIsOpen) {
     auto* row = child<QWidget>(dialog.get(), "lswGeneralTax")
                     ->findChild<QWidget*>(QStringLiteral("btnNewProject"));
     for (auto* button : row->findChildren<QPushButton*>())
-        if (button->menu()) button->menu()->popup(button->mapToGlobal({0, button->height()}));
+        if (button->menu()) button->menu()->popup(button->mapToGlobal(QPoint(0, button->height())));
     ASSERT_TRUE(QApplication::activePopupWidget());
     expectTold();
 }
