@@ -77,7 +77,7 @@ std::unique_ptr<QWidget> openDialog() {
 
 std::unique_ptr<QWidget> download() {
     auto window = std::make_unique<workbench::DownloadWindow>(
-        QStringLiteral("青羊区社区卫生服务中心医技楼装饰装修工程.GCFX"), nullptr);
+        QStringLiteral("青羊区社区卫生服务中心医技楼.GCFX"), nullptr);
     workbench::Host::instance().switches().cloud.slow = true;
     window->progress(1, 5);
     return window;
