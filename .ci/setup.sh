@@ -3,7 +3,8 @@
 # shellcheck disable=SC2034  # whoever sources this uses some of the lists
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev libicu-dev fonts-noto-cjk)
-test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file)
+test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file
+               at-spi2-core dbus gir1.2-atspi-2.0 python3-gi xvfb)
 qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev)

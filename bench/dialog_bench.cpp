@@ -2,6 +2,7 @@
 /// pricing models, beside two floors from plain Qt widgets without style sheets: the same labels
 /// and buttons with a plain list, and the same with all views and fields of the dialog's other
 /// pages.
+#include <QtTest/qtestspontaneevent.h>
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
@@ -10,9 +11,12 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <memory>
 
 #include "dialog/NewProCfgDialog.h"
@@ -208,6 +212,42 @@ void plainDialog(benchmark::State& state) {
     openPlain(state, addPlainPages);
 }
 
+/// One notch of a wheel over the cards, or one step of a touchpad, with the painting that follows.
+/// @param pixels of a touchpad; 0 for a wheel.
+void scroll(benchmark::State& state, int pixels) {
+    useModels(int(state.range(0)));
+    NewProCfgDialog dialog(0, true, nullptr);
+    paint(dialog);
+    auto* area = dialog.findChild<QScrollArea*>(QStringLiteral("taxPageArea"));
+    const QPoint middle = area->viewport()->rect().center();
+    QScrollBar* bar = area->verticalScrollBar();
+    int down = -1;
+    for (auto _ : state) {
+        if (bar->value() == bar->maximum()) down = 1;
+        if (bar->value() == bar->minimum()) down = -1;
+        QWidget* under = area->viewport()->childAt(middle);
+        const QPoint place = under->mapFrom(area->viewport(), middle);
+        QWheelEvent turn(place, under->mapToGlobal(place), {0, down * pixels}, {0, down * 120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        const int before = bar->value();
+        QSpontaneKeyEvent::setSpontaneous(&turn);  // only such a one goes on to what is around
+        qApp->notify(under, &turn);
+        if (bar->value() == before) state.SkipWithError("nothing scrolls");
+        QCoreApplication::processEvents();
+    }
+    workbench::Journal::instance().clear();
+}
+
+void wheel(benchmark::State& state) {
+    scroll(state, 0);
+}
+
+void touchpad(benchmark::State& state) {
+    scroll(state, 12);
+}
+
+BENCHMARK(wheel)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
+BENCHMARK(touchpad)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(plainList)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(plainDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(openDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);

@@ -45,6 +45,12 @@ bool CardList::viewportEvent(QEvent* event) {
 void CardList::focusInEvent(QFocusEvent*) {}
 void CardList::focusOutEvent(QFocusEvent*) {}
 
+// The list view would tell a screen reader of the row that RowFocus tells of.
+void CardList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    guarded("CardList", [&] { QAbstractItemView::currentChanged(current, previous); });
+}
+
 QModelIndex CardList::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
     return guardedOr("CardList", QModelIndex(), [&] {
         const int last = count() - 1;

@@ -22,6 +22,9 @@ class CardList : public QListWidget {
     void focusOutEvent(QFocusEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
+  protected Q_SLOTS:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
   private:
     int rowsInSight() const;
 };

@@ -22,10 +22,8 @@ QAbstractItemView* viewOf(const QWidget* widget) {
     return view && view->viewport() == viewport && RowFocus::of(view) ? view : nullptr;
 }
 
-/// The frame of a split button on a row cannot be pressed; its parts can. Buttons of the host's own
-/// are described by Qt.
-bool isSplitButton(const QWidget* widget) {
-    if (!qobject_cast<const QAbstractButton*>(widget) || !widget->layout()) return false;
+/// @return whether the widget stands in a row; all others are described by Qt.
+bool isInRow(const QWidget* widget) {
     while (widget && !viewOf(widget)) widget = widget->parentWidget();
     return widget;
 }
@@ -190,14 +188,52 @@ class RowAccessible : public QAccessibleWidget {
     QPointer<QAbstractItemView> view;
 };
 
+/// A button of a row. Qt's own is told as being on the screen also where its row is scrolled out.
+class RowButtonAccessible : public QAccessibleWidget {
+  public:
+    explicit RowButtonAccessible(QAbstractButton* of)
+        : QAccessibleWidget(of, roleOf(of)), button(of) {}
+
+    QString text(QAccessible::Text what) const override {
+        const QString given = QAccessibleWidget::text(what);
+        return what == QAccessible::Name && given.isEmpty() ? button->text() : given;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = seenState(QAccessibleWidget::state(), button);
+        state.hasPopup = role() == QAccessible::ButtonMenu;
+        state.pressed = button->isDown();
+        return state;
+    }
+
+    QStringList actionNames() const override {
+        if (role() == QAccessible::Grouping) return {};
+        return {role() == QAccessible::ButtonMenu ? showMenuAction() : pressAction()};
+    }
+    void doAction(const QString& name) override {
+        // Later: a reader waits for the end of this call, and a window may come up.
+        if (actionNames().contains(name))
+            guarded("RowButtonAccessible", [&] { button->animateClick(); });
+    }
+
+  private:
+    /// The frame of a split button cannot be pressed; its parts can.
+    static QAccessible::Role roleOf(const QAbstractButton* button) {
+        if (button->layout()) return QAccessible::Grouping;
+        const auto* push = qobject_cast<const QPushButton*>(button);
+        return push && push->menu() ? QAccessible::ButtonMenu : QAccessible::Button;
+    }
+
+    QAbstractButton* button;
+};
+
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget) return nullptr;
     auto* view = qobject_cast<QAbstractItemView*>(widget);
     if (view) return RowFocus::of(view) ? new ViewAccessible(view) : nullptr;
     if (QAbstractItemView* around = viewOf(widget)) return new RowAccessible(widget, around);
-    if (isSplitButton(widget)) return new QAccessibleWidget(widget, QAccessible::Grouping);
-    return nullptr;
+    auto* button = qobject_cast<QAbstractButton*>(widget);
+    return button && isInRow(button) ? new RowButtonAccessible(button) : nullptr;
 }
 
 }  // namespace
@@ -212,9 +248,7 @@ void makeRowsAccessible() {
 
 void describeAnew(QWidget* widget) {
     QVector<QWidget*> told{widget};
-    for (QAbstractButton* button : widget->findChildren<QAbstractButton*>()) {
-        if (button->layout()) told.append(button);
-    }
+    for (QAbstractButton* button : widget->findChildren<QAbstractButton*>()) told.append(button);
     for (QWidget* each : told) {
         QAccessibleInterface* cached = QAccessible::queryAccessibleInterface(each);
         if (cached) QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(cached));

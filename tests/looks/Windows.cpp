@@ -1,5 +1,8 @@
 #include "tests/looks/Windows.h"
 
+#include <QApplication>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QWidgetAction>
 
 #include "dialog/NewProCfgDialog.h"
@@ -7,6 +10,7 @@
 #include "import/importExcelSelFile.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/hostlibs/zControl/MessageBox.h"
@@ -71,6 +75,14 @@ std::unique_ptr<QWidget> openDialog() {
     return shown(std::make_unique<workbench::OpenDialog>(nullptr, request));
 }
 
+std::unique_ptr<QWidget> download() {
+    auto window = std::make_unique<workbench::DownloadWindow>(
+        QStringLiteral("青羊区社区卫生服务中心医技楼.GCFX"), nullptr);
+    workbench::Host::instance().switches().cloud.slow = true;
+    window->progress(1, 5);
+    return window;
+}
+
 std::unique_ptr<QWidget> box(const char* picture) {
     return shown(std::make_unique<workbench::MessageBox>(
         QStringLiteral("提示"), QStringLiteral("请选择需要新建的工程文件！"),
@@ -102,10 +114,25 @@ const std::vector<Page>& allPages() {
         {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
         {"fileDialog", openDialog},
         {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"download", download},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
         {"mainWindow", mainWindow}};
     return pages;
+}
+
+QString tipOf(QWidget* widget, const QPoint& place) {
+    // A tip that is told to go stays for a while.
+    const auto tips = [] {
+        QWidgetList found;
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (top->inherits("QTipLabel") && top->isVisible()) found.append(top);
+        return found;
+    };
+    for (QWidget* tip : tips()) tip->hide();
+    QHelpEvent asks(QEvent::ToolTip, place, widget->mapToGlobal(place));
+    QCoreApplication::sendEvent(widget, &asks);
+    return tips().isEmpty() ? QString() : QToolTip::text();
 }
 
 SampleHost::SampleHost() {

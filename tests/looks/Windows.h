@@ -14,8 +14,15 @@ struct Page {
     std::function<std::unique_ptr<QWidget>()> open;  ///< Made, shown and laid out.
 };
 
+inline void PrintTo(const Page& page, std::ostream* out) {
+    *out << page.name;
+}
+
 /// @return all of them, over the sample installation.
 const std::vector<Page>& allPages();
+
+/// @return the tip that a widget shows to a mouse that rests at a place in it; empty for none.
+QString tipOf(QWidget* widget, const QPoint& place);
 
 /// A host with the sample installation in a temporary copy; fresh again afterwards.
 class SampleHost {

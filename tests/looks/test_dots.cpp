@@ -1,7 +1,7 @@
 /// Texts that are too long: the dots that they end in, and the tips that tell them whole.
 #include <QApplication>
-#include <QHelpEvent>
-#include <QToolTip>
+#include <QCheckBox>
+#include <QPushButton>
 #include <QTreeWidget>
 
 #include "core/ElidedLabel.h"
@@ -10,6 +10,7 @@
 
 namespace {
 
+using looks_tests::tipOf;
 using testing_support::settle;
 
 const QString chinese = QStringLiteral("适用于四川省行政区域内一般计税方法的房屋建筑工程");
@@ -30,20 +31,6 @@ QPair<int, int> inkOfLastSign(const QImage& picture) {
     for (int y = 0; y < picture.height(); ++y)
         if (inked(right, y)) rows = {qMin(rows.first, y), qMax(rows.second, y)};
     return rows;
-}
-
-QString tipOf(QWidget* widget, const QPoint& place) {
-    // A tip that is told to go stays for a while.
-    const auto tips = [] {
-        QWidgetList found;
-        for (QWidget* top : QApplication::topLevelWidgets())
-            if (top->inherits("QTipLabel") && top->isVisible()) found.append(top);
-        return found;
-    };
-    for (QWidget* tip : tips()) tip->hide();
-    QHelpEvent asks(QEvent::ToolTip, place, widget->mapToGlobal(place));
-    QCoreApplication::sendEvent(widget, &asks);
-    return tips().isEmpty() ? QString() : QToolTip::text();
 }
 
 class Dots : public testing::Test {
@@ -101,6 +88,33 @@ TEST_F(Dots, ATipIsShownOnlyWhereATextIsCut) {
     withoutTip.show();
     settle();
     EXPECT_EQ(tipOf(&withoutTip, {5, 5}), latin);
+}
+
+/// Buttons, ticks and fields with a list, the styled ones and Qt's.
+TEST_F(Dots, AControlHasATipOfItsTextOnlyWhereItIsCut) {
+    const auto check = [](QWidget* control) {
+        SCOPED_TRACE(control->metaObject()->className());
+        control->resize(70, 30);
+        control->show();
+        settle();
+        EXPECT_EQ(tipOf(control, {5, 5}), latin);
+        control->setToolTip(chinese);
+        EXPECT_EQ(tipOf(control, {5, 5}), latin + QStringLiteral("<br>") + chinese);
+        control->resize(800, 30);
+        settle();
+        EXPECT_EQ(tipOf(control, {5, 5}), chinese);
+        control->setToolTip(QString());
+        EXPECT_EQ(tipOf(control, {5, 5}), QString());
+    };
+    zBaseButton styledButton(latin);
+    QPushButton button(latin);
+    QCheckBox tick(latin);
+    QComboBox field;
+    field.addItem(latin);
+    zBaseCombox styledField;
+    styledField.addItem(latin);
+    for (QWidget* control : QWidgetList{&styledButton, &button, &tick, &field, &styledField})
+        check(control);
 }
 
 TEST_F(Dots, ARowOfAListHasATipOnlyWhereItIsCut) {

@@ -61,6 +61,27 @@ QStringList outsiders(const QWidget* window) {
     return found;
 }
 
+/// @return buttons, ticks and fields whose text is surely cut without a tip that tells it, and
+/// those
+///         whose text is surely whole with one.
+QStringList untold(const QWidget* window) {
+    QStringList found;
+    for (auto* widget : window->findChildren<QWidget*>()) {
+        const auto* button = qobject_cast<QAbstractButton*>(widget);
+        const auto* combo = qobject_cast<QComboBox*>(widget);
+        if (!widget->isVisible() || (!button && (!combo || combo->isEditable()))) continue;
+        const QString text = button ? button->text() : combo->currentText();
+        const int needed = widget->fontMetrics().horizontalAdvance(text);
+        const bool told = looks_tests::tipOf(widget, {2, 2}).startsWith(text.toHtmlEscaped());
+        // Styled buttons first take a smaller font, down to half the size.
+        const bool cut = needed > widget->width() * (qobject_cast<zBaseButton*>(widget) ? 2 : 1);
+        const bool whole = needed + scaled(60) < widget->width();
+        if (!text.isEmpty() && ((cut && !told) || (whole && told && widget->toolTip().isEmpty())))
+            found << widget->objectName() + QLatin1Char(' ') + text;
+    }
+    return found;
+}
+
 TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
     for (const Page& page : allPages()) {
         SCOPED_TRACE(page.name);
@@ -70,6 +91,7 @@ TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
         EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, cutOnPurpose), QStringList());
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
     }
 }
 
@@ -166,9 +188,39 @@ TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
         keepPicture(window.get(), page.name, "-doubled");
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
         QApplication::setFont(before);
     }
 }
+
+class LargeFont : public Geometry {};
+
+/// The same before the window is opened.
+TEST_P(LargeFont, IsCutWithDotsAtWorst) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPixelSize(2 * before.pixelSize());
+    QApplication::setFont(large);
+    for (const Page& page : allPages()) {
+        if (page.name == std::string("mainWindow")) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        keepPicture(window.get(), page.name, "-large");
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
+        // The host's own windows have no given size: they grow with the font.
+        const QStringList growing = {QStringLiteral("fileDialog"), QStringLiteral("login"),
+                                     QStringLiteral("information"), QStringLiteral("critical")};
+        if (growing.contains(QLatin1String(page.name))) {
+            EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, {}), QStringList());
+        }
+    }
+    QApplication::setFont(before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, LargeFont, testing::Values(Look{1, "light"}, Look{1.5, "contrast"}),
+                         testing_support::nameOfLook);
 
 INSTANTIATE_TEST_SUITE_P(Looks, Geometry, testing::ValuesIn(testing_support::allLooks()),
                          testing_support::nameOfLook);

@@ -31,13 +31,14 @@ void label(QPushButton* button, const char* chinese) {
 }  // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
-    : QFrame(parent),
+    : QWidget(parent),
       picture(new QLabel),
       text(noticeLabel("noticeText")),
       detail(noticeLabel("noticeDetail")),
       buttons(new QHBoxLayout),
       closing(new QPushButton) {
     setObjectName(QStringLiteral("notice"));
+    setAttribute(Qt::WA_StyledBackground);
     closing->setObjectName(QStringLiteral("noticeClose"));
     auto* words = new QVBoxLayout;
     words->addWidget(text);
@@ -65,7 +66,7 @@ void NoticeBar::say() {
     text->setText(said(notice.what));
     detail->setText(*notice.advice ? notice.detail + QLatin1Char('\n') + said(notice.advice)
                                    : notice.detail);
-    setAccessibleName(text->text() + QLatin1Char('\n') + detail->text());
+    setAccessibleName((text->text() + QLatin1Char('\n') + detail->text()).trimmed());
     while (QLayoutItem* old = buttons->takeAt(0)) {
         if (old->widget() && old->widget() != closing) old->widget()->deleteLater();
         delete old;

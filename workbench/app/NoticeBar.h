@@ -1,8 +1,8 @@
 /// What went wrong, said in the window together with what can be done.
 #pragma once
 
-#include <QFrame>
 #include <QVector>
+#include <QWidget>
 #include <functional>
 
 class QHBoxLayout;
@@ -25,7 +25,7 @@ struct Notice {
 
 /// A bar above the projects, hidden while there is nothing to say. Its parts are "noticeText",
 /// "noticeDetail" and "noticeClose".
-class NoticeBar : public QFrame {
+class NoticeBar : public QWidget {
     Q_OBJECT
   public:
     explicit NoticeBar(QWidget* parent = nullptr);

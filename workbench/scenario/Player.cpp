@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <exception>
 
+#include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/judge.h"
 #include "workbench/scenario/targets.h"
@@ -15,6 +16,10 @@ namespace {
 
 const int pollMs = 5;          ///< Between two looks for a target.
 const int personPaceMs = 900;  ///< Between two steps at a person's pace.
+
+bool goesByItself(const QWidget* window) {
+    return window && window->property(goesByItselfProperty).toBool();
+}
 
 }  // namespace
 
@@ -40,8 +45,17 @@ bool Player::mustWait() const {
     // An action that has brought up a window waits for what the next steps do there. One that has
     // not is still working, such as waiting for a slow cloud disk.
     if (busy.isEmpty()) return false;
-    const QWidget* top = topWindow();
-    return !top || top == busy.last();
+    QWidget* top = topWindow();
+    if (!top || top == busy.last() || goesByItself(busy.last())) return true;
+    return goesByItself(top) && !nextClicksIn(top);
+}
+
+/// A window that closes by itself is waited for, unless the scenario has to do with it.
+bool Player::nextClicksIn(QWidget* window) const {
+    if (step + 1 >= scenario.steps.size()) return false;
+    const Step& following = scenario.steps[step + 1];
+    return following.verb == QLatin1String("click") &&
+           anything(window, following.args[u"on"].toString());
 }
 
 bool Player::takeNextStep() {

@@ -65,6 +65,7 @@ class Player : public QObject {
   private:
     void tick();
     bool mustWait() const;
+    bool nextClicksIn(QWidget* window) const;
     bool takeNextStep();
     void attempt(const Plan& plan);
     void giveUp(const QString& why, bool late);

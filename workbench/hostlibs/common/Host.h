@@ -21,6 +21,9 @@ const QLatin1String lightSkin("light");
 const QLatin1String darkSkin("dark");
 const QLatin1String contrastSkin("contrast");
 
+/// Name of the property of a window that closes by itself, so that no scenario has to.
+constexpr char goesByItselfProperty[] = "goesByItself";
+
 /// Everything that host operations share. Host libraries read it; the program, the scenario player
 /// and tests set it. `reset` brings it back to a fresh host without installation.
 class WORKBENCH_API Host : public QObject {

@@ -1,9 +1,19 @@
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 
+#include <QApplication>
+#include <QFontInfo>
+#include <QProgressBar>
+
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace workbench {
+
+int roomFor(double designPixels) {
+    const double own = scaled(13);  // as applySkin gives it
+    const double larger = QFontInfo(QApplication::font()).pixelSize() / own;
+    return scaled(designPixels * qMax(1.0, larger));
+}
 
 QString fieldSheet() {
     return QStringLiteral(
@@ -27,8 +37,25 @@ zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent
     auto* button = new zBaseButton(text, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(text);
-    button->setFixedSize(scaled(88), scaled(30));
+    button->setFixedSize(roomFor(88), roomFor(30));
     return button;
+}
+
+QProgressBar* makeProgressBar(QWidget* parent) {
+    auto* bar = new QProgressBar(parent);
+    bar->setAccessibleName(QStringLiteral("下载进度"));
+    bar->setFixedHeight(scaled(8));
+    bar->setTextVisible(false);
+    return bar;
+}
+
+QString progressBarSheet() {
+    return QStringLiteral(
+               "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
+               "QProgressBar::chunk{background:%4;border-radius:%3px}")
+        .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
+        .arg(scaled(3))
+        .arg(colour(Tint::Accent).name());
 }
 
 }  // namespace workbench

@@ -3,15 +3,25 @@
 
 #include <QString>
 
+class QProgressBar;
 class QWidget;
 class zBaseButton;
 
 namespace workbench {
+
+/// @return a size of the design on this screen, pixels; larger where the application's font is
+/// larger
+///         than the host's own.
+int roomFor(double designPixels);
 
 /// @return a style sheet for the window that holds the fields, in the current skin and scale.
 QString fieldSheet();
 
 /// @return a button of the one size that these windows use.
 zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent);
+
+/// @return a flat bar without text, and the style sheet for the window that holds it.
+QProgressBar* makeProgressBar(QWidget* parent);
+QString progressBarSheet();
 
 }  // namespace workbench

@@ -62,7 +62,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     connect(login, &QPushButton::clicked, this, &LoginWindow::tryLogin);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     setStyleSheet(fieldSheet());
-    setFixedSize(scaled(360), scaled(230));
+    setFixedSize(roomFor(360), roomFor(230));
     user->text().isEmpty() ? user->setFocus() : password->setFocus();
 }
 
@@ -70,7 +70,7 @@ void LoginWindow::addRow(QGridLayout* grid, int row, const QString& label, QLine
     auto* text = new zBaseLabel(label, this);
     text->setBuddy(field);
     field->setAccessibleName(label);
-    field->setFixedHeight(scaled(30));
+    field->setFixedHeight(roomFor(30));
     grid->addWidget(text, row, 0);
     grid->addWidget(field, row, 1);
 }

@@ -12,6 +12,7 @@
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
+#include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/fileDialog/FileLocation.h"
 #include "workbench/hostlibs/fileDialog/OpenDialogView.h"
 
@@ -53,8 +54,8 @@ OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view);
-    resize(scaled(860), scaled(560));
-    setMinimumSize(scaled(620), scaled(380));
+    resize(roomFor(860), roomFor(560));
+    setMinimumSize(roomFor(620), roomFor(380));
     connectView();
     start();
 }

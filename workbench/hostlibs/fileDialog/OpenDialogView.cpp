@@ -7,13 +7,13 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QProgressBar>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -64,7 +64,7 @@ QLineEdit* field(const char* name, const QString& nameForReaders, QWidget* paren
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setAccessibleName(nameForReaders);
-    edit->setFixedHeight(scaled(fieldHeight));
+    edit->setFixedHeight(roomFor(fieldHeight));
     return edit;
 }
 
@@ -92,7 +92,7 @@ OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
 
 QWidget* OpenDialogView::placeColumn(bool withClouds) {
     auto* column = new QWidget(this);
-    column->setFixedWidth(scaled(120));
+    column->setFixedWidth(roomFor(120));
     auto* layout = plainLayout<QVBoxLayout>(column, 4);
     for (const PlaceButton& entry : placeButtons) {
         if (isCloudPlace(entry.place) && !withClouds) continue;
@@ -102,7 +102,7 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
         place->setProperty("place", entry.place);
         place->setCheckable(true);
         place->setCheckedBackColorEnabled(true);
-        place->setFixedHeight(scaled(34));
+        place->setFixedHeight(roomFor(34));
         connect(place, &QPushButton::clicked, this,
                 [this, entry] { Q_EMIT placeWanted(entry.place); });
         layout->addWidget(place);
@@ -116,7 +116,7 @@ QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", QStringLiteral("上一级"), row);
-    upButton->setFixedSize(scaled(72), scaled(fieldHeight));
+    upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
     pathField = field("pathField", QStringLiteral("路径"), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
@@ -138,15 +138,15 @@ QWidget* OpenDialogView::fileList() {
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setTextElideMode(Qt::ElideMiddle);
-    list->setIconSize(QSize(scaled(18), scaled(18)));
+    list->setIconSize(QSize(roomFor(18), roomFor(18)));
     QHeaderView* header = list->header();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
     header->setMinimumSectionSize(scaled(60));
     header->setSectionResizeMode(FileListModel::NameColumn, QHeaderView::Stretch);
-    header->resizeSection(FileListModel::TypeColumn, scaled(104));
-    header->resizeSection(FileListModel::SizeColumn, scaled(92));
-    header->resizeSection(FileListModel::TimeColumn, scaled(142));
+    header->resizeSection(FileListModel::TypeColumn, roomFor(104));
+    header->resizeSection(FileListModel::SizeColumn, roomFor(92));
+    header->resizeSection(FileListModel::TimeColumn, roomFor(142));
     list->sortByColumn(FileListModel::NameColumn, Qt::AscendingOrder);
     list->setSortingEnabled(true);
     new EmptyState(list, [this] { return emptyText(); });
@@ -193,7 +193,7 @@ QWidget* OpenDialogView::nameRow() {
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    filterBox->setFixedSize(scaled(240), scaled(fieldHeight));
+    filterBox->setFixedSize(roomFor(240), roomFor(fieldHeight));
     filterBox->setVisible(!foldersWanted);
     filterBox->addItem(filter.text());
     if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());
@@ -211,11 +211,9 @@ QWidget* OpenDialogView::buttonRow() {
     messageLabel->setAccessibleName(QStringLiteral("提示"));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    progressBar = new QProgressBar(row);
+    progressBar = makeProgressBar(row);
     progressBar->setObjectName(QStringLiteral("progressBar"));
-    progressBar->setAccessibleName(QStringLiteral("下载进度"));
-    progressBar->setFixedSize(scaled(160), scaled(8));
-    progressBar->setTextVisible(false);
+    progressBar->setFixedWidth(scaled(160));
     progressBar->hide();
     openButton = windowButton("openButton", QStringLiteral("打开"), row);
     openButton->setControlType(DefaultActionType);
@@ -239,14 +237,7 @@ void OpenDialogView::applyColours() {
             .arg(qMax(1, scaled(1)))
             .arg(scaled(4))
             .arg(scaled(6));
-    const QString barSheet =
-        QStringLiteral(
-            "QProgressBar{background:%1;border:1px solid %2;border-radius:%3px}"
-            "QProgressBar::chunk{background:%4;border-radius:%3px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
-            .arg(scaled(3))
-            .arg(colour(Tint::Accent).name());
-    setStyleSheet(fieldSheet() + listSheet + barSheet);
+    setStyleSheet(fieldSheet() + listSheet + progressBarSheet());
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),
                     listIcon("file", size, devicePixelRatioF()));
@@ -377,11 +368,7 @@ void OpenDialogView::showProgress(qint64 done, qint64 total) {
     constexpr int whole = 1000;
     progressBar->setRange(0, whole);
     progressBar->setValue(int(whole * done / total));
-    const QLocale locale(QLocale::Chinese);
-    tell(QStringLiteral("正在下载：%1 / %2，按“取消”停止")
-             .arg(locale.formattedDataSize(done, 1, QLocale::DataSizeTraditionalFormat),
-                  locale.formattedDataSize(total, 1, QLocale::DataSizeTraditionalFormat)),
-         false);
+    tell(downloadText(done, total), false);
 }
 
 }  // namespace workbench

@@ -1,11 +1,13 @@
 #include "fileDialog.h"
 
+#include <QApplication>
 #include <QFileInfo>
-#include <QWidget>
+#include <QPointer>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/journal/toJson.h"
@@ -60,6 +62,11 @@ QJsonObject cloudCall(const char* name, const QJsonArray& args, Operation&& oper
         return operation();
     };
     return Journal::instance().call(name, args, served, json);
+}
+
+QWidget* windowInFront() {
+    QWidget* over = QApplication::activeModalWidget();
+    return over ? over : workbench::Host::instance().mainWindow();
 }
 
 QJsonValue whole(const QJsonObject& answer) {
@@ -138,9 +145,24 @@ QJsonObject zFileDialog::IsExistDownLoadfile(const QString& fileName, const QStr
         [&] { return workbench::cloud::localCopy(fileName, folderPath); }, whole);
 }
 
+// A download has a window of its own as soon as it takes a person's time. One that is given up
+// answers as one that fails.
 QJsonObject zFileDialog::downLoadYunpanFile(const QString& fileName, const QString& link,
                                             const QString& localPath, const QString& isExist) {
-    return cloudCall(
-        "zFileDialog::downLoadYunpanFile", {fileName, link, localPath, isExist},
-        [&] { return workbench::cloud::download(fileName, link, localPath, isExist); }, whole);
+    const auto served = [&] {
+        QPointer<workbench::DownloadWindow> window;
+        bool begun = false;
+        const auto progress = [&](qint64 done, qint64 total) {
+            if (!begun) window = new workbench::DownloadWindow(fileName, windowInFront());
+            begun = true;
+            return window && window->progress(done, total);
+        };
+        const QJsonObject answer =
+            workbench::cloud::download(fileName, link, localPath, isExist, progress);
+        delete window;
+        if (!begun) workbench::cloud::waitForAnswer();
+        return answer;
+    };
+    return Journal::instance().call("zFileDialog::downLoadYunpanFile",
+                                    {fileName, link, localPath, isExist}, served, whole);
 }

@@ -1,15 +1,16 @@
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QHelpEvent>
+#include <QComboBox>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
-#include <QToolTip>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/cutTips.h"
 #include "workbench/hostlibs/zBaseControl/formControls.h"
 
 namespace workbench {
@@ -46,22 +47,6 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
-/// Shows the tip of an item whose text is cut; what can be read needs none.
-/// @return whether the event is dealt with.
-bool tellCutItem(const QAbstractItemView& view, const QHelpEvent& event) {
-    const QModelIndex index = view.indexAt(event.pos());
-    if (!index.isValid() || view.indexWidget(index)) return false;
-    const bool cut = view.sizeHintForIndex(index).width() > view.visualRect(index).width();
-    if (!cut) {
-        QToolTip::hideText();
-        return true;
-    }
-    const QString tip = index.data(Qt::ToolTipRole).toString();
-    QToolTip::showText(event.globalPos(),
-                       tip.isEmpty() ? index.data().toString().toHtmlEscaped() : tip);
-    return true;
-}
-
 }  // namespace
 
 // The style knows the screen's dots per inch only; the host's scale comes on top.
@@ -78,6 +63,8 @@ void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     if (auto* view = qobject_cast<QAbstractItemView*>(widget))
         view->viewport()->installEventFilter(this);
+    if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
+        widget->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar) return;
     // A sheet costs, and most bars are never seen: each view has two.
@@ -88,9 +75,11 @@ void SkinStyle::polish(QWidget* widget) {
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Show)
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
-    if (event->type() == QEvent::ToolTip)
-        if (auto* view = qobject_cast<QAbstractItemView*>(watched->parent()))
-            return tellCutItem(*view, *static_cast<QHelpEvent*>(event));
+    if (event->type() == QEvent::ToolTip && watched->isWidgetType()) {
+        const auto& widget = *static_cast<QWidget*>(watched);
+        const auto& asks = *static_cast<QHelpEvent*>(event);
+        return tellCutItem(widget, asks) || tellCutControl(widget, asks);
+    }
     return QProxyStyle::eventFilter(watched, event);
 }
 
@@ -146,8 +135,12 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl part, const QWidget* widget) const {
-    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
-        return option->rect.adjusted(scaled(6), scaled(2), -scaled(24), -scaled(2));
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField && combo) {
+        // The line that is written in has two pixels of its own beside its text.
+        const int before = scaled(combo->editable ? 6 : 8);
+        return option->rect.adjusted(before, scaled(2), -scaled(24), -scaled(2));
+    }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
@@ -166,8 +159,13 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
         const QRect room = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);
         return drawComboBoxText(*painter, *combo, room);
     }
-    const auto* tick = qstyleoption_cast<const QStyleOptionButton*>(option);
-    if (element == CE_CheckBoxLabel && tick) return drawCheckBoxText(*painter, *tick);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == CE_CheckBoxLabel && button) return drawCheckBoxText(*painter, *button);
+    if (element == CE_PushButtonLabel && button) {
+        QStyleOptionButton cut = *button;
+        cut.text = cut.fontMetrics.elidedText(cut.text, Qt::ElideRight, cut.rect.width());
+        return QProxyStyle::drawControl(element, &cut, painter, widget);
+    }
     const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
     if (element == CE_ItemViewItem && item && drawCutItem(*item, *painter, widget)) return;
     QProxyStyle::drawControl(element, option, painter, widget);

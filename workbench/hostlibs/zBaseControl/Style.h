@@ -65,5 +65,6 @@ struct ComStyleOption::Style {
     int textAlignment = Qt::AlignCenter;
     int iconAlignment = Qt::AlignCenter;
     bool checkedBackground = false;
+    bool cut = false;            ///< The text of a button ends in dots, as it was drawn last.
     bool keyboardFocus = false;  ///< The focus came by key, so that it has to be seen.
 };

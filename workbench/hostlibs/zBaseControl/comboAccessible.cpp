@@ -9,11 +9,49 @@ namespace workbench {
 
 namespace {
 
+/// What is chosen in a field that cannot be written in, as a text to be read. Qt's bridge to AT-SPI
+/// passes on no other value than a number.
+class ChosenText : public QAccessibleTextInterface {
+  public:
+    explicit ChosenText(const QComboBox* of) : combo(of) {}
+
+    QString text(int start, int end) const override {
+        return combo->currentText().mid(start, end - start);
+    }
+    int characterCount() const override { return combo->currentText().size(); }
+    // Nothing in it can be selected, and there is no cursor.
+    int selectionCount() const override { return 0; }
+    void selection(int, int* start, int* end) const override { *start = *end = 0; }
+    void addSelection(int, int) override {}
+    void removeSelection(int) override {}
+    void setSelection(int, int, int) override {}
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override {}
+    QRect characterRect(int) const override { return {}; }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override {}
+    QString attributes(int, int* start, int* end) const override {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
+
+  private:
+    const QComboBox* combo;
+};
+
 /// Qt's own calls a field by what is chosen in it, and shows the entries of its closed list.
 class ComboAccessible : public QAccessibleWidget {
   public:
     explicit ComboAccessible(QComboBox* of)
-        : QAccessibleWidget(of, QAccessible::ComboBox), combo(of) {}
+        : QAccessibleWidget(of, QAccessible::ComboBox), combo(of), chosen(of) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        // Of a field that can be written in the line in it is read.
+        if (type == QAccessible::TextInterface && !combo->isEditable())
+            return static_cast<QAccessibleTextInterface*>(&chosen);
+        return QAccessibleWidget::interface_cast(type);
+    }
 
     int childCount() const override { return parts().size(); }
     QAccessibleInterface* child(int number) const override {
@@ -51,6 +89,7 @@ class ComboAccessible : public QAccessibleWidget {
     }
 
     QComboBox* combo;
+    ChosenText chosen;
 };
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {

@@ -6,6 +6,7 @@
 #include <QtMath>
 
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/cutTips.h"
 
 using workbench::colour;
 using workbench::scaled;
@@ -124,6 +125,23 @@ QPixmap greyed(const QPixmap& picture) {
     return QPixmap::fromImage(image);
 }
 
+/// Where picture and text of a button stand.
+struct Content {
+    QRect all, text;
+    QFont font;  ///< Smaller than the button's where the text would not fit.
+};
+
+/// @param iconWidth 0 without a picture. @param edge what stays free beside the content, pixels.
+Content contentOf(const QPushButton& button, int iconWidth, int edge, Qt::Alignment alignment) {
+    const int gap = iconWidth > 0 && !button.text().isEmpty() ? scaled(6) : 0;
+    const int wanted = textWidth(button, false);
+    const QRect inside = button.rect().adjusted(edge, 0, -edge, 0);
+    const QSize size(qMin(iconWidth + gap + wanted, inside.width()), inside.height());
+    const QRect all = QStyle::alignedRect(button.layoutDirection(), alignment, size, inside);
+    const QRect text = all.adjusted(iconWidth + gap, 0, 0, 0);
+    return {all, text, workbench::fitting(button.font(), wanted, text.width())};
+}
+
 void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {
     const int height = scaled(3);
     workbench::drawBox(painter,
@@ -193,30 +211,25 @@ void zBaseButton::paintEvent(QPaintEvent*) {
                          colour(Tint::Border));
 
     const bool icon = !look->icons[0].isEmpty();
-    const int gap = icon && !text().isEmpty() ? scaled(6) : 0;
-    const int iconWidth = icon ? iconSize().width() : 0;
-    const int edge = qMin(scaled(face.body.padding), scaled(2));
-    const QRect inside = rect().adjusted(edge, 0, -edge, 0);
-    const QSize content(qMin(iconWidth + gap + textWidth(*this, false), inside.width()),
-                        inside.height());
     const auto alignment =
         centredUnlessSaid(text().isEmpty() ? look->iconAlignment : look->textAlignment);
-    const QRect place = QStyle::alignedRect(layoutDirection(), alignment, content, inside);
+    const Content content = contentOf(*this, icon ? iconSize().width() : 0,
+                                      qMin(scaled(face.body.padding), scaled(2)), alignment);
     const auto vertical = Qt::AlignLeft | (alignment & Qt::AlignVertical_Mask);
     if (icon) {
         const int index = state == Disabled ? 3 : state == Pressed ? 2 : state == Hovered ? 1 : 0;
-        const QRect iconPlace = QStyle::alignedRect(layoutDirection(), vertical, iconSize(), place);
+        const QRect iconPlace =
+            QStyle::alignedRect(layoutDirection(), vertical, iconSize(), content.all);
         const bool drawnDisabled = look->icons[3] != look->icons[0];
         QPixmap picture = workbench::pixmapOf(look->icons[index], iconSize(), devicePixelRatioF());
         if (state == Disabled && !drawnDisabled) picture = greyed(picture);
         painter.drawPixmap(iconPlace.topLeft(), picture);
     }
     painter.setPen(colour(tints.text));
-    const QRect textPlace = place.adjusted(iconWidth + gap, 0, 0, 0);
-    painter.setFont(workbench::fitting(font(), textWidth(*this, false), textPlace.width()));
-    workbench::drawLine(painter, textPlace, vertical, text());
+    painter.setFont(content.font);
+    look->cut = workbench::drawLine(painter, content.text, vertical, text());
     if (look->type == workbench::RibbonTabType && isChecked())
-        drawUnderline(painter, rect(), place);
+        drawUnderline(painter, rect(), content.all);
     if (look->keyboardFocus && hasFocus()) {
         const int inset = scaled(2);
         const Tint ring = tints.text == Tint::Text ? Tint::AccentLine : tints.text;
@@ -238,6 +251,10 @@ bool zBaseButton::event(QEvent* event) {
             if (!pressed->isAutoRepeat()) click();
             return true;
         }
+        case QEvent::ToolTip:
+            if (!look->cut) break;
+            workbench::tellWhole(*this, *static_cast<QHelpEvent*>(event), text());
+            return true;
         case QEvent::Polish:
             if (accessibleName().isEmpty() && text().isEmpty() && menu())
                 setAccessibleName(QStringLiteral("更多"));

@@ -1,5 +1,6 @@
 #include <QAbstractItemView>
 #include <QStandardItemModel>
+#include <QStyleOption>
 #include <QStyledItemDelegate>
 
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -97,8 +98,12 @@ void zBaseCombox::paintEvent(QPaintEvent*) {
     state.setFlag(QStyle::State_MouseOver, underMouse() || view()->isVisible());
     workbench::drawField(painter, rect(), normalBackColor(), state);
     const int arrowRoom = scaled(24);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
     if (!isEditable())
-        rowsOf(this)->drawEntry(painter, rect().adjusted(scaled(8), 0, -arrowRoom, 0),
+        rowsOf(this)->drawEntry(painter, {field.left(), 0, field.width(), height()},
                                 model()->index(currentIndex(), modelColumn(), rootModelIndex()),
                                 iconSize(), font(), isEnabled());
     workbench::drawArrow(painter, {width() - arrowRoom / 2, height() / 2}, isEnabled());

@@ -1,0 +1,85 @@
+#include "workbench/hostlibs/zBaseControl/cutTips.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QStyleOption>
+#include <QToolTip>
+
+#include "zBaseControl.h"
+
+namespace workbench {
+
+namespace {
+
+/// A text as it stands in a control, and the room that it has there.
+struct Written {
+    QString text;
+    int room = 0;
+};
+
+/// The option that a control draws itself by, which it hands out to its own kind only.
+template <typename Control, typename Option>
+struct Opened : Control {
+    static Option optionOf(const Control& control) {
+        Option option;
+        (control.*&Opened::initStyleOption)(&option);
+        return option;
+    }
+};
+
+Written writtenOn(const QWidget& widget) {
+    const QStyle* style = widget.style();
+    if (const auto* combo = qobject_cast<const QComboBox*>(&widget)) {
+        if (combo->isEditable()) return {};
+        const auto option = Opened<QComboBox, QStyleOptionComboBox>::optionOf(*combo);
+        const QRect room = style->subControlRect(QStyle::CC_ComboBox, &option,
+                                                 QStyle::SC_ComboBoxEditField, combo);
+        return {combo->currentText(), room.width()};
+    }
+    if (const auto* tick = qobject_cast<const QCheckBox*>(&widget)) {
+        const auto option = Opened<QCheckBox, QStyleOptionButton>::optionOf(*tick);
+        return {tick->text(),
+                style->subElementRect(QStyle::SE_CheckBoxContents, &option, tick).width()};
+    }
+    // A styled button draws and tells its text itself.
+    const auto* button = qobject_cast<const QPushButton*>(&widget);
+    if (!button || qobject_cast<const zBaseButton*>(button)) return {};
+    const auto option = Opened<QPushButton, QStyleOptionButton>::optionOf(*button);
+    return {button->text(),
+            style->subElementRect(QStyle::SE_PushButtonContents, &option, button).width()};
+}
+
+}  // namespace
+
+void tellWhole(const QWidget& widget, const QHelpEvent& event, const QString& text) {
+    const QString own = widget.toolTip();
+    const QString whole = text.toHtmlEscaped();
+    QToolTip::showText(event.globalPos(),
+                       own.isEmpty() || own == text ? whole : whole + QStringLiteral("<br>") + own);
+}
+
+bool tellCutControl(const QWidget& widget, const QHelpEvent& event) {
+    const Written written = writtenOn(widget);
+    if (widget.fontMetrics().horizontalAdvance(written.text) <= written.room) return false;
+    tellWhole(widget, event, written.text);
+    return true;
+}
+
+bool tellCutItem(const QWidget& viewport, const QHelpEvent& event) {
+    const auto* view = qobject_cast<const QAbstractItemView*>(viewport.parent());
+    const QModelIndex index = view ? view->indexAt(event.pos()) : QModelIndex();
+    if (!index.isValid() || view->indexWidget(index)) return false;
+    const bool cut = view->sizeHintForIndex(index).width() > view->visualRect(index).width();
+    if (!cut) {
+        QToolTip::hideText();
+        return true;
+    }
+    const QString tip = index.data(Qt::ToolTipRole).toString();
+    QToolTip::showText(event.globalPos(),
+                       tip.isEmpty() ? index.data().toString().toHtmlEscaped() : tip);
+    return true;
+}
+
+}  // namespace workbench
