@@ -48,13 +48,14 @@ QVector<Row> checkHost(const Files& files, const Progress& progress = {}, int fi
 /// that crashes, ends or does not come back costs the promise it was in alone, and the next process
 /// goes on behind it. Needs a QCoreApplication. The program has to call tellRows with the place
 /// that
-/// `--from` names where it is started with `--told`.
+/// `--from` names where it is started with `--told`, and then to end with 0.
 /// @param arguments what the program was given. @param patience seconds that a promise may take.
 /// @return whether nothing differs.
 bool watchHost(const Files& files, const QStringList& arguments, int patience);
 
 /// Does checkHost and prints its rows. @param told tells watchHost of each, too.
-void tellRows(const Files& files, int first, bool told);
+/// @return whether nothing differs.
+bool tellRows(const Files& files, int first, bool told);
 
 /// @return the pictures that the dialog names and the program's resources lack.
 QStringList missingPictures();

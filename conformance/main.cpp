@@ -2,6 +2,7 @@
 /// does, 2 where the command line is wrong.
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <cstdio>
 
 #include "conformance.h"
@@ -37,18 +38,6 @@ const struct {
     {"told", "for this program's own use", nullptr},
 };
 
-/// @param application whichever is there: of the look, or of what waits for it.
-void read(QCommandLineParser& parser, const QCoreApplication& application) {
-    parser.setApplicationDescription(
-        QStringLiteral("Holds the host libraries that this program is linked with against what the "
-                       "dialog 新建工程 expects of them."));
-    parser.addHelpOption();
-    for (const auto& option : options)
-        parser.addOption({QLatin1String(option.name), QLatin1String(option.help),
-                          QLatin1String(option.value), QLatin1String(option.standard)});
-    parser.process(application);
-}
-
 QString valueOf(const QCommandLineParser& parser, const char* option) {
     return parser.value(QLatin1String(option));
 }
@@ -58,19 +47,55 @@ conformance::Files filesOf(const QCommandLineParser& parser) {
             valueOf(parser, "password"), parser.values(QStringLiteral("cloud"))};
 }
 
+/// @return whether an option stands for a whole number that is neither less nor more.
+bool isNumber(const QCommandLineParser& parser, const char* option, int least, int most) {
+    bool whole = false;
+    const int number = valueOf(parser, option).toInt(&whole);
+    return whole && number >= least && number <= most;
+}
+
+/// @return what is wrong with the command line; empty where nothing is.
+QString faultOf(const QCommandLineParser& parser) {
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unknown argument ") + parser.positionalArguments().constFirst();
+    for (const char* option : {"project", "workbook"})
+        if (parser.isSet(QLatin1String(option)) && !QFileInfo(valueOf(parser, option)).isFile())
+            return QStringLiteral("--%1: there is no file %2")
+                .arg(QLatin1String(option), valueOf(parser, option));
+    if (!isNumber(parser, "patience", 1, longestPatience))
+        return QStringLiteral("--patience: must be a whole number of seconds, from 1 to %1")
+            .arg(longestPatience);
+    // Behind the last promise comes the end of the program.
+    const int places = conformance::promisesOf(filesOf(parser)).size();
+    if (parser.isSet(QStringLiteral("from")) && !isNumber(parser, "from", 0, places))
+        return QStringLiteral("--from: must be the place of a promise, from 0 to %1").arg(places);
+    return {};
+}
+
+/// Reads the command line, or ends the program where only help is asked for.
+/// @param application whichever is there: of the look, or of what waits for it.
+/// @return whether it can be understood; else says why not.
+bool read(QCommandLineParser& parser, const QCoreApplication& application) {
+    parser.setApplicationDescription(
+        QStringLiteral("Holds the host libraries that this program is linked with against what the "
+                       "dialog 新建工程 expects of them."));
+    const QCommandLineOption help = parser.addHelpOption();
+    for (const auto& option : options)
+        parser.addOption({QLatin1String(option.name), QLatin1String(option.help),
+                          QLatin1String(option.value), QLatin1String(option.standard)});
+    const bool known = parser.parse(application.arguments());
+    if (known && parser.isSet(help)) parser.showHelp();
+    const QString fault = known ? faultOf(parser) : parser.errorText();
+    if (!fault.isEmpty()) std::fprintf(stderr, "%s\n", qUtf8Printable(fault));
+    return fault.isEmpty();
+}
+
 int watch(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    read(parser, application);
-    bool whole = false;
-    const int patience = valueOf(parser, "patience").toInt(&whole);
-    if (!whole || patience < 1 || patience > longestPatience) {
-        std::fprintf(stderr, "--patience: must be a whole number of seconds, from 1 to %d\n",
-                     longestPatience);
-        return 2;
-    }
-    const bool right =
-        conformance::watchHost(filesOf(parser), application.arguments().mid(1), patience);
+    if (!read(parser, application)) return 2;
+    const bool right = conformance::watchHost(filesOf(parser), application.arguments().mid(1),
+                                              valueOf(parser, "patience").toInt());
     return right ? 0 : 1;
 }
 
@@ -81,11 +106,12 @@ int look(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
-    read(parser, application);
+    if (!read(parser, application)) return 2;
     qInstallMessageHandler(receive);
-    conformance::tellRows(filesOf(parser), valueOf(parser, "from").toInt(),
-                          parser.isSet(QStringLiteral("told")));
-    return 0;
+    const bool told = parser.isSet(QStringLiteral("told"));
+    const bool right =
+        conformance::tellRows(filesOf(parser), valueOf(parser, "from").toInt(), told);
+    return right || told ? 0 : 1;  // who is told knows
 }
 
 }  // namespace

@@ -110,6 +110,11 @@ class Look : public QObject {
     bool gaveUp = false;
 };
 
+bool nothingDiffers(const QVector<Row>& rows) {
+    return std::none_of(rows.begin(), rows.end(),
+                        [](const Row& row) { return row.verdict == Verdict::Differs; });
+}
+
 /// Gives a row its verdict that no process could tell.
 void judge(Row& row, Verdict verdict, const QString& detail) {
     row.verdict = verdict;
@@ -124,21 +129,22 @@ void leaveOut(QVector<Row>& rows, int from, int to, const QString& why) {
 
 }  // namespace
 
-void tellRows(const Files& files, int first, bool told) {
+bool tellRows(const Files& files, int first, bool told) {
     int place = first;
-    checkHost(files,
-              {[&](const Row&) {
-                   if (told) tell(place, begun);
-               },
-               [&](const Row& row) {
-                   print(lineOf(row));
-                   if (told) tell(place, int(row.verdict));
-                   ++place;
-               }},
-              first);
+    const QVector<Row> rows = checkHost(files,
+                                        {[&](const Row&) {
+                                             if (told) tell(place, begun);
+                                         },
+                                         [&](const Row& row) {
+                                             print(lineOf(row));
+                                             if (told) tell(place, int(row.verdict));
+                                             ++place;
+                                         }},
+                                        first);
     const QStringList names = missingPictures();
     if (!names.isEmpty())
         print(QStringLiteral("The host has no ") + names.join(QStringLiteral(", ")));
+    return nothingDiffers(rows);
 }
 
 bool watchHost(const Files& files, const QStringList& arguments, int patience) {
@@ -165,8 +171,7 @@ bool watchHost(const Files& files, const QStringList& arguments, int patience) {
                      QStringLiteral("the host did not come back before"));
     }
     print(summaryOf(rows));
-    return std::none_of(rows.begin(), rows.end(),
-                        [](const Row& row) { return row.verdict == Verdict::Differs; });
+    return nothingDiffers(rows);
 }
 
 }  // namespace conformance

@@ -6,6 +6,10 @@ run(${CMAKE_COMMAND} --install ${BUILD} --component development --prefix ${SCRAT
 set(source ${SCRATCH}/root/share/newProDialog/source)
 run_refused(1 "NEWPRO_HOST_LIBRARIES has to name"
     ${CMAKE_COMMAND} -S ${source} -B ${SCRATCH}/none ${toolchain})
+foreach(nowhere /nope/libhost.so lib/libhost.so)
+    run_refused(1 "names ${nowhere}, which is no whole path of a file"
+        ${CMAKE_COMMAND} -S ${source} -B ${SCRATCH}/none ${toolchain} -DNEWPRO_HOST_LIBRARIES=${nowhere})
+endforeach()
 set(host ${SCRATCH}/host)
 file(COPY ${HOST_LIBRARY} DESTINATION ${host}/lib)
 cmake_path(GET HOST_LIBRARY FILENAME name)
