@@ -244,9 +244,16 @@ void cloudState() {
     zFileDialog::SetFilePath(QString());
     zFileDialog::SetFilePid(QString());
     zFileDialog::SetQyid(QString());
+    // With a choice, as the tender import tells it, and without, as browsing does.
+    zFileDialog::TbServerMsg(nowhere);
     zFileDialog::TbServerMsg(QString());
     expect(zFileDialog::GetFilePath().isEmpty(),
            QStringLiteral("GetFilePath remembers a choice that was reset"));
+}
+
+/// Any folder is right, and none, too; it is asked before each file dialog.
+void lastFolder() {
+    zFileDialog::getCurrentPath();
 }
 
 /// A refusal has a code; a success has data of its form. An empty object says that nothing is
@@ -298,6 +305,7 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("the first page lets a project be started"), firstPage},
         {QStringLiteral("the usage log takes entries"), usageLog},
         {QStringLiteral("reports of exceptions are taken"), reportsAreTaken},
+        {QStringLiteral("the file dialog answers its last folder"), lastFolder},
         {QStringLiteral("the file dialog forgets its last cloud choice"), cloudState},
         {QStringLiteral("the cloud service answers data or a refusal"), cloudAnswers},
     };

@@ -1,87 +1,72 @@
 #include "models/usageCodes.h"
 
+#include <QRegularExpression>
 #include <QSet>
+#include <QVector>
 
 #include "tests/support/TestSupport.h"
 
 namespace {
 
-struct CardRow {
-    const char* name;
-    const char* code;
+using testing_support::textOf;
+
+const QString none = QStringLiteral("none");
+
+/// A row of the table in docs/writing-a-host.md.
+struct UsageRow {
+    QString name;
+    QString function;  ///< Or `none`.
+    QString letter;    ///< Or `none`.
 };
 
-const CardRow cardRows[] = {
-    {"清单计价【国标2013规范，四川2020定额】（税率9%）", "a"},
-    {"清单计价【国标2013规范，四川2015定额】（税率9%）", "b"},
-    {"清单计价【国标2013规范，四川2015定额】（税率10%）", "c"},
-    {"清单计价【国标2013规范，四川2015定额】（税率11%）", "d"},
-    {"清单计价【国标2013规范，四川2020定额】", "e"},
-    {"清单计价【国标2013规范，四川2015定额】（[2019]181号文）", "f"},
-    {"清单计价【国标2013规范，四川2015定额】（[2018]392号文）", "g"},
-    {"清单计价【国标2013规范，四川2015定额】（[2016]481号文）", "h"},
-    {"清单计价【国标2013规范，四川2015定额】", "i"},
-    {"清单计价【国标2013规范，四川2009定额】", "j"},
-    {"清单计价【国标2003规范，四川2004定额】", "l"},
-    {"清单计价【国标2008规范，四川2009定额】", "k"},
-    {"定额计价【四川2000定额】", "m"},
-    {"清单计价【四川抗震加固定额】", "n"},
-};
+const QVector<UsageRow>& rowsOfThePage() {
+    static const QVector<UsageRow> rows = [] {
+        const QString section =
+            textOf(QStringLiteral(REPOSITORY "/docs/writing-a-host.md"))
+                .section(QStringLiteral("| Letter of a card |\n|---|---|---|"), 1)
+                .section(QStringLiteral("\n\n"), 0, 0);
+        static const QRegularExpression row(
+            QStringLiteral("^\\| ([^|]+) \\| (none|\\d+) \\| (none|[a-z]) \\|$"),
+            QRegularExpression::MultilineOption);
+        QVector<UsageRow> read;
+        for (auto found = row.globalMatch(section); found.hasNext();) {
+            const auto cells = found.next();
+            read.append({cells.captured(1), cells.captured(2), cells.captured(3)});
+        }
+        return read;
+    }();
+    return rows;
+}
 
-struct PageRow {
-    const char* name;
-    int function;
-};
-
-const PageRow pageRows[] = {
-    {"清单计价【国标2013规范，四川2020定额】（税率9%，2025安文费）", 13310},
-    {"清单计价【国标2013规范，四川2020定额】（税率9%）", 11006},
-    {"清单计价【国标2013规范，四川2015定额】（税率9%）", 11007},
-    {"清单计价【国标2013规范，四川2015定额】（税率10%）", 11008},
-    {"清单计价【国标2013规范，四川2015定额】（税率11%）", 11009},
-    {"清单计价【国标2013规范，四川2020定额】（2025安文费）", 13311},
-    {"清单计价【国标2013规范，四川2020定额】", 11010},
-    {"清单计价【国标2013规范，四川2015定额】（[2019]181号文）", 11011},
-    {"清单计价【国标2013规范，四川2015定额】（[2018]392号文）", 11012},
-    {"清单计价【国标2013规范，四川2015定额】（[2016]481号文）", 11013},
-    {"清单计价【国标2013规范，四川2015定额】", 11014},
-    {"清单计价【国标2013规范，四川2009定额】", 11015},
-    {"清单计价【国标2008规范，四川2009定额】", 11016},
-    {"清单计价【国标2003规范，四川2004定额】", 11101},
-    {"定额计价【四川2000定额】", 11017},
-    {"清单计价【四川抗震加固定额】", 11018},
-    {"2022工程总承包清单计价（税率9%）【初设前，2025安文费】", 20003},
-    {"2022工程总承包清单计价（税率9%）【初设后，2025安文费】", 20004},
-    {"2022工程总承包清单计价（税率9%）【初设前】", 20005},
-    {"2022工程总承包清单计价（税率9%）【初设后】", 20006},
-    {"2022工程总承包清单计价【初设前，2025安文费】", 20007},
-    {"2022工程总承包清单计价【初设后，2025安文费】", 20008},
-    {"2022工程总承包清单计价【初设前】", 20009},
-    {"2022工程总承包清单计价【初设后】", 20010},
-};
-
-TEST(UsageCodes, EveryModelOfTheCardsHasItsLetter) {
-    for (const CardRow& row : cardRows) {
-        EXPECT_EQ(newpro::modelLogCode(QString::fromUtf8(row.name)), QString::fromUtf8(row.code))
-            << row.name;
+TEST(UsageCodes, EveryModelHasTheFunctionAndTheLetterThatThePageTells) {
+    EXPECT_EQ(rowsOfThePage().size(), 24);
+    for (const UsageRow& row : rowsOfThePage()) {
+        const int function = newpro::modelUsageFunction(row.name);
+        const QString letter = newpro::modelLogCode(row.name);
+        EXPECT_EQ(function ? QString::number(function) : none, row.function)
+            << row.name.toStdString();
+        EXPECT_EQ(letter.isNull() ? none : letter, row.letter) << row.name.toStdString();
     }
 }
 
-TEST(UsageCodes, EveryModelOfThePagesHasItsFunction) {
-    for (const PageRow& row : pageRows) {
-        EXPECT_EQ(newpro::modelUsageFunction(QString::fromUtf8(row.name)), row.function)
-            << row.name;
-    }
+/// Else the page could leave a model out.
+TEST(UsageCodes, ThePageHasEveryModelThatTheTablesName) {
+    const QString source = textOf(QStringLiteral(REPOSITORY "/models/usageCodes.cpp"));
+    static const QRegularExpression entry(QStringLiteral("\\{QStringLiteral\\(\"([^\"]+)\"\\),"));
+    QSet<QString> named, told;
+    for (auto found = entry.globalMatch(source); found.hasNext();)
+        named.insert(found.next().captured(1));
+    for (const UsageRow& row : rowsOfThePage()) told.insert(row.name);
+    EXPECT_EQ(named, told);
 }
 
 TEST(UsageCodes, NamesAreComparedWholeAndExactly) {
-    for (const CardRow& row : cardRows) {
-        const QString name = QString::fromUtf8(row.name);
-        for (const QString& other :
-             {name + QLatin1Char(' '), QLatin1Char(' ') + name, name.left(name.size() - 1),
-              name.mid(1), name.toLower() + QLatin1Char('\0')}) {
-            if (other == QStringLiteral("清单计价【国标2013规范，四川2020定额】")) continue;
+    for (const UsageRow& row : rowsOfThePage()) {
+        for (const QString& other : {row.name + QLatin1Char(' '), QLatin1Char(' ') + row.name,
+                                     row.name.left(row.name.size() - 1), row.name.mid(1),
+                                     row.name.toLower() + QLatin1Char('\0')}) {
             EXPECT_TRUE(newpro::modelLogCode(other).isNull()) << other.toStdString();
+            EXPECT_EQ(newpro::modelUsageFunction(other), 0) << other.toStdString();
         }
     }
 }
@@ -91,19 +76,6 @@ TEST(UsageCodes, UncountedModelsHaveNone) {
     EXPECT_EQ(newpro::modelUsageFunction(QString()), 0);
     EXPECT_TRUE(newpro::modelLogCode(QStringLiteral("没有的模式")).isNull());
     EXPECT_EQ(newpro::modelUsageFunction(QStringLiteral("没有的模式")), 0);
-}
-
-TEST(UsageCodes, ModelsOfThePagesAloneHaveNoLetter) {
-    QSet<QString> counted;
-    for (const CardRow& row : cardRows) counted.insert(QString::fromUtf8(row.name));
-    int alone = 0;
-    for (const PageRow& row : pageRows) {
-        const QString name = QString::fromUtf8(row.name);
-        if (counted.contains(name)) continue;
-        ++alone;
-        EXPECT_TRUE(newpro::modelLogCode(name).isNull()) << row.name;
-    }
-    EXPECT_EQ(alone, 10);
 }
 
 }  // namespace
