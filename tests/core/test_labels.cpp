@@ -68,6 +68,25 @@ TEST(ElidedLabelPaints, WhatAPlainLabelPaintsWhereItHasRoom) {
     }
 }
 
+TEST(ElidedLabelPaints, DotsWhereTextIsLeftOut) {
+    const QString dots(QChar(0x2026));
+    const QString text(8, u'国');
+    const QFontMetrics metrics(TBaseTool::GetDefFont(16, QFont::Normal));
+    for (const Qt::TextElideMode mode : {Qt::ElideRight, Qt::ElideMiddle}) {
+        const QString shown =
+            mode == Qt::ElideRight ? text.left(4) + dots : text.left(2) + dots + text.left(2);
+        const QSize size(metrics.horizontalAdvance(text.left(4) + dots) + metrics.height() / 4,
+                         2 * metrics.height());
+        ASSERT_EQ(metrics.elidedText(text, mode, size.width()), shown);
+        const QImage image = painted(text, mode, size);
+        const int start = metrics.horizontalAdvance(shown.left(shown.indexOf(dots)));
+        const QImage place = image.copy(start, 0, metrics.horizontalAdvance(dots), size.height());
+        const int high = inkOf(place).height();
+        EXPECT_GT(high, 0) << mode;
+        EXPECT_LT(high, metrics.height() / 3) << mode << ": no letter stands there";
+    }
+}
+
 TEST(ElidedLabelPaints, MarkupAsTheTextThatItIs) {
     const QString markup = QStringLiteral("<b>x</b>");
     ElidedLabel label(markup, Qt::ElideRight, nullptr);

@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <QHBoxLayout>
 #include <QLocale>
+#include <QPointer>
 #include <QProgressBar>
 #include <QTimer>
 
@@ -55,7 +56,7 @@ bool DownloadWindow::progress(qint64 bytes, qint64 total) {
     const qint64 due = slow ? cloud::slowAnswerMs * bytes / total : 0;
     const QPointer<DownloadWindow> self(this);
     QEventLoop loop;
-    waiting = &loop;
+    connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     QTimer::singleShot(int(qMax(qint64(0), due - running.elapsed())), Qt::PreciseTimer, &loop,
                        &QEventLoop::quit);
@@ -65,7 +66,6 @@ bool DownloadWindow::progress(qint64 bytes, qint64 total) {
 
 void DownloadWindow::done(int result) {
     givenUp = true;
-    if (waiting) waiting->quit();
     RoundedDialog::done(result);
 }
 

@@ -2,12 +2,10 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QPointer>
 
 #include "workbench/base/WorkbenchApi.h"
 #include "zControl.h"
 
-class QEventLoop;
 class QProgressBar;
 
 namespace workbench {
@@ -29,7 +27,6 @@ class WORKBENCH_API DownloadWindow : public RoundedDialog {
     zBaseLabel* text;
     QProgressBar* bar;
     QElapsedTimer running;
-    QPointer<QEventLoop> waiting;
     bool givenUp = false;
 };
 
