@@ -70,6 +70,7 @@ class CloudHost : public FirstPagePlugin {
 /// @return the host of this program.
 CloudHost& cloudHost();
 
+// NOLINTBEGIN(misc-definitions-in-headers): one source of a program has them.
 bool UserInfo::IsLogin() const {
     return cloudHost().loggedIn;
 }
@@ -102,3 +103,4 @@ QJsonObject zFileDialog::downLoadYunpanFile(const QString& name, const QString& 
     if (link.isEmpty()) return {{QStringLiteral("code"), 1}};
     return cloudHost().download(name);
 }
+// NOLINTEND(misc-definitions-in-headers)

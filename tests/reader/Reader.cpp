@@ -17,7 +17,8 @@ constexpr int patience = 60000;  ///< Milliseconds until a reader that is silent
 
 QSet<QString> wordsOf(const QJsonValue& list) {
     QSet<QString> words;
-    for (const QJsonValue& word : list.toArray()) words.insert(word.toString());
+    const QJsonArray told = list.toArray();
+    for (const QJsonValue& word : told) words.insert(word.toString());
     return words;
 }
 
@@ -58,7 +59,8 @@ QVector<Told> whatIsTold() {
     EXPECT_EQ(reader.exitCode(), 0) << reader.errorString().toStdString();
     QVector<Told> found;
     const QJsonDocument document = QJsonDocument::fromJson(reader.readAllStandardOutput());
-    for (const QJsonValue& thing : document.array()) found.append(toldBy(thing.toObject()));
+    const QJsonArray told = document.array();
+    for (const QJsonValue& thing : told) found.append(toldBy(thing.toObject()));
     return found;
 }
 
