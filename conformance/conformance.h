@@ -46,9 +46,8 @@ QVector<Row> checkHost(const Files& files, const Progress& progress = {}, int fi
 
 /// Has this program look at its host in processes of their own and prints what comes of it: a host
 /// that crashes, ends or does not come back costs the promise it was in alone, and the next process
-/// goes on behind it. Needs a QCoreApplication. The program has to call tellRows with the place
-/// that
-/// `--from` names where it is started with `--told`, and then to end with 0.
+/// goes on behind it. Needs a QCoreApplication. Where the program
+/// is started with `--told`, it has to call tellRows with the place of `--from`, and to end with 0.
 /// @param arguments what the program was given. @param patience seconds that a promise may take.
 /// @return whether nothing differs.
 bool watchHost(const Files& files, const QStringList& arguments, int patience);

@@ -61,9 +61,8 @@ QStringList outsiders(const QWidget* window) {
     return found;
 }
 
-/// @return buttons, ticks and fields whose text is surely cut without a tip that tells it, and
-/// those
-///         whose text is surely whole with one.
+/// @return buttons, ticks and fields without a tip whose text is surely cut, and those with one
+///         whose text is surely whole.
 QStringList untold(const QWidget* window) {
     QStringList found;
     for (auto* widget : window->findChildren<QWidget*>()) {

@@ -16,10 +16,8 @@ namespace {
 constexpr int patience = 60000;  ///< Milliseconds until a reader that is silent has failed.
 
 QSet<QString> wordsOf(const QJsonValue& list) {
-    QSet<QString> words;
-    const QJsonArray told = list.toArray();
-    for (const QJsonValue& word : told) words.insert(word.toString());
-    return words;
+    const QStringList words = list.toVariant().toStringList();
+    return {words.begin(), words.end()};
 }
 
 Told toldBy(const QJsonObject& thing) {

@@ -64,9 +64,8 @@ QString roleOf(const QAccessibleInterface* thing) {
     return QLatin1String(roleWords.value(thing->role(), "a role that no window here has"));
 }
 
-/// @return the states that reach a reader. Whether something can be ticked or has a pop-up does
-/// not:
-///         Qt's bridge does not pass these on, the role has to tell it.
+/// @return the states that reach a reader. Qt's bridge does not pass on whether something can be
+///         ticked or has a pop-up: the role has to tell it.
 QSet<QString> statesOf(const QAccessibleInterface* thing) {
     const QAccessible::State state = thing->state();
     const bool shown = !state.invisible && !state.offscreen;

@@ -4,19 +4,14 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 
 #include "fileDialog.h"
 #include "tests/support/TestSupport.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
-#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 
 using namespace testing_support;
-using workbench::DownloadWindow;
 
 namespace {
 
@@ -302,57 +297,6 @@ TEST_F(CloudDisk, ASlowServiceTakesItsTimeAndLetsTheProgramLive) {
     EXPECT_GE(clock.elapsed(), workbench::cloud::slowAnswerMs - 50);
     EXPECT_GE(ticks, 5);
     EXPECT_FALSE(QGuiApplication::overrideCursor());
-}
-
-TEST_F(CloudDisk, ADownloadThatTakesItsTimeIsShownAndGivenUpByAClickOrAKey) {
-    const QString earlier = host.write(utf("Downloads/") + utf("企业云盘/大.GCFX"), "earlier");
-    put(company, "大.GCFX", QByteArray(4000, 'x'));
-    host.switches().cloud.slow = true;
-    const auto download = [&earlier](const std::function<void(DownloadWindow*)>& use) {
-        const auto driver = whenModal<DownloadWindow>(use);
-        return zFileDialog::downLoadYunpanFile(utf("大.GCFX"), utf("企业云盘/大.GCFX"), earlier,
-                                               QStringLiteral("1"));
-    };
-    const QJsonObject clicked = download([](DownloadWindow* window) {
-        EXPECT_TRUE(child<QLabel>(window, "downloadText")->text().startsWith(utf("正在下载：")));
-        click(child<QPushButton>(window, "cancelDownload"));
-    });
-    const QJsonObject escaped =
-        download([](DownloadWindow* window) { QTest::keyClick(window, Qt::Key_Escape); });
-    for (const QJsonObject& answer : {clicked, escaped}) {
-        EXPECT_EQ(code(answer), 1);
-        EXPECT_EQ(text(answer, "data"), QString());
-    }
-    EXPECT_EQ(content(earlier), "earlier");
-    EXPECT_EQ(QFileInfo(earlier).dir().entryList(QDir::Files).size(), 1) << "no part of a file";
-
-    QVector<int> seen;
-    QElapsedTimer clock;
-    clock.start();
-    const QJsonObject whole = download([&seen](DownloadWindow* window) {
-        auto* bar = child<QProgressBar>(window, "downloadBar");
-        seen.append(bar->value());
-        QObject::connect(bar, &QProgressBar::valueChanged, bar,
-                         [&seen](int value) { seen.append(value); });
-    });
-    EXPECT_EQ(code(whole), 0);
-    EXPECT_EQ(content(earlier).size(), 4000);
-    EXPECT_GE(clock.elapsed(), workbench::cloud::slowAnswerMs - 50);
-    EXPECT_GE(seen.size(), 10);
-    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
-}
-
-TEST_F(CloudDisk, TheWindowOverADownloadMayDieWithItsParent) {
-    put(company, "大.GCFX", QByteArray(4000, 'x'));
-    host.switches().cloud.slow = true;
-    auto* parent = new QDialog;
-    parent->setModal(true);
-    parent->show();
-    const auto driver = whenModal<DownloadWindow>([parent](DownloadWindow*) { delete parent; });
-    EXPECT_EQ(code(zFileDialog::downLoadYunpanFile(utf("大.GCFX"), utf("企业云盘/大.GCFX"),
-                                                   QString(), QStringLiteral("0"))),
-              1);
-    EXPECT_FALSE(QFileInfo::exists(downloads("企业云盘/大.GCFX")));
 }
 
 TEST_F(CloudDisk, TenThousandNodesTenLevelsDeepAreServed) {

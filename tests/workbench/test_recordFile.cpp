@@ -1,9 +1,9 @@
-// The file of a recording and what is told of it: nothing is lost, and nothing is said that is not
-// so.
+// The file of a recording and what is told of it: nothing is lost, and nothing untrue is said.
 #include <QScopeGuard>
 #include <csignal>
 
 #include "tests/workbench/RecordFixture.h"
+#include "tests/workbench/TemporaryFolders.h"
 #include "workbench/scenario/Player.h"
 #include "workbench/scenario/TemporaryCopy.h"
 #include "workbench/scenario/judge.h"
@@ -14,19 +14,21 @@ namespace {
 
 const char* const budgetModel = "清单计价【国标2013规范，四川2020定额】（税率9%）";
 
-/// An environment variable, from here to the end of the scope.
-class Variable {
-  public:
-    Variable(const char* name, const QString& value) : name(name), before(qgetenv(name)) {
-        qputenv(name, value.toLocal8Bit());
+/// The file's folder, which goes meanwhile, and the system's temporary one.
+struct Folders {
+    explicit Folders(const QString& below)
+        : gone(below + QStringLiteral("/gone")), temporary(below + QStringLiteral("/temporary")) {
+        EXPECT_TRUE(QDir().mkdir(gone) && QDir().mkdir(temporary));
     }
-    ~Variable() { before.isNull() ? qunsetenv(name) : qputenv(name, before); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
+    QString file() const { return gone + QStringLiteral("/recorded.json"); }
+    /// @return the names of the files that the recording has left in the temporary folder.
+    QStringList kept() const {
+        return QDir(temporary).entryList({QStringLiteral("recorded-*")}, QDir::Files);
+    }
 
-  private:
-    const char* const name;
-    const QByteArray before;
+    const QString gone;
+    const QString temporary;
+    const TemporaryFolders place{temporary};
 };
 
 class RecordFileTest : public RecordTest {
@@ -156,22 +158,19 @@ TEST_F(RecordFileTest, AKilledProgramLeavesAScenarioThatPlays) {
 #endif
 
 TEST_F(RecordFileTest, WithoutItsFolderItStandsInTheTemporaryOneAndSaysWhere) {
-    const QString temporary = folder.filePath(QStringLiteral("temporary"));
-    const QString gone = folder.filePath(QStringLiteral("gone"));
-    ASSERT_TRUE(QDir().mkdir(temporary) && QDir().mkdir(gone));
-    const Variable place("TMPDIR", temporary);
-    options.file = gone + QStringLiteral("/recorded.json");
+    const Folders folders(folder.path());
+    options.file = folders.file();
     QStringList told;
     options.tell = [&told](const QString& notice) { told.append(notice); };
     const int code = recordAround([&] {
         EXPECT_TRUE(QFileInfo::exists(options.file));
-        ASSERT_TRUE(QDir(gone).removeRecursively());
+        ASSERT_TRUE(QDir(folders.gone).removeRecursively());
     });
     EXPECT_EQ(code, 2);
-    const QStringList kept =
-        QDir(temporary).entryList({QStringLiteral("recorded-*.json")}, QDir::Files);
+    const QStringList kept = folders.kept();
     ASSERT_EQ(kept.size(), 1);
-    const QString keptIn = temporary + QLatin1Char('/') + kept.first();
+    ASSERT_TRUE(kept.first().endsWith(QStringLiteral(".json")));
+    const QString keptIn = folders.temporary + QLatin1Char('/') + kept.first();
     const QString notice = options.file +
                            QStringLiteral(": No such file or directory; the recording stands in ") +
                            keptIn;
@@ -182,31 +181,24 @@ TEST_F(RecordFileTest, WithoutItsFolderItStandsInTheTemporaryOneAndSaysWhere) {
 }
 
 TEST_F(RecordFileTest, AFolderThatIsThereAgainHasTheWholeRecordingAtLast) {
-    const QString temporary = folder.filePath(QStringLiteral("temporary"));
-    const QString gone = folder.filePath(QStringLiteral("gone"));
-    ASSERT_TRUE(QDir().mkdir(temporary) && QDir().mkdir(gone));
-    const Variable place("TMPDIR", temporary);
-    options.file = gone + QStringLiteral("/recorded.json");
+    const Folders folders(folder.path());
+    options.file = folders.file();
     const int code = recordAround([&] {
-        ASSERT_TRUE(QDir(gone).removeRecursively());
+        ASSERT_TRUE(QDir(folders.gone).removeRecursively());
         ribbon("预算工程");
-        ASSERT_TRUE(QDir().mkdir(gone));
+        ASSERT_TRUE(QDir().mkdir(folders.gone));
     });
     EXPECT_EQ(code, 0) << report.toStdString();
     EXPECT_EQ(steps(), (Lines{"open", "ribbon 审核工程", "ribbon 预算工程", "key Esc"}));
-    EXPECT_EQ(QDir(temporary).entryList({QStringLiteral("recorded-*")}, QDir::Files),
-              QStringList());
+    EXPECT_EQ(folders.kept(), QStringList());
 }
 
 TEST_F(RecordFileTest, WhereNothingCanBeWrittenTheRecordingIsPrinted) {
-    const QString gone = folder.filePath(QStringLiteral("gone"));
-    const QString temporary = folder.filePath(QStringLiteral("temporary"));
-    ASSERT_TRUE(QDir().mkdir(gone) && QDir().mkdir(temporary));
-    options.file = gone + QStringLiteral("/recorded.json");
-    const Variable place("TMPDIR", temporary);
+    const Folders folders(folder.path());
+    options.file = folders.file();
     const int code = recordAround([&] {
-        ASSERT_TRUE(QDir(gone).removeRecursively());
-        qputenv("TMPDIR", gone.toLocal8Bit());
+        ASSERT_TRUE(QDir(folders.gone).removeRecursively());
+        qputenv("TMPDIR", folders.gone.toLocal8Bit());
     });
     EXPECT_EQ(code, 2);
     EXPECT_EQ(reported().first(),

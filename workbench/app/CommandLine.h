@@ -27,9 +27,8 @@ struct CommandLine {
 /// @return whether the program is to go on.
 bool readCommandLine(const QStringList& arguments, CommandLine& into, QString& error);
 
-/// @return folder of the sample installation: of the installed program, else in the source tree
-/// that
-///         the program was built from.
+/// @return folder of the sample installation: of the installed program, else in the sources of
+///         this build.
 QString sampleInstallation();
 /// The folder in which the window works where none is named: a copy of the sample, made at the
 /// first start, so that projects and history stay out of the sample. An installed program has it

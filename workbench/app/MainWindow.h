@@ -34,7 +34,7 @@ class MainWindow : public QMainWindow {
     void newProject(const QString& entry = QString());
     /// Asks for the kind first.
     void chooseKind();
-    /// Shows from now on that what is done is recorded, and that the installation has to stay.
+    /// Shows from now on that what is done is recorded.
     void showRecording();
 
   protected:

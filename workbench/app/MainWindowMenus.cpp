@@ -78,19 +78,10 @@ void MainWindow::showRecording() {
     auto* label = new QLabel;
     label->setObjectName(QStringLiteral("recordingLabel"));
     statusBar()->insertPermanentWidget(0, label);
-    auto* menu = menuBar()->findChild<QMenu*>(QStringLiteral("projectMenu"));
-    menu->setToolTipsVisible(true);
-    menu->addSeparator();
-    QAction* open = menu->addAction(QString());
-    open->setObjectName(QStringLiteral("openInstallationAction"));
-    open->setEnabled(false);
-    const auto tell = [this, label, open] {
+    const auto tell = [this, label] {
         setWindowTitle(said("新建工程工作台") + QStringLiteral(" — ") + said("录制中"));
         label->setText(QStringLiteral("● ") + said("录制中"));
         label->setToolTip(said("在对话框中的操作正在写成场景文件，关闭窗口即结束录制"));
-        open->setText(said("打开安装目录…"));
-        open->setToolTip(said("录制时不能更换安装目录"));
-        open->setStatusTip(open->toolTip());
     };
     connect(&Surface::instance(), &Surface::languageChanged, label, tell);
     tell();

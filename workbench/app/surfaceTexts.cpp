@@ -47,7 +47,6 @@ const SurfaceText surfaceTexts[] = {
     {"录制中", "Recording"},
     {"在对话框中的操作正在写成场景文件，关闭窗口即结束录制",
      "What is done in the dialog is written as a scenario file until this window is closed"},
-    {"录制时不能更换安装目录", "A recording keeps to its installation"},
     // Projects
     {"工程列表", "Projects"},
     {"工程文件", "Project File"},

@@ -108,9 +108,8 @@ QJsonObject startOf(const QWidget* dialog) {
     return entry.isEmpty() ? QJsonObject() : QJsonObject{{key("entry"), entry}};
 }
 
-/// @return whether it is a menu of the module. That of a field is none: what it does is told by
-/// what
-///         becomes of the field.
+/// @return whether it is a menu of the module. That of a field is none: what becomes of the field
+///         tells what it does.
 bool isOfModule(const QMenu* menu) {
     QWidget* owner = menu ? menu->parentWidget() : nullptr;
     return owner && isModules(owner->window()) && !around<QComboBox>(owner);
