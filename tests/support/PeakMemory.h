@@ -9,8 +9,8 @@ namespace testing_support {
 class PeakMemory {
   public:
     PeakMemory();
-    /// @return bytes by which the process has grown at the most, whether or not they were given
-    ///         back; 0 where the system does not tell.
+    /// @return bytes by which the process, under a sanitizer what it has in use, has grown at the
+    ///         most, whether or not they were given back; 0 where the system does not tell.
     qint64 growth() const;
 
   private:
