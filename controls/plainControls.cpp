@@ -75,10 +75,8 @@ QSize zBaseLabel::minimumSizeHint() const { return QLabel::minimumSizeHint(); }
 void zBaseLabel::paintEvent(QPaintEvent* event) { QLabel::paintEvent(event); }
 bool zBaseLabel::event(QEvent* event) { return QLabel::event(event); }
 
-zBaseButton::zBaseButton(QWidget* parent) : QPushButton(parent) { setAutoDefault(false); }
-zBaseButton::zBaseButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {
-    setAutoDefault(false);
-}
+zBaseButton::zBaseButton(QWidget* parent) : QPushButton(parent) {}
+zBaseButton::zBaseButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {}
 zBaseButton::~zBaseButton() = default;
 void zBaseButton::SetText(const QString& text) { setText(text); }
 void zBaseButton::setIcon(const QString& normal, const QString&, const QString&, const QString&) {

@@ -52,21 +52,21 @@ void NewProCfgDialog::CreateUI() {
 
 void NewProCfgDialogPrivate::buildHeader(QVBoxLayout* column) {
     auto* header = new zBasePanelV(q);
+    column->addWidget(header);  // first: the host may throw at what follows
     header->setObjectName(QStringLiteral("header"));
     header->setFixedHeight(scaled(60));
     header->setBackgroundIcon(QStringLiteral(":/Image/Home/xjbjTc.svg"));
     header->panelLayout()->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(header);
 
     constexpr int style = 1;
     constexpr int alignment = 1;
     constexpr int exclusive = 1;
     ribbon = new RibbonNavigationBar(style, alignment, exclusive, header);
+    header->panelLayout()->addWidget(ribbon);
     ribbon->setObjectName(QStringLiteral("ribbon"));
     ribbon->setContentsMargins(scaled(6), 0, scaled(4), scaled(10));
     ribbon->panelLayout()->setSpacing(scaled(5));
     ribbon->panelLayout()->setContentsMargins(scaled(10), scaled(2), 0, 0);
-    header->panelLayout()->addWidget(ribbon);
 }
 
 void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
@@ -77,18 +77,18 @@ void NewProCfgDialogPrivate::buildPageStack(QVBoxLayout* column) {
     pageStack->ensurePolished();
     auto* frame = new QVBoxLayout;
     column->addLayout(frame);
+    frame->addWidget(pageStack);
     frame->setSpacing(0);
     frame->setContentsMargins(scaled(2), scaled(2), scaled(2), 0);
-    frame->addWidget(pageStack);
 }
 
 void NewProCfgDialogPrivate::buildMainPage() {
     auto* page = new zBasePanelV(q);
     mainPage = page;
+    pageStack->addWidget(page);
     page->setObjectName(QStringLiteral("pMiddlePanelV"));
     page->panelLayout()->setContentsMargins(scaled(16), scaled(16), scaled(16), scaled(10));
     page->panelLayout()->setSpacing(0);
-    pageStack->addWidget(page);
 
     buildTaxRow();
     page->panelLayout()->addWidget(taxRow);

@@ -22,6 +22,7 @@ zBaseButton* button(const char* name, const QString& text, const QString& access
     auto* made = new zBaseButton(text, parent);
     made->setObjectName(QLatin1String(name));
     made->setAccessibleName(accessibleName);
+    made->setAutoDefault(false);
     return made;
 }
 

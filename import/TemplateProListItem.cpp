@@ -106,6 +106,7 @@ void TemplateProListItem::Form::buildTitleRow(TemplateProListItem* card) {
     QObject::connect(btnNewProject, &QPushButton::clicked, card,
                      &TemplateProListItem::slotNewProject);
     btnNewProject->setObjectName(QStringLiteral("btnNewProject"));
+    btnNewProject->setAutoDefault(false);
     btnNewProject->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     horizontalLayout_2->addWidget(lblTitle);
     horizontalLayout_2->addWidget(btnNewProject);

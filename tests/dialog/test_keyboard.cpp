@@ -7,6 +7,9 @@
 #include <QWheelEvent>
 #include <cmath>
 
+#include "dialog/xzGcLxDialog.h"
+#include "import/TemplateProListItem.h"
+#include "import/importExcelSelFile.h"
 #include "tests/dialog/DialogFixture.h"
 
 namespace {
@@ -123,6 +126,24 @@ TEST_F(Keyboard, EnterCreatesFromTheCardWithTheRing) {
         EXPECT_EQ(countOf("SignalCreatePro"), 1);
         EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")), QStringLiteral("模型2"));
     }
+}
+
+TEST_F(Keyboard, EnterIsTakenByNoButtonThatOnlyHappensToBeThere) {
+    openTree();
+    button("generalTaxButton")->click();
+    settle();
+    xzGcLxDialog chooser(dialog.get());
+    importExcelSelFile excel(dialog.get());
+    for (QWidget* window : {static_cast<QWidget*>(dialog.get()), static_cast<QWidget*>(&chooser),
+                            static_cast<QWidget*>(&excel)}) {
+        const auto buttons = window->findChildren<QPushButton*>();
+        EXPECT_GE(buttons.size(), 2) << window->metaObject()->className();
+        for (const QPushButton* one : buttons) {
+            EXPECT_FALSE(one->autoDefault() || one->isDefault())
+                << window->metaObject()->className() << " " << one->objectName().toStdString();
+        }
+    }
+    EXPECT_FALSE(dialog->findChildren<TemplateProListItem*>().isEmpty());
 }
 
 TEST_F(Keyboard, AHeldKeyCreatesOnce) {

@@ -222,6 +222,12 @@ TEST_F(Pages, TheTreeStyleIsFilledWithScaledSizesAndTheSkinsColour) {
         const bool dark = skin != std::string("light");
         EXPECT_TRUE(tree()->styleSheet().startsWith(style));
         EXPECT_EQ(tree()->styleSheet() != style, dark) << tree()->styleSheet().toStdString();
+        if (!dark) continue;
+        const QColor background = row.normalBackColor();
+        const QColor lit = QColor::fromHsl(background.hslHue(), background.hslSaturation(),
+                                           background.lightness() + 24);
+        EXPECT_TRUE(tree()->styleSheet().endsWith(
+            QStringLiteral("selected{background-color:%1;}").arg(lit.name())));
     }
 }
 

@@ -1,4 +1,7 @@
 /// Screen scaling is asked hundreds of times, from everywhere, and may fail at any of them.
+#include <QLayout>
+#include <QStackedWidget>
+
 #include "tests/dialog/HostileUse.h"
 
 namespace {
@@ -54,6 +57,28 @@ TEST_F(Scaling, MayFailAtEveryCallOfTheConstructor) {
             host.switches().firstPage = workbench::FirstPage::Ready;
         }
     }
+}
+
+TEST_F(Scaling, LeavesNoPartOfTheWindowOutsideItsLayouts) {
+    const int calls = callsOf(scalingCalls[0], [this] { make(); });
+    int stayed = 0;
+    for (int nth = 1; nth <= calls; ++nth) {
+        SCOPED_TRACE(nth);
+        dialog.reset();
+        throwAt(scalingCalls[0], kindOf(nth).as, nth);
+        make();
+        throwNoMore();
+        const auto* header = dialog->findChild<QWidget*>(QStringLiteral("header"));
+        EXPECT_TRUE(!header || dialog->layout()->indexOf(find<QWidget>("header")) == 0);
+        const auto* stack = dialog->findChild<QStackedWidget*>(QStringLiteral("m_StackedWidget"));
+        if (!stack) continue;
+        EXPECT_TRUE(dialog->layout()->itemAt(1) && dialog->layout()->itemAt(1)->layout() &&
+                    dialog->layout()->itemAt(1)->layout()->indexOf(pageStack()) == 0);
+        if (!dialog->findChild<QWidget*>(QStringLiteral("pMiddlePanelV"))) continue;
+        EXPECT_EQ(pageStack()->indexOf(find<QWidget>("pMiddlePanelV")), 0);
+        ++stayed;
+    }
+    EXPECT_GT(stayed, 0);
 }
 
 TEST_F(Scaling, LeavesTheCardsPlacedSoFarWithinReach) {

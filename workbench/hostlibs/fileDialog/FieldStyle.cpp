@@ -37,6 +37,7 @@ zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent
     auto* button = new zBaseButton(text, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(text);
+    button->setAutoDefault(false);
     button->setFixedSize(roomFor(88), roomFor(30));
     return button;
 }

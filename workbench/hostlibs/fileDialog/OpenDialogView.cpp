@@ -100,6 +100,7 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
         place->setObjectName(QLatin1String(entry.name));
         place->setAccessibleName(QStringLiteral("位置：") + QString::fromUtf8(entry.text));
         place->setProperty("place", entry.place);
+        place->setAutoDefault(false);
         place->setCheckable(true);
         place->setCheckedBackColorEnabled(true);
         place->setFixedHeight(roomFor(34));

@@ -154,8 +154,6 @@ void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {
 zBaseButton::zBaseButton(QWidget* parent) : zBaseButton(QString(), parent) {}
 
 zBaseButton::zBaseButton(const QString& text, QWidget* parent) : QPushButton(parent) {
-    // A dialog's Enter must not press whichever button happens to come first.
-    setAutoDefault(false);
     setAttribute(Qt::WA_Hover);
     setIconSize({scaled(16), scaled(16)});
     SetText(text);

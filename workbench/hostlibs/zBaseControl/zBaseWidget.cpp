@@ -43,17 +43,8 @@ void zBaseWidget::paintEvent(QPaintEvent*) {
                                                    Qt::IgnoreAspectRatio));
 }
 
-namespace {
-
-void makeFlush(QLayout* layout) {
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-}
-
-}  // namespace
-
 zBasePanelH::zBasePanelH(QWidget* parent) : zBaseWidget(parent) {
-    makeFlush(new QHBoxLayout(this));
+    new QHBoxLayout(this);
 }
 
 QHBoxLayout* zBasePanelH::panelLayout() const {
@@ -61,7 +52,7 @@ QHBoxLayout* zBasePanelH::panelLayout() const {
 }
 
 zBasePanelV::zBasePanelV(QWidget* parent) : zBaseWidget(parent) {
-    makeFlush(new QVBoxLayout(this));
+    new QVBoxLayout(this);
 }
 
 QVBoxLayout* zBasePanelV::panelLayout() const {

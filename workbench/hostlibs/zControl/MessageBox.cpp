@@ -68,6 +68,7 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
         button->setObjectName(QStringLiteral("button%1").arg(i));
         button->setMinimumSize(scaled(76), scaled(28));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
+        button->setAutoDefault(false);
         button->setDefault(i == 0);
         if (i == 0) button->setFocus(Qt::TabFocusReason);
         connect(button, &QPushButton::clicked, this, [this, i] {

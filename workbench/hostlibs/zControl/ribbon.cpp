@@ -29,6 +29,7 @@ RibbonTab::RibbonTab(const RIBBON::CentralTab& tab, QWidget* parent) : zBaseWidg
     button->setIcon(tab.icon);
     button->setIconSize({scaled(18), scaled(18)});
     button->setCheckable(true);
+    button->setAutoDefault(false);
     // The ribbon belongs to the mouse: with the focus it would only be a place where keys end.
     button->setFocusPolicy(Qt::NoFocus);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
