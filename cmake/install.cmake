@@ -23,6 +23,9 @@ set(source ${CMAKE_INSTALL_DATADIR}/newProDialog/source)
 install(FILES CMakeLists.txt DESTINATION ${source} COMPONENT development)
 install(DIRECTORY host core models files import dialog controls conformance examples cmake
     DESTINATION ${source} COMPONENT development)
+file(WRITE ${PROJECT_BINARY_DIR}/packagedQt.cmake "set(default_qt ${NEWPRO_QT})\n")
+install(FILES ${PROJECT_BINARY_DIR}/packagedQt.cmake DESTINATION ${source}/cmake
+    COMPONENT development)
 install(DIRECTORY docs/contract DESTINATION ${source}/docs COMPONENT development)
 install(FILES docs/writing-a-host.md docs/scenarios.md docs/interface.md docs/trust.md
     DESTINATION ${source}/docs COMPONENT development)
@@ -42,16 +45,19 @@ if(TARGET workbenchHost)
     endif()
     set(host_libraries "\${library_folder}/${host_file}")
 endif()
-# Targets of an enclosing project, which whoever uses the package need not have.
+# Targets of an enclosing project, which whoever uses the package need not have. They may be made
+# after the module: what they are is known once everything is.
 set(host_targets "")
-foreach(library IN LISTS host_libraries)
-    if(TARGET ${library} AND NOT NEWPRO_HOST_PACKAGE)
-        list(APPEND host_targets ${library})
+foreach(library IN LISTS NEWPRO_HOST_LIBRARIES)
+    if(NOT library MATCHES "[/\\]" AND NOT NEWPRO_HOST_PACKAGE AND NOT TARGET workbenchHost)
+        list(APPEND host_targets "$<$<TARGET_EXISTS:${library}>:${library}>")
     endif()
 endforeach()
 configure_package_config_file(cmake/newProDialogConfig.cmake.in
-    ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake
+    ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake.in
     INSTALL_DESTINATION ${package} PATH_VARS CMAKE_INSTALL_LIBDIR)
+file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake
+     INPUT ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake.in)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/newProDialogConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/newProDialogConfig.cmake

@@ -1,5 +1,7 @@
 # The Qt that all of this is built with: its version is chosen here and nowhere else.
-set(NEWPRO_QT 5 CACHE STRING "Major version of Qt, 5 or 6")
+set(default_qt 5)
+include(${CMAKE_CURRENT_LIST_DIR}/packagedQt.cmake OPTIONAL)  # of the package that these sources are in
+set(NEWPRO_QT ${default_qt} CACHE STRING "Major version of Qt, 5 or 6")
 set_property(CACHE NEWPRO_QT PROPERTY STRINGS 5 6)
 set(oldest_qt_5 5.15)
 set(oldest_qt_6 6.4)

@@ -17,6 +17,12 @@ string(REGEX REPLACE "^set[^\n]*\nadd_subdirectory[^\n]*\n" "" static "${static}
 string(REPLACE "(app " "(app-in-one " static "${static}")
 file(WRITE ${SCRATCH}/readme/static.cmake "${static}")
 
+# The host is made after the module, as in the skeleton.
+file(READ ${SCRATCH}/readme/enclose.cmake enclose)
+string(REPLACE "add_subdirectory(newProDialog)\n"
+    "add_subdirectory(newProDialog)\nadd_library(appHost SHARED host.cpp)\n" enclose "${enclose}")
+file(WRITE ${SCRATCH}/readme/enclose.cmake "${enclose}")
+
 # With the install rules, which are not there unless they are asked for: they must not ask for the
 # enclosing project's own targets.
 build_module(${SCRATCH}/enclosing ${readme_lines} -DCONSUMER=${package_tests}/consumer

@@ -35,4 +35,10 @@ run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen CMAKE_GENERATOR=${GENERATO
 if(NOT out MATCHES ", 0 differ, 2 not reached")
     message(FATAL_ERROR "${out}")
 endif()
+# With the Qt of the package that the lines came in.
+set(skeleton ${SCRATCH}/myhost/build/skeleton)
+file(GET_RUNTIME_DEPENDENCIES EXECUTABLES ${skeleton} RESOLVED_DEPENDENCIES_VAR libraries)
+if(NOT libraries MATCHES "libQt${QT}Widgets")
+    message(FATAL_ERROR "${skeleton} needs no Qt ${QT}: ${libraries}")
+endif()
 file(REMOVE_RECURSE ${SCRATCH})
