@@ -3,13 +3,13 @@
 # shellcheck disable=SC2034  # whoever sources this uses some of the lists
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev libicu-dev fonts-noto-cjk)
-test_packages=(libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file
+test_packages=(clang libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file
                at-spi2-core dbus gir1.2-atspi-2.0 python3-gi xvfb)
 qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev)
 tools_packages=(gcovr python3)
-fuzz_packages=(clang libclang-rt-14-dev)
+fuzz_packages=(libclang-rt-14-dev)
 
 # Qt takes file names in the locale's encoding, and the installation's names are Chinese.
 [ "$(locale charmap 2>/dev/null)" = UTF-8 ] || export LC_ALL=C.UTF-8

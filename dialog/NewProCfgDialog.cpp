@@ -28,9 +28,9 @@ constexpr int designHeight = 750;
 constexpr int nominalWidth = 860;  // as the host knows the dialog
 constexpr int nominalHeight = 735;
 
-using Parts = NewProCfgDialogPrivate;
-
 }  // namespace
+
+using Parts = NewProCfgDialogPrivate;
 
 NewProCfgDialog::NewProCfgDialog(int hostMode, bool showImportTender, QWidget* parent)
     : zBaseModal(parent), d(std::make_shared<NewProCfgDialogPrivate>(this)) {

@@ -104,7 +104,10 @@ QStringList readFileList() {
 
 bool ownedByAnotherAccount(const QString& cloudPath) {
     const UserInfo* account = Users::Instance()->Kvy();
-    return account->IsLogin() && belongsToAnother(readFileList(), cloudPath, account->UserID());
+    if (!account->IsLogin()) return false;
+    // One after the other: as arguments, every compiler would ask in an order of its own.
+    const QString user = account->UserID();
+    return belongsToAnother(readFileList(), cloudPath, user);
 }
 
 }  // namespace
