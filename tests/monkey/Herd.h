@@ -29,7 +29,8 @@ struct Failure {
 
 struct Tally {
     int sequences = 0;
-    QMap<QString, int> counts;  ///< Steps done and skipped, dialogs, requests, exceptions.
+    QMap<QString, int> counts;  ///< Steps done and skipped, dialogs, requests, exceptions
+                                ///< reported and thrown at places.
 };
 
 /// @return the arguments that make this program a child, which plays sequences and tells of each.

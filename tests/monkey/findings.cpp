@@ -1,5 +1,6 @@
 #include "tests/monkey/findings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -71,10 +72,11 @@ QString keepShrunk(const Failure& failure, const Traps& traps, const QString& fo
     if (!expect.isEmpty()) content.insert(key("expect"), expect);
     if (!QDir().mkpath(folder) || !write(file, content))
         return QStringLiteral("  %1: cannot be written").arg(file);
-    return QStringLiteral("  shrunk to %1 steps by %2 trials: %3")
+    const QStringList again = judgeArguments(file, traps);
+    return QStringLiteral("  shrunk to %1 steps by %2 trials: %3 %4")
         .arg(stepsOf(content))
         .arg(tried)
-        .arg(file);
+        .arg(QCoreApplication::applicationFilePath(), again.join(QLatin1Char(' ')));
 }
 
 QString summary(const Herd& herd, qint64 ms) {

@@ -103,12 +103,14 @@ int playSequences(const monkey::Errand& errand) {
             done.faults.append(QStringLiteral("sequence: it is no scenario"));
         for (const QString& fault : qAsConst(done.faults))
             print(QStringLiteral("fault ") + fault.simplified());
-        print(QStringLiteral("end steps=%1 skipped=%2 dialogs=%3 requests=%4 exceptions=%5")
+        print(QStringLiteral(
+                  "end steps=%1 skipped=%2 dialogs=%3 requests=%4 exceptions=%5 atPlaces=%6")
                   .arg(done.steps)
                   .arg(done.skipped)
                   .arg(done.dialogs)
                   .arg(done.requests)
-                  .arg(done.exceptions));
+                  .arg(done.exceptions)
+                  .arg(done.atPlaces));
         if (done.spoilt) endAtOnce(0);
     }
     return 0;

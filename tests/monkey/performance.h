@@ -15,6 +15,7 @@ struct Performance {
     int dialogs = 0;      ///< Dialogs opened.
     int requests = 0;     ///< Creation requests.
     int exceptions = 0;   ///< Exceptions reported to the host.
+    int atPlaces = 0;     ///< Exceptions thrown where no journal tells of calls.
 };
 
 /// Faults made on purpose, to try out what finds and shrinks the real ones.

@@ -4,6 +4,7 @@
 #include <QVector>
 
 #include "tests/monkey/Dice.h"
+#include "tests/monkey/places.h"
 #include "tests/monkey/words.h"
 #include "workbench/journal/hostOperations.h"
 
@@ -24,10 +25,15 @@ QJsonArray some(Dice& dice, const QStringList& words, int most) {
     return array;
 }
 
+/// A host throws in what it is asked as well as in the widgets that it makes. Without places the
+/// dice fall as they do with them, so that a seed differs in nothing but the names.
 QJsonObject throwRule(Dice& dice) {
     static const QStringList operations = workbench::hostOperations();
-    const QString call = dice.among(operations);
-    const int most = busyOperations().contains(call) ? 2000 : 4;
+    static const QStringList places = placeNames().isEmpty() ? operations : placeNames();
+    const bool atPlace = dice.onceIn(2);
+    const QString call = dice.among(atPlace ? places : operations);
+    int most = busyOperations().contains(call) ? 2000 : 4;
+    if (atPlace) most = 1 << dice.below(7);  // the first ones, or deep in the cards
     return {{key("call"), call},
             {key("nth"), dice.from(1, most)},
             {key("as"), among(dice, "literal QString std::exception other")},

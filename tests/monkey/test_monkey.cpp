@@ -47,6 +47,21 @@ class MonkeyTest : public testing::Test {
             .toStdString();
     }
 
+    /// @return the file of a scenario with one throw rule.
+    QString written(const QString& rule, const char* steps) const {
+        const QString path = folder.filePath(QStringLiteral("written.scenario"));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        const QString content =
+            QStringLiteral(R"({"title": "t", "installation": "%1", "host": {"throw": [%2]},
+                               "steps": [%3]})");
+        file.write(content
+                       .arg(QStringLiteral(REPOSITORY "/tests/monkey/installation"), rule,
+                            QString::fromUtf8(steps))
+                       .toUtf8());
+        return path;
+    }
+
     QTemporaryDir folder;
 };
 
@@ -81,6 +96,57 @@ TEST_F(MonkeyTest, OneThrowRuleIsLeftOfAHostThatThrows) {
     EXPECT_EQ(text.count(QStringLiteral("\"do\": \"open\"")), 1) << text.toStdString();
 }
 
+#ifdef MONKEY_HAS_PLACES
+
+TEST_F(MonkeyTest, AThrowAtAPlaceIsShrunkAndTheCommandThatIsToldShowsItAgain) {
+    const QStringList trap{QStringLiteral("--never"), QStringLiteral("zBaseLabel::setControlType")};
+    const Ran ran = play(1, 12, trap);
+    EXPECT_EQ(ran.code, 1);
+    const QString text = QString::fromUtf8(QJsonDocument(content()).toJson());
+    EXPECT_EQ(text.count(QStringLiteral("\"throw\"")), 1) << text.toStdString();
+    EXPECT_EQ(text.count(QStringLiteral("\"call\": \"zBaseLabel::setControlType\"")), 1)
+        << text.toStdString();
+    const QStringList again{QStringLiteral("--judge"), kept()};
+    EXPECT_TRUE(ran.out.contains((again + trap).join(QLatin1Char(' ')))) << ran.out.toStdString();
+    const Ran judged = runProgram(MONKEY, again + trap);
+    EXPECT_EQ(judged.code, 1);
+    EXPECT_EQ(judged.out.toStdString(), "never: zBaseLabel::setControlType\n");
+    // The module has survived it: without the trap nothing is wrong.
+    EXPECT_EQ(runProgram(MONKEY, again).code, 0);
+}
+
+TEST_F(MonkeyTest, AnExceptionOfAWindowsBaseGoesBackToTheHost) {
+    const struct {
+        const char* base;
+        const char* step;
+    } windows[] = {{"zBaseModal::zBaseModal", R"({"do": "open"})"},
+                   {"zTitleModal::zTitleModal", R"({"do": "open", "dialog": "xzGcLxDialog"})"}};
+    for (const auto& window : windows) {
+        const QString rule = QStringLiteral(R"({"call": "%1", "as": "other"})");
+        const QStringList judge{QStringLiteral("--judge"),
+                                written(rule.arg(QLatin1String(window.base)), window.step)};
+        const Ran ran = runProgram(MONKEY, judge);
+        EXPECT_EQ(ran.code, 0) << ran.out.toStdString();
+        const QStringList trap{QStringLiteral("--never"), QLatin1String(window.base)};
+        EXPECT_EQ(runProgram(MONKEY, judge + trap).out.toStdString(),
+                  std::string("never: ") + window.base + '\n');
+    }
+}
+
+TEST_F(MonkeyTest, TheBaseOfAWindowThatTheModuleMakesIsTheModulesConcern) {
+    const QString file =
+        written(QStringLiteral(R"({"call": "zTitleModal::zTitleModal", "as": "literal"})"),
+                R"({"do": "open"}, {"do": "ribbon", "entry": "导入Excel新建"})");
+    const QStringList judge{QStringLiteral("--judge"), file};
+    EXPECT_EQ(runProgram(MONKEY, judge).code, 0);
+    const QString reporter = QStringLiteral("NewProCfgDialog::slotImportExcelNewPro");
+    EXPECT_EQ(runProgram(MONKEY, judge + QStringList{QStringLiteral("--never"), reporter})
+                  .out.toStdString(),
+              "never: " + reporter.toStdString() + '\n');
+}
+
+#endif
+
 TEST_F(MonkeyTest, ACrashEndsOneProcessOnly) {
     const Ran ran =
         play(1, 20, {QStringLiteral("--crash-at"), QStringLiteral("importExcelSelFile")});
@@ -103,6 +169,9 @@ TEST_F(MonkeyTest, MonkeysGetDeep) {
     EXPECT_GT(counted("requests"), 5);
     EXPECT_GT(counted("steps"), 200);
     EXPECT_GT(counted("exceptions"), 5);
+#ifdef MONKEY_HAS_PLACES
+    EXPECT_GT(counted("atPlaces"), 5);
+#endif
 }
 
 }  // namespace
