@@ -14,7 +14,9 @@ using Entries = QVector<QJsonObject>;
 int creationRequests(const Entries& journal);
 
 /// @return what is wrong, each as "kind: details"; empty if nothing is. A dialog asks for one
-///         project at most, and none is asked for before a dialog was opened.
+///         project at most, and none is asked for before a dialog was opened. A journal does not
+///         tell which dialog asks; but one closes for what it asks, so that a request beside an
+///         open dialog that is not accepted next was another's, from before.
 QStringList creationFaults(const Entries& journal);
 /// Numbers without gaps, every entry with the members of its kind, and every window that was opened
 /// done.

@@ -29,6 +29,8 @@ std::string kindOf(const QStringList& faults) {
 const char* const opened = R"("kind": "dialog", "name": "NewProCfgDialog", "event": "opened")";
 const char* const done =
     R"("kind": "dialog", "name": "NewProCfgDialog", "event": "done", "result": 1)";
+const char* const closed =
+    R"("kind": "dialog", "name": "NewProCfgDialog", "event": "done", "result": 0)";
 const char* const model = R"("kind": "signal", "name": "SignalCreatePro", "args": [4, 95, {}])";
 const char* const templateSignal =
     R"("kind": "signal", "name": "SignalCreateMB", "args": [4, 44, "a"])";
@@ -49,10 +51,24 @@ TEST(InvariantsTest, ATemplateCardsMessageAndItsSignalAreOneRequest) {
 
 TEST(InvariantsTest, ADialogAsksForOneProjectAtMost) {
     EXPECT_EQ(kindOf(monkey::creationFaults(journal({opened, model}))), "");
-    EXPECT_EQ(kindOf(monkey::creationFaults(journal({opened, model, opened, import}))), "");
+    EXPECT_EQ(kindOf(monkey::creationFaults(journal({opened, model, done, opened, import}))), "");
     EXPECT_EQ(kindOf(monkey::creationFaults(journal({opened, model, import}))), "creations");
     EXPECT_EQ(kindOf(monkey::creationFaults(journal({opened, opened, model, model}))), "creations");
     EXPECT_EQ(kindOf(monkey::creationFaults(journal({model}))), "creations");
+}
+
+TEST(InvariantsTest, AnEarlierDialogDoesNotAskBesideANewOne) {
+    const auto faults = [](const std::vector<const char*>& entries) {
+        return kindOf(monkey::creationFaults(journal(entries)));
+    };
+    EXPECT_EQ(faults({opened, done, model, opened, model, closed}), "creations");
+    EXPECT_EQ(faults({opened, done, model, opened, model, opened}), "creations");
+    EXPECT_EQ(faults({opened, model, closed}), "creations");
+    EXPECT_EQ(faults({opened, done, model, opened, model, done}), "");
+    EXPECT_EQ(faults({opened, done, model, opened, closed, import}), "");
+    const char* const exception =
+        R"("kind": "exception", "name": "A::b", "args": ["A", 1, "A::b", "text"])";
+    EXPECT_EQ(faults({opened, model, exception, closed}), "");
 }
 
 TEST(InvariantsTest, AWellFormedJournalHasNoFaults) {
