@@ -18,6 +18,7 @@ class Writer {
     explicit Writer(const QStringList& arguments) {
         process.start(QStringLiteral(WRITER), arguments);
         EXPECT_TRUE(process.waitForStarted(patienceMs));
+        number = process.processId();
     }
     ~Writer() { kill(); }
     Writer(const Writer&) = delete;
@@ -46,6 +47,9 @@ class Writer {
         process.waitForFinished(patienceMs);
     }
 
+    /// @return the process's number, also once it is dead.
+    qint64 id() const { return number; }
+
     /// @return what was told in whole lines.
     QStringList lines() {
         told += process.readAllStandardOutput();
@@ -55,6 +59,7 @@ class Writer {
 
   private:
     QProcess process;
+    qint64 number = 0;
     QByteArray told;
 };
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <random>
 #include <thread>
 
@@ -13,24 +14,25 @@ namespace {
 class Battlefield {
   public:
     Battlefield(const QString& folder, const QString& projects)
-        : folder(folder), projects(projects) {}
+        : folder(folder), projects(projects), settings(load().systemSettings.modelName) {}
 
-    void note(const QStringList& lines) {
-        for (const QString& line : lines) {
+    /// What a dead writer has told.
+    void note(Writer& writer) {
+        int last = -1;
+        for (const QString& line : writer.lines()) {
             const QString what = line.section(QLatin1Char(' '), 1);
             if (line.startsWith(QLatin1String("project ")))
                 acknowledged.insert(QStringLiteral("bd##") + what);
             else
-                settings = true;
+                last = what.section(QLatin1Char(' '), 1).toInt();
         }
+        lastSettings.insert(writer.id(), last);
     }
 
     /// Looks at everything that is new, as a program that starts now would find it.
     void survey(int kills) {
-        Installation found;
-        QString error;
-        ASSERT_TRUE(Installation::load(folder, found, error)) << error.toStdString();
-        EXPECT_TRUE(!settings || !found.systemSettings.modelName.isEmpty());
+        const Installation found = load();
+        surveySettings(found.systemSettings.modelName);
         const QSet<QString> listed(found.history.begin(), found.history.end());
         EXPECT_EQ(listed.size(), found.history.size()) << "an entry stands twice";
         EXPECT_TRUE(listed.contains(acknowledged)) << "an acknowledged entry is lost";
@@ -43,6 +45,30 @@ class Battlefield {
     int size() const { return before.size(); }
 
   private:
+    Installation load() const {
+        Installation found;
+        QString error;
+        EXPECT_TRUE(Installation::load(folder, found, error)) << error.toStdString();
+        return found;
+    }
+
+    /// Whoever wrote last, it was its last settings: those that it had told of, or later ones.
+    void surveySettings(const QString& found) {
+        const auto writer =
+            lastSettings.constFind(found.section(QLatin1Char(' '), 0, 0).toLongLong());
+        const auto told = [](int last) { return last >= 0; };
+        if (writer != lastSettings.constEnd()) {
+            EXPECT_GE(found.section(QLatin1Char(' '), 1).toInt(), *writer)
+                << "acknowledged settings are lost";
+        } else {
+            EXPECT_EQ(found.toStdString(), settings.toStdString());
+            EXPECT_TRUE(std::none_of(lastSettings.begin(), lastSettings.end(), told))
+                << "acknowledged settings are lost";
+        }
+        settings = found;
+        lastSettings.clear();
+    }
+
     void surveyFolders(int kills) const {
         EXPECT_LE(filesIn(folder).size(), 4 + 2) << "the lock, and one unfinished file";
         const QDir made(projects);
@@ -55,7 +81,8 @@ class Battlefield {
     const QString projects;
     QSet<QString> acknowledged;
     QSet<QString> before;
-    bool settings = false;
+    QString settings;                ///< As they were found last.
+    QMap<qint64, int> lastSettings;  ///< By writer since then, the last it told of; -1 for none.
 };
 
 /// @return how many processes are to be killed: NEWPRO_KILLS, or as many as take a few seconds.
@@ -92,7 +119,7 @@ TEST(Kills, LoseNothingThatWasThereBefore) {
         Writer b(creating("乙"));
         for (Writer* writer : {&a, &b}) {
             killAtRandom(*writer, random);
-            field.note(writer->lines());
+            field.note(*writer);
             ++kills;
         }
         SCOPED_TRACE(kills);

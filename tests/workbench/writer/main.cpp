@@ -1,6 +1,8 @@
 /// workspaceWriter [die=BYTES] MODE ARGUMENT...
-///   create FOLDER TITLE [COUNT]   makes projects, and writes the settings after each
+///   create FOLDER TITLE [COUNT]   makes projects, and writes its process id and a growing number
+///                                 to the settings after each
 ///   history FOLDER PREFIX COUNT   adds entries to the history list
+///   download FOLDER FILE          fetches a file of the personal cloud disk's top level
 ///   copy SOURCE TARGET            copies a folder
 ///   lock FILE                     holds a lock until it is killed
 /// What is done for good is told line by line. "die=BYTES" kills the process at the first write
@@ -9,8 +11,10 @@
 #include <cstdio>
 #include <limits>
 
+#include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/ProjectStore.h"
+#include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/scenario/TemporaryCopy.h"
 
 #ifdef Q_OS_UNIX
@@ -50,10 +54,12 @@ int create(const QString& title, int count) {
     QObject::connect(&store, &workbench::ProjectStore::failed,
                      [&failure](const QString& reason) { failure = reason; });
     workbench::Installation& installation = Host::instance().installation();
+    // Nobody else writes these settings, before or after.
+    const qint64 own = QCoreApplication::applicationPid();
     for (int i = 0; i < count; ++i) {
         store.createFromModel(4, 95, QVariantMap{{QStringLiteral("m_strProjectType"), title}});
         if (failure.isEmpty()) {
-            installation.systemSettings.modelName = QStringLiteral("%1 %2").arg(title).arg(i);
+            installation.systemSettings.modelName = QStringLiteral("%1 %2").arg(own).arg(i);
             failure = installation.saveSystemSettings();
         }
         if (!failure.isEmpty()) return failed(failure);
@@ -69,6 +75,15 @@ int addHistory(const QString& prefix, int count) {
         if (!error.isEmpty()) return failed(error);
         tell(QStringLiteral("entry ") + entry);
     }
+    return 0;
+}
+
+int download(const QString& file) {
+    workbench::CloudBrowser browser([] { return true; });
+    workbench::FileAnswer answer;
+    if (!browser.goTo(workbench::PersonalPlace) || !browser.download(file, answer))
+        return failed(browser.error());
+    tell(QStringLiteral("file ") + answer.path);
     return 0;
 }
 
@@ -88,6 +103,7 @@ int run(QStringList words) {
     }
     const QString error = Host::instance().loadInstallation(words.value(1));
     if (!error.isEmpty()) return failed(error);
+    if (mode == QLatin1String("download")) return download(words.value(2));
     bool counted = false;
     int count = words.value(3).toInt(&counted);
     if (!counted) count = std::numeric_limits<int>::max();
