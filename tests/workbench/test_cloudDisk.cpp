@@ -7,9 +7,15 @@
 
 #include "fileDialog.h"
 #include "tests/support/TestSupport.h"
+#include "tests/workbench/Writer.h"
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/fileDialog/CloudBrowser.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
+
+#ifdef Q_OS_LINUX
+#include <sys/inotify.h>
+#include <unistd.h>
+#endif
 
 using namespace testing_support;
 
@@ -198,6 +204,47 @@ TEST_F(CloudDisk, OnlyACurrentCopyThatTheCallerKnowsOfIsKept) {
         EXPECT_EQ(code(answer), 0) << each.title;
         EXPECT_EQ(content(copy), each.expected) << each.title;
     }
+}
+
+#ifdef Q_OS_LINUX
+
+TEST_F(CloudDisk, TheEarlierCopyHasItsNameUntilTheNewOneTakesIt) {
+    put(personal, "a.GCFX", "new");
+    const QString copy = host.write(utf("Downloads/个人云盘/a.GCFX"), "old");
+    const int watch = inotify_init1(IN_NONBLOCK);
+    const QByteArray folder = QFile::encodeName(QFileInfo(copy).path());
+    ASSERT_GE(inotify_add_watch(watch, folder.constData(), IN_DELETE | IN_MOVED_TO), 0);
+    const QJsonObject answer = zFileDialog::downLoadYunpanFile(
+        utf("a.GCFX"), utf("个人云盘/a.GCFX"), copy, QStringLiteral("0"));
+    EXPECT_EQ(code(answer), 0);
+    EXPECT_EQ(content(copy), "new");
+    alignas(inotify_event) char events[4096];
+    ASSERT_GT(read(watch, events, sizeof events), 0);
+    close(watch);
+    EXPECT_EQ(reinterpret_cast<const inotify_event*>(events)->mask, IN_MOVED_TO)
+        << "the earlier copy was removed first";
+}
+
+#endif
+
+TEST_F(CloudDisk, TwoWorkbenchesFetchTheSameFileAtTheSameTime) {
+    const QByteArray disk = QByteArray(100000, 'x') + "end";
+    put(personal, "a.GCFX", disk);
+    int others = 0;
+    const auto another = [&](qint64, qint64) {
+        if (others++ > 0) return true;
+        Writer writer({QStringLiteral("download"), host.folder(), utf("a.GCFX")});
+        EXPECT_TRUE(writer.finish());
+        EXPECT_EQ(content(downloads("个人云盘/a.GCFX")), disk) << "of the other";
+        return true;
+    };
+    workbench::CloudBrowser browser([] { return true; }, another);
+    ASSERT_TRUE(browser.goTo(workbench::PersonalPlace));
+    workbench::FileAnswer answer;
+    ASSERT_TRUE(browser.download(utf("a.GCFX"), answer)) << browser.error().toStdString();
+    EXPECT_GT(others, 1);
+    EXPECT_EQ(content(answer.path), disk);
+    EXPECT_EQ(filesIn(QFileInfo(answer.path).path()), QStringList{utf("a.GCFX")});
 }
 
 TEST_F(CloudDisk, ADownloadNeverReadsOrWritesOutsideItsFolders) {

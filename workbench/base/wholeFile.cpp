@@ -109,6 +109,12 @@ QString makeFile(const QString& path, const QByteArray& content) {
     return textOf(failure);
 }
 
+QString putInPlace(const QString& from, const QString& to) {
+    std::error_code failure;
+    fs::rename(pathOf(from), pathOf(to), failure);
+    return textOf(failure);
+}
+
 QString replaceFile(const QString& path, const QByteArray& content) {
     QFile old(realPath(path));
     // Only the folder's permission is needed, but who takes the file's away means something by it.
@@ -118,10 +124,9 @@ QString replaceFile(const QString& path, const QByteArray& content) {
     const QString reason = prepare(part, content);
     if (!reason.isEmpty()) return reason;
     if (old.exists()) QFile::setPermissions(part, old.permissions());
-    std::error_code failure;
-    fs::rename(pathOf(part), pathOf(old.fileName()), failure);
-    if (failure) QFile::remove(part);
-    return textOf(failure);
+    const QString refusal = putInPlace(part, old.fileName());
+    if (!refusal.isEmpty()) QFile::remove(part);
+    return refusal;
 }
 
 }  // namespace workbench

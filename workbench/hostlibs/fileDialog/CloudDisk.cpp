@@ -1,5 +1,6 @@
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QEventLoop>
@@ -137,17 +138,22 @@ QString copyInParts(QFile& from, QFile& to, const Progress& progress) {
     return {};
 }
 
+/// @return a file beside the target that belongs to this download alone: another workbench may be
+///         fetching the same file.
+QString unfinished(const QString& target) {
+    static int downloads = 0;
+    return QFileInfo(target).absoluteDir().filePath(QStringLiteral(".newpro-workbench-%1-%2.part")
+                                                        .arg(QCoreApplication::applicationPid())
+                                                        .arg(++downloads));
+}
+
 /// The earlier copy stays until the new one is whole. @return empty, or the reason.
 QString copied(const QString& from, const QString& to, const Progress& progress) {
     QFile source(from);
-    QFile part(to + QStringLiteral(".part"));
-    part.remove();
+    QFile part(unfinished(to));
     QString reason = copyInParts(source, part, progress);
     part.close();
-    if (reason.isEmpty()) {
-        QFile::remove(to);
-        if (!part.rename(to)) reason = part.errorString();
-    }
+    if (reason.isEmpty()) reason = putInPlace(part.fileName(), to);
     if (!reason.isEmpty()) part.remove();
     return reason;
 }
