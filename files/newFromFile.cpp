@@ -36,6 +36,13 @@ bool logIn(FirstPagePlugin& firstPage) {
     return account->IsLogin();
 }
 
+/// @return whether the account is logged in and the dialog is still there for the flow. While the
+///         user was asked, another creation may have closed it: it takes no input since.
+bool logInWithin(const Part<QWidget>& dialog, FirstPagePlugin& firstPage) {
+    const bool listened = dialog->isEnabled();
+    return logIn(firstPage) && dialog && !(listened && !dialog->isEnabled());
+}
+
 /// @return whether the flow takes the file; the user is told why not.
 bool accepted(FileFlow flow, const QString& file) {
     const Verdict verdict = judge(flow, factsOf(file));
@@ -83,7 +90,7 @@ void run(CreationDialog& dialog, const FilePage& page, const Part<QWidget>& show
     if (!fromTemplate) {
         file = page.path();
         page.select(file);
-        if (isCloudPath(file) && (!logIn(*firstPage) || !alive)) return;
+        if (isCloudPath(file) && !logInWithin(alive, *firstPage)) return;
         if (!accepted(flow, file)) return;
     }
     const QVariantMap values = valuesOf(traits, page, file, fromTemplate);

@@ -1,6 +1,7 @@
 #include <QWindow>
 
 #include "tests/dialog/DialogFixture.h"
+#include "workbench/hostlibs/osgi/LoginHook.h"
 
 namespace {
 
@@ -8,6 +9,17 @@ using namespace dialog_tests;
 using workbench::FirstPage;
 
 const QString counted = QStringLiteral("定额计价【四川2000定额】");
+
+/// The log-in window, until the end of the scope.
+class LoginWindowOfScope {
+  public:
+    explicit LoginWindowOfScope(std::function<bool()> window) {
+        workbench::setLoginWindow(std::move(window));
+    }
+    ~LoginWindowOfScope() { workbench::setLoginWindow({}); }
+    LoginWindowOfScope(const LoginWindowOfScope&) = delete;
+    LoginWindowOfScope& operator=(const LoginWindowOfScope&) = delete;
+};
 
 class Create : public DialogTest {
   protected:
@@ -244,6 +256,22 @@ TEST_F(Create, TheSecondClickOfADoubleClickAsksForNoSecondProject) {
     settle();
     click(create);
     EXPECT_EQ(countOf("SignalCreatePro"), 2);
+}
+
+TEST_F(Create, AFlowThatWaitsForTheLogInAsksForNothingOnceAnotherHasClosedTheDialog) {
+    const LoginWindowOfScope login([this] {
+        host.switches().account.loggedIn = true;
+        click(child<zBaseButton>(find<QWidget>("auditPage"), "newButton"));
+        return true;
+    });
+    open();
+    pick(QStringLiteral("审核工程"));
+    child<QComboBox>(find<QWidget>("auditPage"), "fileCombo")
+        ->setEditText(QStringLiteral("个人云盘/练习/甲.GCF"));
+    click(child<zBaseButton>(find<QWidget>("auditPage"), "newButton"));
+    EXPECT_EQ(countOf("FirstPagePlugin::showLogin"), 1);
+    EXPECT_EQ(countOf("Communication::SendMsgToPlugin"), 1);
+    EXPECT_FALSE(dialog->isVisible());
 }
 
 TEST_F(Create, ADialogThatItsHostHadDisabledStaysSo) {
