@@ -42,9 +42,10 @@ QString textOf(const QByteArray& utf8) {
 }
 
 QByteArray takeLine(QByteArray& text) {
-    const int end = text.indexOf('\n');
+    // The last line need not end.
+    const int end = text.contains('\n') ? text.indexOf('\n') : text.size();
     const QByteArray line = text.left(end);
-    text = end < 0 ? QByteArray() : text.mid(end + 1);
+    text.remove(0, end + 1);
     return line;
 }
 

@@ -2,6 +2,7 @@
 #include <QFile>
 #include <ostream>
 
+#include "fuzz/support.h"
 #include "fuzz/targets.h"
 #include "tests/support/TestSupport.h"
 
@@ -41,6 +42,15 @@ TEST_P(Corpus, KeepsItsPromises) {
 
 INSTANTIATE_TEST_SUITE_P(Targets, Corpus, testing::ValuesIn(fuzzing::targets()),
                          [](const auto& info) { return info.param.name; });
+
+TEST(FuzzInput, IsTakenLineByLineAndTheLastOneNeedNotEnd) {
+    QByteArray text = "first\n\nlast";
+    for (const char* line : {"first", "", "last", ""})
+        EXPECT_EQ(fuzzing::takeLine(text).toStdString(), line);
+    text = "ended\n";
+    EXPECT_EQ(fuzzing::takeLine(text).toStdString(), "ended");
+    EXPECT_TRUE(text.isEmpty());
+}
 
 TEST(FuzzTargets, AreFoundByTheirNames) {
     for (const Target& target : fuzzing::targets()) {
