@@ -7,7 +7,7 @@ test_packages=(clang libgtest-dev librapidcheck-dev libvalijson-dev binutils dpk
                at-spi2-core dbus gir1.2-atspi-2.0 python3-gi xvfb)
 qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
-bench_packages=(libbenchmark-dev)
+bench_packages=(libbenchmark-dev libxdamage-dev libxtst-dev)
 tools_packages=(gcovr python3)
 fuzz_packages=(libclang-rt-14-dev)
 
