@@ -66,10 +66,15 @@ NewProCfgDialog::~NewProCfgDialog() {
 }
 
 void NewProCfgDialog::showEvent(QShowEvent* event) {
-    operate(d, [this, event](Parts& parts) {
+    const std::shared_ptr<Parts> held = d;
+    const bool spontaneous = event->spontaneous();
+    operate(held, [this, event](Parts&) {
         listenAgain();
         zBaseModal::showEvent(event);
-        if (!event->spontaneous()) parts.focusPage();
+    });
+    // Also after an exception: the dialog is on the screen, and its keys would lead nowhere.
+    operate(held, [spontaneous](Parts& parts) {
+        if (!spontaneous) parts.focusPage();
     });
 }
 

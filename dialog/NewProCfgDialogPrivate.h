@@ -129,10 +129,14 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
 template <typename Close>
 void NewProCfgDialogPrivate::deafWhile(const Close& close) {
     const bool enabled = q->isEnabled();
+    const QPointer<QWidget> focused(q->focusWidget());
     if (enabled) q->setEnabled(false);
     deaf = deaf || enabled;
-    newpro::withEnd(close, [this] {
-        if (q && q->isVisible()) q->listenAgain();
+    newpro::withEnd(close, [this, &focused] {
+        if (!q || !q->isVisible()) return;
+        q->listenAgain();
+        // It went when the dialog was disabled, and every key with it.
+        if (focused && !q->focusWidget()) focused->setFocus();
     });
 }
 

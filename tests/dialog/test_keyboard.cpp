@@ -393,6 +393,28 @@ TEST_F(Keyboard, ReturnInAnEmptyFieldDoesWhatTheNewButtonDoes) {
     }
 }
 
+TEST_F(Keyboard, ADialogThatStaysOpenAfterAllKeepsItsFocus) {
+    struct Refusing : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() != QEvent::Close) return false;
+            event->ignore();
+            return true;
+        }
+    } refusing;
+    const QString file = host.write(QStringLiteral("甲.GCFX"));
+    open();
+    pick(auditLabel);
+    auto* page = find<QWidget>("auditPage");
+    page->findChild<QComboBox*>()->setCurrentText(file);
+    auto* create = child<zBaseButton>(page, "newButton");
+    create->setFocus();
+    dialog->installEventFilter(&refusing);
+    key(Qt::Key_Space);
+    EXPECT_EQ(countOf("Communication::SendMsgToPlugin"), 1);
+    ASSERT_TRUE(dialog->isVisible());
+    EXPECT_EQ(focused(), create);
+}
+
 TEST_F(Keyboard, AFilePageTakesTheFocusIntoItsField) {
     open();
     pick(auditLabel);
