@@ -70,13 +70,17 @@ void runEventLoop() {
     loop.exec();
 }
 
-/// A user who goes to each kind while the host is asked something, and back to where it was.
-void pickKinds(const QWidget* dialog) {
-    if (!dialog->isVisible() || !dialog->isEnabled()) return;
+QVector<QPointer<QAbstractButton>> kindEntries(const QWidget* dialog) {
     QVector<QPointer<QAbstractButton>> entries;
     for (auto* button : dialog->findChildren<QAbstractButton*>(QStringLiteral("curText"))) {
         if (button->text().endsWith(QStringLiteral("工程"))) entries.append(button);
     }
+    return entries;
+}
+
+/// A user who goes to each kind while the host is asked something, and back to where it was.
+void pickKinds(const QWidget* dialog) {
+    QVector<QPointer<QAbstractButton>> entries = kindEntries(dialog);
     const auto isChecked = [](const QPointer<QAbstractButton>& entry) {
         return entry->isChecked();
     };
@@ -90,29 +94,58 @@ void pickKinds(const QWidget* dialog) {
 void openSecondDialog(const Stage& stage) {
     NewProCfgDialog* second =
         workbench::makeHostDialog(stage.setup, *stage.store, stage.mainWindow);
+    // No step is played in it.
+    second->setProperty(workbench::goesByItselfProperty, true);
     workbench::showHostDialog(second);
     runEventLoop();
     second->close();
     delete second;
 }
 
-void deleteCards(const QWidget* dialog) {
-    QVector<QPointer<QWidget>> cards;
+using Widgets = QVector<QPointer<QWidget>>;
+
+Widgets cardsOf(const QWidget* dialog) {
+    Widgets cards;
     for (QWidget* widget : dialog->findChildren<QWidget*>()) {
         if (widget->inherits("ProModelItemForm") || widget->inherits("TemplateProListItem"))
             cards.append(widget);
     }
-    for (const QPointer<QWidget>& card : cards) delete card;
+    return cards;
 }
 
-void deletePages(const QWidget* dialog) {
+Widgets shownPagesOf(const QWidget* dialog) {
+    Widgets pages;
     for (const char* name : {"stackedWidget", "m_StackedWidget"}) {
-        if (auto* stack = dialog->findChild<QStackedWidget*>(QLatin1String(name)))
-            delete stack->currentWidget();
+        auto* stack = dialog->findChild<QStackedWidget*>(QLatin1String(name));
+        if (stack && stack->currentWidget()) pages.append(stack->currentWidget());
     }
+    return pages;
+}
+
+void deleteAll(const Widgets& widgets) {
+    for (const QPointer<QWidget>& widget : widgets) delete widget;
 }
 
 }  // namespace
+
+bool canAct(Action action, const Stage& stage) {
+    if (action < Action::PickKinds) return true;
+    // A dialog that is being made cannot be taken away: it is nobody's yet.
+    const QWidget* dialog = stage.dialog;
+    if (!dialog) return false;
+    switch (action) {
+        case Action::PickKinds:
+            return dialog->isVisible() && dialog->isEnabled() && !kindEntries(dialog).isEmpty();
+        case Action::DeleteParent:
+            return stage.mainWindow;
+        case Action::DeleteCards:
+            return !cardsOf(dialog).isEmpty();
+        case Action::DeletePages:
+            return !shownPagesOf(dialog).isEmpty();
+        default:
+            return true;
+    }
+}
 
 void act(Action action, Stage& stage) {
     switch (action) {
@@ -129,21 +162,17 @@ void act(Action action, Stage& stage) {
         case Action::OpenSecondDialog:
             return openSecondDialog(stage);
         case Action::PickKinds:
-            if (stage.dialog) pickKinds(stage.dialog);
-            return;
+            return pickKinds(stage.dialog);
         case Action::DeleteDialog:
             delete stage.dialog;
             return;
         case Action::DeleteParent:
-            // A dialog that is being made cannot be taken away: it is nobody's yet.
-            if (stage.dialog) delete stage.mainWindow;
+            delete stage.mainWindow;
             return;
         case Action::DeleteCards:
-            if (stage.dialog) deleteCards(stage.dialog);
-            return;
+            return deleteAll(cardsOf(stage.dialog));
         case Action::DeletePages:
-            if (stage.dialog) deletePages(stage.dialog);
-            return;
+            return deleteAll(shownPagesOf(stage.dialog));
         default:
             return;
     }

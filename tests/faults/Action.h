@@ -9,7 +9,11 @@ struct Stage;
 
 namespace faults {
 
-/// Does an action that is no exception.
+/// @param stage the running flow's.
+/// @return whether an action that is no exception finds what it needs: a dialog, cards, pages.
+bool canAct(Action action, const workbench::Stage& stage);
+
+/// Does an action that is no exception and that can be done.
 /// @param stage the running flow's.
 void act(Action action, workbench::Stage& stage);
 

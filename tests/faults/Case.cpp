@@ -11,11 +11,6 @@ namespace {
 
 constexpr Action throwing[] = {Action::ThrowLiteral, Action::ThrowString, Action::ThrowStdException,
                                Action::ThrowOther};
-constexpr Action answering[] = {
-    Action::AnswerMissing, Action::AnswerRefusing,   Action::AnswerEmpty, Action::AnswerBroken,
-    Action::RunEventLoop,  Action::OpenSecondDialog, Action::PickKinds,   Action::DeleteDialog,
-    Action::DeleteParent,  Action::DeleteCards,      Action::DeletePages};
-
 QString callerOf(const Place& place) {
     return place.site == 0 ? QStringLiteral("Qt") : enclosing(functionAt(place.site));
 }
@@ -114,6 +109,17 @@ bool takesWindow(int operation) {
     return signature.contains(QLatin1String("QWidget*")) && isService(operation);
 }
 
+bool isSize(int operation) {
+    static const int sizes = [] {
+        int found = operationCount() - 1;
+        while (found >= 0 &&
+               nameOf(found) != QLatin1String("InterfaceAdaptation::getResolutionRatioH"))
+            --found;
+        return found;
+    }();
+    return operation == sizes;
+}
+
 bool isEvent(int operation) {
     const QString name = demangled(operationName(operation));
     return name.contains(QLatin1String("Event(")) || name.contains(QLatin1String("event(")) ||
@@ -123,16 +129,15 @@ bool isEvent(int operation) {
 QVector<Case> casesFor(const QVector<Place>& places, bool quick, int turn) {
     QVector<Case> cases;
     for (const Place& place : quick ? firstAndLastOfEach(places) : places) {
-        const bool service = isService(place.operation);
         if (quick) {
             cases.append({place, throwing[turn % 4]});
-            if (service) cases.append({place, answering[turn % int(std::size(answering))]});
+            if (const int count = place.possible.size())
+                cases.append({place, place.possible[turn % count]});
             ++turn;
             continue;
         }
         for (const Action action : throwing) cases.append({place, action});
-        if (!service) continue;
-        for (const Action action : answering) cases.append({place, action});
+        for (const Action action : place.possible) cases.append({place, action});
     }
     return cases;
 }

@@ -6,17 +6,6 @@
 
 namespace faults {
 
-/// A host call of a flow. Two calls of one operation from one line are told apart by their number.
-struct Place {
-    int operation = 0;
-    quintptr site = 0;  ///< Offset in the module to which the call returns.
-    int nth = 1;        ///< From 1.
-
-    bool sameCall(const Place& other) const {
-        return operation == other.operation && site == other.site;
-    }
-};
-
 /// What happens at the place.
 enum class Action {
     None,
@@ -44,11 +33,34 @@ inline bool throws(Action action) {
     return action >= Action::ThrowLiteral && action <= Action::ThrowOther;
 }
 
+/// @return whether the host answers otherwise from there on.
+inline bool changesAnswers(Action action) {
+    return action >= Action::AnswerMissing && action <= Action::AnswerBroken;
+}
+
+/// @return whether the host only takes its time, which changes nothing.
+inline bool onlyDelays(Action action) {
+    return action == Action::RunEventLoop || action == Action::OpenSecondDialog;
+}
+
 /// @return whether the action takes the dialog or a part of it away, which no user would go on
 /// with.
 inline bool deletes(Action action) {
     return action >= Action::DeleteDialog;
 }
+
+/// A host call of a flow. Two calls of one operation from one line are told apart by their number.
+struct Place {
+    int operation = 0;
+    quintptr site = 0;  ///< Offset in the module to which the call returns.
+    int nth = 1;        ///< From 1.
+    /// What a service can do there beside throwing: there is a dialog to be deleted, or a card.
+    QVector<Action> possible;
+
+    bool sameCall(const Place& other) const {
+        return operation == other.operation && site == other.site;
+    }
+};
 
 struct Case {
     Place place;
@@ -67,6 +79,9 @@ bool isService(int operation);
 QString nameOf(int operation);
 /// @return whether an operation is given a window to open another over.
 bool takesWindow(int operation);
+
+/// @return whether an operation is the one that tells every size.
+bool isSize(int operation);
 
 /// @return whether an operation answers events of Qt's.
 bool isEvent(int operation);

@@ -43,17 +43,19 @@ bool calledByModule(int operation, const void* site) {
     return false;
 }
 
+/// @return the module's functions that are running, the innermost first.
+QStringList functionsOnStack() {
+    QStringList functions;
+    for (const void* address : callers()) {
+        if (inModule(address)) functions.append(functionAt(offsetOf(address)));
+    }
+    return functions;
+}
+
 /// Every size goes to the host through one function: it is its caller that tells the place.
 const void* placeOf(int operation, const void* site, const void* const* frame) {
 #ifdef FRAMES_ON_STACK
-    static const int sizes = [] {
-        int found = operationCount() - 1;
-        while (found >= 0 &&
-               nameOf(found) != QLatin1String("InterfaceAdaptation::getResolutionRatioH"))
-            --found;
-        return found;
-    }();
-    if (operation == sizes && frame) return frame[1];
+    if (isSize(operation) && frame) return frame[1];
 #else
     Q_UNUSED(operation)
     Q_UNUSED(frame)
@@ -63,8 +65,9 @@ const void* placeOf(int operation, const void* site, const void* const* frame) {
 
 }  // namespace
 
-PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act)
-    : wanted(wanted), act(std::move(act)) {
+PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act,
+                       std::function<bool(Action, const QStringList&)> canAct)
+    : wanted(wanted), act(std::move(act)), canAct(std::move(canAct)) {
     watch = this;
     setPlaceListener(&PlaceWatch::reached);
 }
@@ -81,19 +84,28 @@ void PlaceWatch::reached(int operation, const void* site, const void* const* fra
 
 void PlaceWatch::note(int operation, const void* site) {
     // Where Qt stands in between, the operation alone tells the place.
-    Place place{operation, inModule(site) ? offsetOf(site) : 0, 1};
+    Place place{operation, inModule(site) ? offsetOf(site) : 0, 1, {}};
     place.nth = ++times[{place.operation, place.site}];
+    if (wanted.action == Action::None) place.possible = possibleAt(operation);
     seen.append(place);
     if (hasFired || wanted.action == Action::None) return;
     if (!place.sameCall(wanted.place) || place.nth != wanted.place.nth) return;
     fire();
 }
 
+QVector<Action> PlaceWatch::possibleAt(int operation) const {
+    QVector<Action> possible;
+    if (!isService(operation)) return possible;
+    const QStringList stack = functionsOnStack();
+    for (int i = int(Action::AnswerMissing); i <= int(Action::DeletePages); ++i) {
+        if (canAct(Action(i), stack)) possible.append(Action(i));
+    }
+    return possible;
+}
+
 void PlaceWatch::fire() {
     hasFired = true;
-    for (const void* address : callers()) {
-        if (inModule(address)) frames.append(functionAt(offsetOf(address)));
-    }
+    frames = functionsOnStack();
     {
         // What the action does itself is no call of this run.
         const QScopedValueRollback<bool> quiet(counting, false);

@@ -14,7 +14,10 @@ class PlaceWatch {
   public:
     /// @param wanted what to do at which place; Action::None only records.
     /// @param act    called there, before an exception is thrown; does what is no exception.
-    PlaceWatch(const Case& wanted, std::function<void()> act);
+    /// @param canAct whether an action can be done, with the module's functions on the stack; where
+    ///               the watch only records, each service is noted with what it can do.
+    PlaceWatch(const Case& wanted, std::function<void()> act,
+               std::function<bool(Action, const QStringList&)> canAct);
     ~PlaceWatch();
     PlaceWatch(const PlaceWatch&) = delete;
     PlaceWatch& operator=(const PlaceWatch&) = delete;
@@ -30,10 +33,12 @@ class PlaceWatch {
   private:
     static void reached(int operation, const void* site, const void* const* frame);
     void note(int operation, const void* site);
+    QVector<Action> possibleAt(int operation) const;
     void fire();
 
     const Case wanted;
     const std::function<void()> act;
+    const std::function<bool(Action, const QStringList&)> canAct;
     QVector<Place> seen;
     QHash<QPair<int, quintptr>, int> times;  ///< Of each call, so far.
     QStringList frames;

@@ -49,7 +49,6 @@ bool beginsWithDialog(const Scenario& flow) {
     return flow.steps[0].verb == QLatin1String("open") && flow.steps[0].args.isEmpty();
 }
 
-/// A window cannot be taken away while its constructor runs: it is nobody's yet.
 bool makesImportDialog(const QStringList& stack) {
     return std::any_of(stack.begin(), stack.end(), [](const QString& function) {
         return function.contains(QLatin1String("importExcelSelFile::importExcelSelFile("));
@@ -61,9 +60,7 @@ QString messageOf(QJsonObject entry, const QString& folder) {
     return QString::fromUtf8(Journal::line(entry)).replace(folder, QLatin1String("{installation}"));
 }
 
-Record recordOf(const QString& ended, const QString& folder) {
-    Record record;
-    record.ended = ended;
+void noteJournal(Record& record, const QString& folder) {
     for (const QJsonObject& entry : Journal::instance().entries()) {
         const QString kind = entry.value(QLatin1String("kind")).toString();
         const QString name = entry.value(QLatin1String("name")).toString();
@@ -78,7 +75,6 @@ Record recordOf(const QString& ended, const QString& folder) {
                                   QLatin1Char('|') + args[3].toString());
         }
     }
-    return record;
 }
 
 /// Looks at the module's windows as soon as they have been shown.
@@ -108,10 +104,16 @@ class Looker : public QObject {
 class Run {
   public:
     Run(const Scenario& flow, const Case& wanted)
-        : flow(flow), wanted(wanted), copy(flow.installation), watch(wanted, [this] {
-              options.stepLimit = patienceAfterFault;
-              actOrWait();
-          }) {
+        : flow(flow),
+          wanted(wanted),
+          copy(flow.installation),
+          watch(
+              wanted, [this] { actOrWait(); },
+              [this](Action action, const QStringList& stack) {
+                  // A window cannot be taken away while its constructor runs: it is nobody's yet.
+                  return canAct(action, stage) &&
+                         !(action == Action::DeleteParent && makesImportDialog(stack));
+              }) {
         options.leaveDialog = true;
         warnings = &outcome.warnings;
         qInstallMessageHandler(keepWarning);
@@ -137,6 +139,7 @@ class Run {
         if (outcome.dialogLeft) stage.dialog->grab();
         watch.count(false);
         restoreHost();
+        if (outcome.dialogLeft && deletes(wanted.action)) goOn();
         outcome.again = playOnce(secondTry(), [] {});
         // The end of the dialog belongs to the flow as well.
         watch.count(fromTheStart);
@@ -160,18 +163,21 @@ class Run {
   private:
     /// A window that an operation was given must not go before the operation has used it.
     void actOrWait() {
-        if (wanted.action == Action::DeleteParent && makesImportDialog(watch.stack())) return;
-        if (!deletes(wanted.action) || !takesWindow(wanted.place.operation)) {
-            act(wanted.action, stage);
-            return;
-        }
+        if (!onlyDelays(wanted.action)) options.stepLimit = patienceAfterFault;
+        if (!deletes(wanted.action) || !takesWindow(wanted.place.operation)) return actNow();
         const QString name = nameOf(wanted.place.operation);
         atItsEnd = QObject::connect(&Journal::instance(), &Journal::recorded,
                                     [this, name](const QJsonObject& entry) {
                                         if (entry.value(QLatin1String("name")) != name) return;
                                         QObject::disconnect(atItsEnd);
-                                        act(wanted.action, stage);
+                                        actNow();
                                     });
+    }
+
+    void actNow() {
+        if (!canAct(wanted.action, stage)) return;
+        outcome.acted = true;
+        act(wanted.action, stage);
     }
 
     void prepareHost() {
@@ -206,6 +212,22 @@ class Run {
         stage.setup = flow.dialog;
     }
 
+    /// A user who works on in a dialog that has lost a part of itself.
+    void goOn() {
+        Scenario further = flow;
+        further.steps = {
+            {QStringLiteral("ribbon"), {{QStringLiteral("entry"), QStringLiteral("总承包工程")}}},
+            {QStringLiteral("ribbon"), {{QStringLiteral("entry"), QStringLiteral("预算工程")}}},
+            {QStringLiteral("taxMode"), {{QStringLiteral("entry"), QStringLiteral("简易计税")}}},
+            {QStringLiteral("taxMode"), {{QStringLiteral("entry"), QStringLiteral("一般计税")}}}};
+        // With its pages went what the tax modes belong to: then they need not be waited for.
+        outcome.goneOn = playOnce(
+            further, [] {}, wanted.action == Action::DeletePages ? patienceAfterFault : patience);
+        if (!stage.dialog || wanted.action == Action::DeletePages) return;
+        // Everything has been loaded anew.
+        outcome.broken += brokenPromises(stage.dialog);
+    }
+
     /// In the dialog itself where it is still open.
     Scenario secondTry() {
         Scenario again = flow;
@@ -217,17 +239,22 @@ class Run {
         return again;
     }
 
-    Record playOnce(const Scenario& scenario, const std::function<void()>& opened) {
+    Record playOnce(const Scenario& scenario, const std::function<void()>& opened,
+                    int stepLimit = patience) {
         Journal::instance().clear();
-        options.stepLimit = patience;
+        options.stepLimit = stepLimit;
         Player player(scenario, options, stage);
+        Record record;
         const auto watchDialog = stage.opened;
         stage.opened = [&](NewProCfgDialog* dialog) {
             watchDialog(dialog);
+            record.openedAt = player.stepNumber();
+            QObject::connect(dialog, &QDialog::finished, &player,
+                             [&] { record.closedAt = player.stepNumber(); });
             opened();
         };
-        const QString ended = player.run();
-        const Record record = recordOf(ended, copy.folder());
+        record.ended = player.run();
+        noteJournal(record, copy.folder());
         stage.opened = nullptr;
         return record;
     }

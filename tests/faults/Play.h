@@ -14,15 +14,19 @@ struct Record {
     QStringList messages;  ///< Signals and messages, in order, the installation's folder left out.
     QStringList boxes;
     QStringList reports;  ///< "source|function|text" of each exception reported.
+    int openedAt = -1;    ///< The step at which the dialog was made; -1 if none was.
+    int closedAt = -1;    ///< The step at which it closed; -1 if it did not.
 };
 
 /// What a case came to.
 struct Outcome {
     QVector<Place> places;
     bool fired = false;
-    QStringList stack;  ///< Of the action, by function.
+    bool acted = false;  ///< The action found what it needed, or it was an exception.
+    QStringList stack;   ///< Of the action, by function.
     Record faulty;
     bool dialogLeft = false;  ///< The dialog was open after the faulty play, and was used on.
+    Record goneOn;            ///< What came of using it on, where a part of it was deleted.
     Record again;             ///< The second try, without a fault.
     QStringList broken;       ///< Promises that its windows did not keep after the fault.
     QStringList warnings;     ///< Of Qt, from both.

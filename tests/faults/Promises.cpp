@@ -22,7 +22,7 @@ bool answersClicks(const QAbstractButton* button) {
         QMetaMethod::fromSignal(&QAbstractButton::clicked));
 }
 
-QString nameOf(const QWidget* widget) {
+QString nameOfWidget(const QWidget* widget) {
     return QStringLiteral("%1 \"%2\"")
         .arg(QLatin1String(widget->metaObject()->className()), widget->objectName());
 }
@@ -41,7 +41,7 @@ void lookAtButtons(const QWidget* window, QStringList& broken) {
     for (const auto* button : window->findChildren<QAbstractButton*>()) {
         if (!canBeReached(button, window)) continue;
         if (!answersClicks(button))
-            broken += QStringLiteral("dead: %1 \"%2\"").arg(nameOf(button), button->text());
+            broken += QStringLiteral("dead: %1 \"%2\"").arg(nameOfWidget(button), button->text());
     }
 }
 
@@ -53,7 +53,8 @@ void lookAtPages(const QWidget* window, QStringList& broken) {
     if (!stack) return;
     for (int page = 0; page < qMin(stack->count(), order.size()); ++page) {
         if (stack->widget(page)->objectName() != order[page])
-            broken += QStringLiteral("page %1 is %2").arg(page).arg(nameOf(stack->widget(page)));
+            broken +=
+                QStringLiteral("page %1 is %2").arg(page).arg(nameOfWidget(stack->widget(page)));
     }
 }
 
@@ -63,7 +64,7 @@ void lookForLoosePages(const QWidget* window, QStringList& broken) {
         const auto children = stack->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
         for (QWidget* child : children) {
             if (!child->isHidden() && stack->indexOf(child) < 0)
-                broken += QStringLiteral("loose: ") + nameOf(child);
+                broken += QStringLiteral("loose: ") + nameOfWidget(child);
         }
     }
 }
@@ -78,7 +79,7 @@ void lookAtCards(const QWidget* window, QStringList& broken) {
             if (title && !title->text().isEmpty()) titles += title->text();
         }
         if (titles.removeDuplicates() > 0)
-            broken += QStringLiteral("cards twice in ") + nameOf(list);
+            broken += QStringLiteral("cards twice in ") + nameOfWidget(list);
     }
 }
 

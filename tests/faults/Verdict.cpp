@@ -82,41 +82,117 @@ void judgeThrow(Action action, const Outcome& outcome, QStringList& faults) {
 #endif
 }
 
-/// Whatever happens, nothing is sent or said that would not have been without a fault, nor twice.
-void judgeMessages(const QStringList& found, QStringList allowed, const char* what,
-                   QStringList& faults) {
+/// What may differ between a message and the one that is sent without a fault.
+struct Allowance {
+    QRegularExpression what;
+    QString instead;
+};
+
+/// @return the allowances of an action. Most have none: what a service answers decides whether a
+///         message is sent, and not what it says.
+QVector<Allowance> allowancesOf(Action action, const QStringList& stack) {
+    // Where the import dialog gets no configuration, the import goes to another plug-in.
+    static const QVector<Allowance> otherPlugIn = {
+        {QRegularExpression(QStringLiteral("\\[(4|16),107,(.*)\"client_pid\":\\1,")),
+         QStringLiteral("[?,107,\\2\"client_pid\":?,")}};
+    // The pricing model, which is then missing from the import dialog's list.
+    static const QVector<Allowance> noModel = {
+        {QRegularExpression(QStringLiteral("\"jjms\":\"[^\"]*\"")), QStringLiteral("\"jjms\":?")}};
+    // A plug-in that is not loaded is not named as the client of a page's data.
+    static const QVector<Allowance> noClient = {
+        {QRegularExpression(QStringLiteral("(\"apptype\":[^,}]*),\"client_pid\":\\d+")),
+         QStringLiteral("\\1")}};
+    const bool choosing = std::any_of(stack.begin(), stack.end(), [](const QString& function) {
+        return function.contains(QLatin1String("importExcelSelFile::loadJjms"));
+    });
+    if (action == Action::AnswerRefusing) return noClient;
+    if (action == Action::AnswerMissing || (choosing && !changesAnswers(action)))
+        return otherPlugIn + noModel;
+    return {};
+}
+
+QString allowing(QString message, const QVector<Allowance>& allowances) {
+    for (const Allowance& one : allowances) message.replace(one.what, one.instead);
+    return message;
+}
+
+/// Whatever happens, nothing is sent that would not have been without a fault, nor twice.
+void judgeMessages(const QStringList& found, const QStringList& reference,
+                   const QVector<Allowance>& allowances, const char* what, QStringList& faults) {
+    QStringList allowed;
+    for (const QString& message : reference) allowed += allowing(message, allowances);
     for (const QString& message : found) {
-        if (!allowed.removeOne(message)) faults += QLatin1String(what) + message;
+        if (!allowed.removeOne(allowing(message, allowances)))
+            faults += QLatin1String(what) + message;
     }
 }
 
-bool changesAnswers(Action action) {
-    return action >= Action::AnswerMissing && action <= Action::AnswerBroken;
-}
-
-bool whileChoosing(const QStringList& stack) {
-    return std::any_of(stack.begin(), stack.end(), [](const QString& function) {
-        return function.contains(QLatin1String("importExcelSelFile::loadJjms"));
+bool walksCloudDisk(const Outcome& reference) {
+    return std::any_of(reference.places.begin(), reference.places.end(), [](const Place& place) {
+        return faults::nameOf(place.operation).startsWith(QLatin1String("zFileDialog::Load"));
     });
 }
 
-/// Where the import dialog was kept from asking for the configuration, the import goes to the
-/// budget's plug-in; where there is none, to the other.
-QStringList orToBudget(const QStringList& messages) {
-    QStringList both = messages;
-    for (QString message : messages) {
-        message.replace(QLatin1String("[16,107"), QLatin1String("[4,107"));
-        message.replace(QLatin1String("\"client_pid\":16"), QLatin1String("\"client_pid\":4"));
-        both += message;
-    }
-    return both;
+/// Nor is anything said. But a walk through a cloud disk that answers otherwise ends with one box:
+/// that it cannot be reached, or the service's own reason.
+void judgeBoxes(Action action, const QStringList& found, const Outcome& reference,
+                QStringList& faults) {
+    static const QString reasons[] = {QStringLiteral("\"无法连接到原云盘地址\""),
+                                      QStringLiteral("\"云盘服务拒绝了请求，请稍后再试\""),
+                                      QStringLiteral("\"云盘目录不存在或已被移动\"")};
+    const auto isReason = [&](const QString& reason) { return found.value(0).contains(reason); };
+    const bool walkEnded = changesAnswers(action) && action != Action::AnswerMissing &&
+                           walksCloudDisk(reference) && found.size() == 1 &&
+                           std::any_of(std::begin(reasons), std::end(reasons), isReason);
+    if (!walkEnded) judgeMessages(found, reference.faulty.boxes, {}, "said: ", faults);
 }
 
-/// The import dialog's messages without the pricing model, which a fault may have kept from its
-/// list.
-QStringList withoutModel(QStringList messages) {
-    return messages.replaceInStrings(QRegularExpression(QStringLiteral("\"jjms\":\"[^\"]*\"")),
-                                     QStringLiteral("\"jjms\":\"\""));
+/// A host that only takes its time changes nothing.
+void judgeDelay(const Record& played, const Record& reference, QStringList& faults) {
+    if (played.ended != reference.ended) faults += QStringLiteral("ended: ") + played.ended;
+    if (played.messages != reference.messages || played.boxes != reference.boxes)
+        faults += QStringLiteral("sends or says less");
+    if (played.closedAt != reference.closedAt) faults += QStringLiteral("closed elsewhere");
+}
+
+/// The dialog closes where it would have closed without a fault, and nowhere else.
+void judgeDialog(const Outcome& outcome, const Outcome& reference, QStringList& faults) {
+    const Record& played = outcome.faulty;
+    if (played.closedAt >= 0 && played.closedAt != reference.faulty.closedAt)
+        faults += QStringLiteral("the dialog closed at step %1, not %2")
+                      .arg(played.closedAt)
+                      .arg(reference.faulty.closedAt);
+    if (played.closedAt < 0 && played.openedAt >= 0 && !outcome.dialogLeft)
+        faults += QStringLiteral("the dialog has gone without being closed");
+    // Behind a chooser that is not whole there may be none.
+    if (played.openedAt < 0 && reference.faulty.openedAt == 0 && !escaped(played))
+        faults += QStringLiteral("no dialog: ") + played.ended;
+}
+
+void judgeSecondTry(const Record& again, const Record& reference, QStringList& faults) {
+    if (!again.ended.isEmpty() && again.ended != reference.ended)
+        faults += QStringLiteral("second try: ") + again.ended;
+    if (!again.reports.isEmpty())
+        faults += QStringLiteral("second try reports: ") + again.reports.join(QLatin1Char(' '));
+    const auto compare = [&](const char* verb, const QStringList& found,
+                             const QStringList& wanted) {
+        if (found != wanted)
+            faults += QStringLiteral("second try %1 %2, not %3")
+                          .arg(QLatin1String(verb), found.join(QLatin1Char(' ')),
+                               wanted.join(QLatin1Char(' ')));
+    };
+    compare("sends", again.messages, reference.messages);
+    compare("says", again.boxes, reference.boxes);
+}
+
+/// A dialog that has lost its cards is whole again with the next kind; one that has lost its pages
+/// may not have what a step needs, and is only quiet.
+void judgeFurtherUse(Action action, const Record& goneOn, QStringList& faults) {
+    if (!goneOn.ended.isEmpty() && (action == Action::DeleteCards || escaped(goneOn)))
+        faults += QStringLiteral("used on: ") + goneOn.ended;
+    for (const QStringList& said : {goneOn.reports, goneOn.messages, goneOn.boxes}) {
+        if (!said.isEmpty()) faults += QStringLiteral("used on: ") + said.join(QLatin1Char(' '));
+    }
 }
 
 }  // namespace
@@ -127,6 +203,7 @@ QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& ref
         if (isEvent(wanted.place.operation)) return {};  // how many come is a matter of time
         return {QStringLiteral("the place was not reached again")};
     }
+    if (!outcome.acted) faults += QStringLiteral("nothing was done at the place");
     if (throws(wanted.action)) {
         judgeThrow(wanted.action, outcome, faults);
     } else {
@@ -134,29 +211,16 @@ QStringList judge(const Case& wanted, const Outcome& outcome, const Outcome& ref
             faults += QStringLiteral("reports: ") + outcome.faulty.reports.join(QLatin1Char(' '));
         if (escaped(outcome.faulty)) faults += outcome.faulty.ended;
     }
-    if (changesAnswers(wanted.action)) {
-        // Other answers may well make another message or box of it; never more of them.
-        if (outcome.faulty.messages.size() > qMax(1, reference.faulty.messages.size()))
-            faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
+    judgeMessages(outcome.faulty.messages, reference.faulty.messages,
+                  allowancesOf(wanted.action, outcome.stack), "sent: ", faults);
+    judgeBoxes(wanted.action, outcome.faulty.boxes, reference, faults);
+    judgeSecondTry(outcome.again, reference.again, faults);
+    if (deletes(wanted.action)) {
+        judgeFurtherUse(wanted.action, outcome.goneOn, faults);
     } else {
-        const bool choosing = whileChoosing(outcome.stack);
-        if (outcome.faulty.messages.size() > reference.faulty.messages.size())
-            faults += QStringLiteral("messages: ") + outcome.faulty.messages.join(QLatin1Char(' '));
-        judgeMessages(choosing ? withoutModel(outcome.faulty.messages) : outcome.faulty.messages,
-                      choosing ? orToBudget(withoutModel(reference.faulty.messages))
-                               : reference.faulty.messages,
-                      "sent: ", faults);
-        judgeMessages(outcome.faulty.boxes, reference.faulty.boxes, "said: ", faults);
+        judgeDialog(outcome, reference, faults);
     }
-    if (!outcome.again.ended.isEmpty() && outcome.again.ended != reference.again.ended)
-        faults += QStringLiteral("second try: ") + outcome.again.ended;
-    if (!outcome.again.reports.isEmpty())
-        faults +=
-            QStringLiteral("second try reports: ") + outcome.again.reports.join(QLatin1Char(' '));
-    if (outcome.again.messages != reference.again.messages)
-        faults += QStringLiteral("second try sends %1, not %2")
-                      .arg(outcome.again.messages.join(QLatin1Char(' ')),
-                           reference.again.messages.join(QLatin1Char(' ')));
+    if (onlyDelays(wanted.action)) judgeDelay(outcome.faulty, reference.faulty, faults);
     if (!outcome.broken.isEmpty())
         faults += QStringLiteral("broken: ") + outcome.broken.join(QLatin1String("; "));
     if (!outcome.warnings.isEmpty())

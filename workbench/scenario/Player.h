@@ -57,6 +57,8 @@ class Player : public QObject {
     /// @return empty when every step was done; else the reason why not.
     QString run();
     int skippedSteps() const { return skipped; }
+    /// @return the index of the step that is under way; -1 before the first.
+    int stepNumber() const { return step; }
 
   Q_SIGNALS:
     /// The last step is done, or the reason to end is known; windows are not closed yet.
