@@ -1,6 +1,6 @@
 /// newpro-faults [--quick] [--jobs N] [FLOW...]: the fault matrix. --unreached: what it does not
-/// reach. Without a flow: all. Each flow is played by a process of its own, so that a crash or a
-/// hang is one finding among others.
+/// reach. Without a flow: all. They are played by processes of their own, so that a crash or a hang
+/// is one finding among others.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -15,7 +15,7 @@
 #include <numeric>
 #include <vector>
 
-#include "tests/faults/Symbols.h"
+#include "tests/faults/Sites.h"
 #include "tests/faults/Verdict.h"
 #include "tests/faults/interposer/places.h"
 #include "workbench/hostlibs/zBaseControl/SkinStyle.h"
@@ -74,26 +74,35 @@ bool samePlaces(QVector<faults::Place> one, QVector<faults::Place> other) {
                       [](const auto& a, const auto& b) { return a.sameCall(b); });
 }
 
+/// Plays a flow without a fault, once more than its calls need to come out the same: what is made
+/// once a process is made in the first play.
+/// @param faults what is wrong with the flow itself.
+Outcome referenceOf(const workbench::Scenario& flow, QStringList& faults) {
+    const Outcome first = playWith(flow, {});
+    Outcome reference = playWith(flow, {});
+    if (!samePlaces(first.places, reference.places) &&
+        !samePlaces(reference.places, playWith(flow, {}).places))
+        faults += QStringLiteral("the calls of this flow differ from play to play");
+    for (const QString& fault : judge({}, reference, reference)) {
+        if (!fault.startsWith(QLatin1String("the place"))) faults += fault;
+    }
+    if (!reference.faulty.ended.isEmpty()) faults += reference.faulty.ended;
+    return reference;
+}
+
 /// Plays the cases of one flow. Prints "case NUMBER TEXT" before each, "fault TEXT" for each fault
-/// and "done COUNT" at the end.
-int work(const QString& name, bool quick, int from, const QString& only) {
+/// and "done COUNT CALLS" at the end.
+void work(const QString& name, bool quick, int from, const QString& only) {
     workbench::Scenario flow;
     QString error;
     if (!workbench::readScenario(fileOf(name), flow, error)) {
-        say(QStringLiteral("fault ") + error);
-        return 2;
+        say(QStringLiteral("fault %1\ndone 0 0").arg(error));
+        return;
     }
-    playWith(flow, {});  // warms up what is made once a process
-    const Outcome reference = playWith(flow, {});
+    QStringList wrong;
+    const Outcome reference = referenceOf(flow, wrong);
     if (from == 0) {
-        for (const QString& fault : judge({}, reference, reference)) {
-            if (!fault.startsWith(QLatin1String("the place")))
-                say(QStringLiteral("fault ") + fault);
-        }
-        if (!reference.faulty.ended.isEmpty())
-            say(QStringLiteral("fault ") + reference.faulty.ended);
-        if (!samePlaces(reference.places, playWith(flow, {}).places))
-            say(QStringLiteral("fault the calls of this flow differ from play to play"));
+        for (const QString& fault : wrong) say(QStringLiteral("fault ") + fault);
     }
     const QVector<Case> cases = casesFor(reference.places, quick, turnOf(name));
     for (int i = from; i < cases.size(); ++i) {
@@ -107,25 +116,27 @@ int work(const QString& name, bool quick, int from, const QString& only) {
                     .arg(leakCheckEvery - 1));
     }
     say(QStringLiteral("done %1 %2").arg(cases.size()).arg(reference.places.size()));
-    return 0;
 }
 
-/// One flow in the hands of workers, a new one after each that died.
-class Flow {
+/// Flows in the hands of workers, a new one after each that died.
+class Flows {
   public:
-    Flow(QString name, bool quick) : name(std::move(name)), quick(quick) { start(0); }
+    Flows(QStringList names, bool quick) : left(std::move(names)), quick(quick) { start(0); }
 
-    /// Takes in what the worker has said. @return whether the flow is through.
+    /// Takes in what the worker has said. @return whether the flows are through.
     bool advance(int waitMs) {
         worker->waitForReadyRead(waitMs);
         while (worker->canReadLine()) take(QString::fromUtf8(worker->readLine()).trimmed());
         if (worker->state() != QProcess::NotRunning || worker->canReadLine()) return false;
-        if (isDone || number < 0) {
-            if (!isDone) fail(QStringLiteral("the worker ended before its first case"));
-            return true;
+        if (left.isEmpty()) return true;
+        if (number < startedFrom) {
+            fail(QStringLiteral("the worker ended before its first case"));
+            takeNext();
+        } else {
+            fail(QStringLiteral("the process died or hung: ") +
+                 QString::fromUtf8(worker->readAllStandardError()).right(4000));
         }
-        fail(QStringLiteral("the process died or hung: ") +
-             QString::fromUtf8(worker->readAllStandardError()).right(4000));
+        if (left.isEmpty()) return true;
         start(number + 1);
         return false;
     }
@@ -137,95 +148,92 @@ class Flow {
   private:
     void start(int from) {
         worker = std::make_unique<QProcess>();
-        QStringList arguments{QStringLiteral("--worker"), QString::number(from), name};
+        QStringList arguments{QStringLiteral("--worker"), QString::number(from)};
         if (quick) arguments.prepend(QStringLiteral("--quick"));
-        worker->start(QCoreApplication::applicationFilePath(), arguments);
+        worker->start(QCoreApplication::applicationFilePath(), arguments + left);
         worker->waitForStarted();
+        startedFrom = from;
+        number = from - 1;
+    }
+
+    void takeNext() {
+        left.removeFirst();
+        startedFrom = 0;
+        number = -1;
+        current = QStringLiteral("without a fault");
     }
 
     void take(const QString& line) {
+        const QString rest = line.section(QLatin1Char(' '), 1);
         if (line.startsWith(QLatin1String("case "))) {
-            number = line.section(QLatin1Char(' '), 1, 1).toInt();
-            current = line.section(QLatin1Char(' '), 2);
-            cases = number + 1;
+            number = rest.section(QLatin1Char(' '), 0, 0).toInt();
+            current = rest.section(QLatin1Char(' '), 1);
         } else if (line.startsWith(QLatin1String("fault "))) {
-            fail(line.mid(6));
+            fail(rest);
         } else if (line.startsWith(QLatin1String("done "))) {
-            isDone = true;
-            calls = line.section(QLatin1Char(' '), 2, 2).toInt();
+            cases += rest.section(QLatin1Char(' '), 0, 0).toInt();
+            calls += rest.section(QLatin1Char(' '), 1, 1).toInt();
+            takeNext();
         }
     }
 
     void fail(const QString& what) {
         ++found;
-        say(QStringLiteral("%1: %2\n    %3").arg(name, current, what));
+        say(QStringLiteral("%1: %2\n    %3").arg(left.value(0), current, what));
     }
 
-    const QString name;
+    QStringList left;  ///< The first is being played.
     const bool quick;
     std::unique_ptr<QProcess> worker;
     QString current = QStringLiteral("without a fault");
-    int number = -1;
+    int startedFrom = 0;  ///< The case that the first of these flows began with.
+    int number = -1;      ///< The case that is being played.
     int cases = 0;
     int calls = 0;
     int found = 0;
-    bool isDone = false;
 };
 
-/// Operations that no flow can reach without a fault: what reports one, what a layout with a
-/// template chooser or with an estimate page would use (their rooms test it), and handlers of
-/// events.
-bool outOfReach(int operation) {
-    static const QString names[] = {QStringLiteral("ProcExceptionNew"),
-                                    QStringLiteral("ProjectSettingHelper::getJiLinMoBanList"),
-                                    QStringLiteral("zBaseComboxPopup::setDisplayText"),
-                                    QStringLiteral("zBaseComboxPopup::hideDropDownPopup"),
-                                    QStringLiteral("SharedInterface::getInstance"),
-                                    QStringLiteral("GetProgramTypeByFile")};
-    return faults::isEvent(operation) || std::find(std::begin(names), std::end(names),
-                                                   faults::nameOf(operation)) != std::end(names);
-}
-
-/// Prints the operations of the host that the module calls and no flow reaches.
+/// Prints the calls of the host that the module makes and no flow reaches.
 int listUnreached(const QStringList& names) {
-    QVector<bool> reached(faults::operationCount());
+    QVector<faults::Place> reached;
     for (const QString& name : names) {
         workbench::Scenario flow;
         QString error;
         if (!workbench::readScenario(fileOf(name), flow, error)) qFatal("%s", qPrintable(error));
-        for (const faults::Place& place : playWith(flow, {}).places)
-            reached[place.operation] = true;
+        reached += playWith(flow, {}).places;
     }
-    int missing = 0;
-    for (int i = 0; i < reached.size(); ++i) {
-        if (reached[i] || outOfReach(i)) continue;
-        say(faults::demangled(faults::operationName(i)));
-        ++missing;
-    }
-    say(QStringLiteral("%1 operations, %2 that no flow reaches").arg(reached.size()).arg(missing));
-    return missing == 0 ? 0 : 1;
+    const QStringList missing = faults::unreached(reached);
+    for (const QString& call : missing) say(call);
+    say(QStringLiteral("%1 operations, %2 calls, %3 that no flow reaches")
+            .arg(faults::operationCount())
+            .arg(faults::siteCount())
+            .arg(missing.size()));
+    return missing.isEmpty() ? 0 : 1;
 }
 
+/// One job plays all flows in one process; several take a flow each.
 int runAll(const QStringList& names, bool quick, int jobs) {
     QElapsedTimer clock;
     clock.start();
-    std::deque<QString> waiting(names.begin(), names.end());
-    std::vector<std::unique_ptr<Flow>> running;
+    std::deque<QStringList> waiting;
+    for (const QString& name : names) waiting.push_back({name});
+    if (jobs == 1) waiting = {names};
+    std::vector<std::unique_ptr<Flows>> running;
     int found = 0, cases = 0, calls = 0;
     while (!waiting.empty() || !running.empty()) {
         while (int(running.size()) < jobs && !waiting.empty()) {
-            running.push_back(std::make_unique<Flow>(waiting.front(), quick));
+            running.push_back(std::make_unique<Flows>(waiting.front(), quick));
             waiting.pop_front();
         }
-        for (auto flow = running.begin(); flow != running.end();) {
-            if (!(*flow)->advance(20)) {
-                ++flow;
+        for (auto flows = running.begin(); flows != running.end();) {
+            if (!(*flows)->advance(20)) {
+                ++flows;
                 continue;
             }
-            found += (*flow)->faultCount();
-            cases += (*flow)->caseCount();
-            calls += (*flow)->placeCount();
-            flow = running.erase(flow);
+            found += (*flows)->faultCount();
+            cases += (*flows)->caseCount();
+            calls += (*flows)->placeCount();
+            flows = running.erase(flows);
         }
     }
     say(QStringLiteral("%1 flows, %2 host calls, %3 cases, %4 faults, %5 s")
@@ -268,8 +276,12 @@ int main(int argc, char** argv) {
     QStringList flows = parser.positionalArguments();
     if (parser.isSet(worker)) {
         workbench::applySkin();
-        return work(flows.value(0), parser.isSet(quick), parser.value(worker).toInt(),
-                    parser.value(only));
+        int from = parser.value(worker).toInt();
+        for (const QString& flow : flows) {
+            work(flow, parser.isSet(quick), from, parser.value(only));
+            from = 0;
+        }
+        return 0;
     }
     if (flows.isEmpty()) flows = allFlows();
     if (parser.isSet(unreached)) {

@@ -41,9 +41,13 @@ Plan history(Stage& stage, const QJsonObject& args) {
 
 Plan call(Stage& stage, const QJsonObject& args) {
     if (!stage.dialog) return Plan::giveUp(QStringLiteral("there is no dialog"));
+    const QString slot = args[u"slot"].toString();
+    const QJsonArray values = args[u"args"].toArray();
+    // A host calls it, and the meta-object does not know it.
+    if (slot == QLatin1String("InitJcTx") && values.isEmpty())
+        return Plan::act([dialog = stage.dialog] { dialog->InitJcTx(); });
     QString error;
-    const auto action =
-        slotCall(stage.dialog, args[u"slot"].toString(), args[u"args"].toArray(), error);
+    const auto action = slotCall(stage.dialog, slot, values, error);
     if (!action) return Plan::giveUp(error);
     return Plan::act([action] {
         if (!action()) throw StepFailure{QStringLiteral("the slot could not be called")};
