@@ -26,6 +26,18 @@ inline FilePage auditPage(const Opened& opened) {
     return FilePage(opened.page("auditPage"));
 }
 
+/// No entry of the ribbon leads there: a host puts the page where it wants it.
+inline FilePage contractingPage(const Opened& opened) {
+    QWidget* page = nullptr;
+    QMetaObject::invokeMethod(opened.dialog, "addZcbXjWid", Q_RETURN_ARG(QWidget*, page));
+    expect(page, QStringLiteral("the page was not built: did the host throw?"));
+    return FilePage(page);
+}
+
+inline void startContracting(const Opened& opened) {
+    QMetaObject::invokeMethod(opened.dialog, "xjZcbButtonSlot");
+}
+
 inline void expectUsable(const Opened& opened) {
     expect(opened.dialog && opened.dialog->isVisible() && opened.dialog->isEnabled(),
            QStringLiteral("the dialog cannot be used afterwards"));

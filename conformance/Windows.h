@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QStringList>
 #include <QTimer>
@@ -62,17 +64,51 @@ inline QVector<QLineEdit*> fieldsOf(const QWidget* window) {
     return fields;
 }
 
+/// A mouse button that goes down or up at a place of a widget.
+inline void sendMouse(QWidget* widget, QEvent::Type type, const QPointF& place) {
+    const bool down = type != QEvent::MouseButtonRelease;
+    QMouseEvent event(type, place, widget->mapToGlobal(place.toPoint()), Qt::LeftButton,
+                      down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
+inline void clickOn(QWidget* widget) {
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
+        sendMouse(widget, type, widget->rect().center());
+}
+
 /// Posted: no timer ticks in a window that opens inside of it.
-inline void pressReturn(QLineEdit* field) {
+inline void pressReturn(QWidget* field) {
     for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease})
         QApplication::postEvent(field, new QKeyEvent(type, Qt::Key_Return, Qt::NoModifier));
 }
+
+/// Picks the first entry of the menu that opens.
+class Picker : public Closer {
+  public:
+    /// @return whether a menu had an entry to pick.
+    bool picked() const { return tried; }
+
+  protected:
+    void meet(QWidget* window) override {
+        auto* menu = qobject_cast<QMenu*>(window);
+        if (tried || !menu || menu->actions().isEmpty()) return close(window);
+        tried = true;
+        menu->setActiveAction(menu->actions().constFirst());
+        pressReturn(menu);
+    }
+
+  private:
+    bool tried = false;
+};
 
 /// Chooses a file as a user without a mouse would: types its path into the fields of a dialog, one
 /// after the other, and presses Return. Closes what does not go away by that.
 class Typist : public Closer {
   public:
-    explicit Typist(const QString& file) : path(QFileInfo(file).absoluteFilePath()) {}
+    explicit Typist(const QString& file) : texts(QFileInfo(file).absoluteFilePath()) {}
+    /// @param steps each of which is typed into all fields before the next.
+    explicit Typist(const QStringList& steps) : texts(steps), patience(200) {}
 
     /// @return whether a dialog took the path.
     bool typed() const { return taken; }
@@ -84,16 +120,19 @@ class Typist : public Closer {
             last = window;  // not a box, behind which it waits
             tried = 0;
         }
-        if (fields.isEmpty() || tried >= fields.size()) return close(window);
+        const int step = fields.isEmpty() ? 0 : tried / fields.size();
+        if (fields.isEmpty() || (step >= texts.size() && --patience < 0)) return close(window);
+        if (step >= texts.size()) return;
         if (auto* dialog = qobject_cast<QDialog*>(window))
             QObject::connect(dialog, &QDialog::accepted, &here, [this] { taken = true; });
-        QLineEdit* field = fields[tried++];
-        field->setText(path);
+        QLineEdit* field = fields[tried++ % fields.size()];
+        field->setText(texts[step]);
         pressReturn(field);
     }
 
   private:
-    const QString path;
+    const QStringList texts;
+    int patience = 0;  ///< Ticks that a dialog may take after all; a cloud disk answers late.
     QPointer<QWidget> last;
     int tried = 0;
     bool taken = false;

@@ -38,14 +38,14 @@ void logInCanBeCancelled() {
     expectUsable(opened);
 }
 
-void logInGoesOn(const Files& files) {
+/// Starts from a cloud path, by way of the log-in where nobody is logged in.
+/// @param create shows the page, gives it the path, and starts.
+void cloudPathStarts(const Files& files,
+                     const std::function<void(const Opened&, const QString& path)>& create) {
     need(files.account, "--account, --password");
-    needNobody();
     const Opened opened;
-    const FilePage page = auditPage(opened);
-    page.combo->setEditText(files.cloud.value(0, missingCloudPath()));
     const Applicant applicant(files.account, files.password);
-    page.create->click();
+    create(opened, files.cloud.value(0, missingCloudPath()));
     settle();
     if (!isLoggedIn() && !applicant.typed())
         throw NotReached{QStringLiteral(
@@ -55,6 +55,23 @@ void logInGoesOn(const Files& files) {
            QStringLiteral("who is logged in has no user id"));
     expect(!opened.dialog || !opened.dialog->isVisible(),
            QStringLiteral("the dialog stays open after the log-in"));
+}
+
+void logInGoesOn(const Files& files) {
+    needNobody();
+    cloudPathStarts(files, [](const Opened& opened, const QString& path) {
+        const FilePage page = auditPage(opened);
+        page.combo->setEditText(path);
+        page.create->click();
+    });
+}
+
+void cloudPathStartsContracting(const Files& files) {
+    needFirstPage();
+    cloudPathStarts(files, [](const Opened& opened, const QString& path) {
+        contractingPage(opened).combo->setEditText(path);
+        startContracting(opened);
+    });
 }
 
 /// @param local gets the path of the file, where there is one. @return whether there is.
@@ -87,15 +104,35 @@ void cloudFileIsFetched(const QStringList& cloudPaths) {
     }
 }
 
+void browsedCloudFileIsShown(const QStringList& cloudPaths) {
+    need(cloudPaths.value(0), "--cloud");
+    const Opened opened;
+    const FilePage page = auditPage(opened);
+    for (const QString& path : cloudPaths) {
+        const int end = path.lastIndexOf(zFileDialog::pathFgf);
+        const Typist typist({path, path.left(end), path.mid(end + zFileDialog::pathFgf.size())});
+        page.browse->click();
+        settle();
+        if (!typist.typed())
+            throw NotReached{QStringLiteral("the file dialog takes no cloud path that is typed")};
+        expect(page.combo->currentText() == path,
+               path + QStringLiteral(" is shown as ") + page.combo->currentText());
+    }
+}
+
 }  // namespace
 
 QVector<Promise> cloudFlows(const Files& files) {
     return {
         {QStringLiteral("a log-in can be cancelled"), logInCanBeCancelled},
         {QStringLiteral("a log-in goes on with the file"), [=] { logInGoesOn(files); }},
+        {QStringLiteral("a cloud path starts general contracting"),
+         [=] { cloudPathStartsContracting(files); }},
         {QStringLiteral("a file that is on no cloud disk is refused"), missingCloudFileIsRefused},
         {QStringLiteral("a file on a cloud disk is fetched"),
          [=] { cloudFileIsFetched(files.cloud); }},
+        {QStringLiteral("browsing shows the cloud path of a file on a cloud disk"),
+         [=] { browsedCloudFileIsShown(files.cloud); }},
     };
 }
 

@@ -40,12 +40,8 @@ void fileStartsContracting(const QString& project) {
     need(project, "--project");
     needFirstPage();
     const Opened opened;
-    // No entry of the ribbon leads there: a host puts the page where it wants it.
-    QWidget* page = nullptr;
-    QMetaObject::invokeMethod(opened.dialog, "addZcbXjWid", Q_RETURN_ARG(QWidget*, page));
-    expect(page, QStringLiteral("the page was not built: did the host throw?"));
-    FilePage(page).combo->setEditText(project);
-    expectHandedOver(opened, [&] { QMetaObject::invokeMethod(opened.dialog, "xjZcbButtonSlot"); });
+    contractingPage(opened).combo->setEditText(project);
+    expectHandedOver(opened, [&] { startContracting(opened); });
 }
 
 void historyIsOffered(const QString& project) {
@@ -100,48 +96,59 @@ void importIsCancelled(const QString& entry, const QString& expected) {
     expect(opened.requests.isEmpty(), QStringLiteral("a cancelled import asks for a project"));
 }
 
-/// Presses a button of the import dialog, and remembers how that dialog ends.
+/// What the import dialog is given, with the object names of what takes it there.
+struct ExcelSource {
+    const char* button;  ///< Lets one choose the path.
+    QString path;
+    const char* tile = "ysTile";  ///< Chooses the kind of project; that of contracting is hidden.
+};
+
+/// Chooses a tile of the import dialog, presses a button there, and remembers how that dialog ends.
 class ExcelTypist : public Typist {
   public:
-    /// @param button its object name. @param path what to choose then.
-    ExcelTypist(const char* button, const QString& path)
-        : Typist(path), button(QLatin1String(button)) {}
+    explicit ExcelTypist(const ExcelSource& source) : Typist(source.path), source(source) {}
     bool imported() const { return accepted; }
 
   protected:
     void meet(QWidget* window) override {
-        auto* choose = window->findChild<QAbstractButton*>(button);
+        auto* choose = window->findChild<QAbstractButton*>(QLatin1String(source.button));
         if (!choose || pressed) return Typist::meet(window);
         pressed = true;
+        if (auto* tile = window->findChild<QWidget*>(QLatin1String(source.tile))) clickOn(tile);
         QObject::connect(qobject_cast<QDialog*>(window), &QDialog::accepted,
                          [this] { accepted = true; });
         QMetaObject::invokeMethod(choose, "click", Qt::QueuedConnection);
     }
 
   private:
-    const QString button;
+    const ExcelSource source;
     bool pressed = false;
     bool accepted = false;
 };
 
-void importTakes(const char* button, const QString& path) {
+void importTakes(const ExcelSource& source) {
     needFirstPage();
     const Opened opened;
-    const ExcelTypist typist(button, path);
+    const ExcelTypist typist(source);
     opened.entry(excelEntry)->click();
     settle();
     if (!typist.imported()) expectTyped(typist);
-    expect(typist.imported(), QStringLiteral("the import dialog does not take ") + path);
+    expect(typist.imported(), QStringLiteral("the import dialog does not take ") + source.path);
 }
 
 void workbookIsImported(const QString& workbook) {
     need(workbook, "--workbook");
-    importTakes("btnSelFile", workbook);
+    importTakes({"btnSelFile", workbook});
 }
 
 void folderIsImported() {
     const QTemporaryDir folder;
-    importTakes("btnSelDir", folder.path());
+    importTakes({"btnSelDir", folder.path()});
+}
+
+void contractingFolderIsImported() {
+    const QTemporaryDir folder;
+    importTakes({"btnSelDir", folder.path(), "zcbTile"});
 }
 
 void tenderIsImported() {
@@ -175,6 +182,8 @@ QVector<Promise> fileFlows(const Files& files) {
         {QStringLiteral("the Excel import takes a workbook"),
          [=] { workbookIsImported(workbook); }},
         {QStringLiteral("the Excel import takes a folder"), folderIsImported},
+        {QStringLiteral("the Excel import takes a folder of a general contract"),
+         contractingFolderIsImported},
         {QStringLiteral("the tender import can be cancelled"),
          [] { importIsCancelled(tenderEntry, QString()); }},
         {QStringLiteral("the tender import takes a file"), tenderIsImported},

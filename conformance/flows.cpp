@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPixmap>
 #include <QTreeWidget>
 #include <optional>
@@ -50,6 +49,19 @@ void ribbonChangesThePage() {
            QStringLiteral("a click on 预算工程 does not leave the audit page"));
 }
 
+void contractingIsChosen() {
+    const QString contracting = QStringLiteral("总承包工程");
+    const Opened opened;
+    // The dialog brings no entry for it: a host adds one.
+    quietly([&] { opened.dialog->addXjPage({QString(), contracting, 0}, nullptr); });
+    quietly([&] { opened.entry(contracting)->click(); });
+    settle();
+    quietly([&] { opened.entry(QStringLiteral("预算工程"))->click(); });
+    settle();
+    expect(opened.page("lswGeneralTax")->isVisible(),
+           QStringLiteral("a click on 预算工程 does not show its models again"));
+}
+
 void ribbonTakesNoKeys() {
     const Opened opened;
     QAbstractButton* audit = opened.entry(QStringLiteral("审核工程"));
@@ -83,6 +95,21 @@ void modelAsks() {
            QStringLiteral("the dialog stays open after the request"));
 }
 
+void feeModeAsks() {
+    needFirstPage();
+    Opened opened;
+    QPushButton* choose = nullptr;
+    for (auto* button : opened.dialog->findChildren<QPushButton*>())
+        if (!choose && button->isVisible() && button->menu()) choose = button;
+    if (!choose) throw NotReached{QStringLiteral("no pricing model has a choice of fee modes")};
+    const Picker picker;
+    choose->click();
+    settle();
+    expect(picker.picked(), QStringLiteral("no menu opens to choose a fee mode from"));
+    expect(opened.requests == QStringList{QStringLiteral("4 95 13")},
+           QStringLiteral("the host is asked for: ") + opened.requests.join(QLatin1String(", ")));
+}
+
 void doubleClickAsksOnce() {
     needFirstPage();
     Opened opened;
@@ -90,11 +117,7 @@ void doubleClickAsksOnce() {
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
                             QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
         if (!card) break;
-        const bool down = type != QEvent::MouseButtonRelease;
-        const QPointF place(20, 20);
-        QMouseEvent event(type, place, card->mapToGlobal(place.toPoint()), Qt::LeftButton,
-                          down ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(card, &event);
+        sendMouse(card, type, QPointF(20, 20));
     }
     settle();
     expect(opened.requests.size() == 1,
@@ -163,10 +186,17 @@ void treeAsks() {
 }
 
 void chooserAnswers() {
-    xzGcLxDialog chooser(nullptr);
-    const Clicker budget(QStringLiteral("预算工程"));
-    const int answer = chooser.exec();
-    expect(answer == 4, QStringLiteral("the chooser answers %1 to 预算工程").arg(answer));
+    const struct {
+        QString text;
+        int answer;
+    } kinds[] = {{QStringLiteral("预算工程"), 4}, {QStringLiteral("总承包工程"), 16}};
+    for (const auto& kind : kinds) {
+        xzGcLxDialog chooser(nullptr);
+        const Clicker clicker(kind.text);
+        const int answer = chooser.exec();
+        expect(answer == kind.answer,
+               QStringLiteral("the chooser answers %1 to %2").arg(answer).arg(kind.text));
+    }
 }
 
 void goesWithItsParent() {
@@ -185,9 +215,11 @@ QVector<Promise> flows() {
     return {
         {QStringLiteral("the dialog opens, is painted and closes"), opens},
         {QStringLiteral("the ribbon changes the page"), ribbonChangesThePage},
+        {QStringLiteral("the ribbon goes to general contracting and back"), contractingIsChosen},
         {QStringLiteral("the ribbon takes no keys"), ribbonTakesNoKeys},
         {QStringLiteral("the current ribbon entry is bold"), currentEntryIsBold},
         {QStringLiteral("a model asks for one project"), modelAsks},
+        {QStringLiteral("a fee mode that is picked asks for one project"), feeModeAsks},
         {QStringLiteral("a double click asks for one project"), doubleClickAsksOnce},
         {QStringLiteral("a template's card asks for one project"), cardAsks},
         {QStringLiteral("the template tree asks for one project"), treeAsks},

@@ -18,6 +18,7 @@ const struct {
     {"page data of a settlement is taken: message 104", 8, "结算"},
     {"page data of a general contract is taken: message 105", 16,
      "2022工程总承包清单计价【初设前】"},
+    {"page data of a general contract's audit is taken: message 103", 17, ""},
     {"page data of no known kind is taken: message 0", 2, ""},
 };
 

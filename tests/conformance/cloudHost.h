@@ -7,6 +7,7 @@
 
 #include <QDialog>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QLineEdit>
 #include <QPushButton>
@@ -16,6 +17,21 @@
 class CloudHost : public FirstPagePlugin {
   public:
     bool canStartNew(bool) override { return true; }
+
+    /// A field that takes a local path or a cloud path. @return what getOpenFileName does.
+    QString openFile() {
+        QDialog window;
+        auto* path = new QLineEdit;
+        (new QVBoxLayout(&window))->addWidget(path);
+        QObject::connect(path, &QLineEdit::returnPressed, &window, &QDialog::accept);
+        if (window.exec() != QDialog::Accepted) return {};
+        const bool cloud = path->text().contains(QStringLiteral("云盘/"));
+        zFileDialog::iClickedBtn = cloud ? 3 : 1;
+        cloudPath = cloud ? path->text() : QString();
+        if (!cloud) return path->text();
+        const QString name = QFileInfo(cloudPath).fileName();
+        return download(name).value(QStringLiteral("data")).toString();
+    }
 
     /// Two fields, which take "anna" and "secret".
     void showLogin(const QJsonObject&) override {
@@ -62,6 +78,7 @@ class CloudHost : public FirstPagePlugin {
     QString localPath(const QString& fileName) const { return downloads.filePath(fileName); }
 
     bool loggedIn = false;
+    QString cloudPath;  ///< Of the last choice.
 
   private:
     const QTemporaryDir downloads;
@@ -79,6 +96,16 @@ QString UserInfo::UserID() const {
 }
 void* osgi::ObjectHelper::GetService(const std::string& name) {
     return name == "firstPagePlugin" ? static_cast<FirstPagePlugin*>(&cloudHost()) : nullptr;
+}
+QString zFileDialog::getOpenFileName(QWidget*, QString, QStringList*, int, QString, bool, QString,
+                                     bool, OpenFileType) {
+    return cloudHost().openFile();
+}
+QString zFileDialog::GetFilePath() {
+    return cloudHost().cloudPath;
+}
+void zFileDialog::SetFilePath(const QString& path) {
+    cloudHost().cloudPath = path;
 }
 QJsonObject zFileDialog::LoadGrypData() {
     const QJsonObject mine =

@@ -1,6 +1,6 @@
 // page data of no known kind is taken: message 0
 // the process crashes
-// hold, 1 differ, 2 not reached
+// hold, 1 differ, 4 not reached
 #include <SharedInterface.h>
 
 void Communication::SendMsgToPlugin(int, int code, const QJsonObject&) {

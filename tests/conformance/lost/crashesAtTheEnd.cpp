@@ -1,6 +1,6 @@
 // it starts, and ends without a crash
 // the process crashes
-// hold, 1 differ, 2 not reached
+// hold, 1 differ, 4 not reached
 #include <SharedInterface.h>
 
 #include <cstdlib>

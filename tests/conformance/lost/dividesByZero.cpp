@@ -1,6 +1,6 @@
 // GetSuffix appends suffixes without dot
 // the process crashes
-// hold, 1 differ, 2 not reached
+// hold, 1 differ, 4 not reached
 #include <SharedInterface.h>
 
 void SharedInterface::GetSuffix(int kind, QStringList* suffixes, int) {

@@ -1,6 +1,6 @@
 // a message that nobody knows is taken
 // the process ends with code 0
-// hold, 1 differ, 2 not reached
+// hold, 1 differ, 4 not reached
 #include <SharedInterface.h>
 
 #include <cstdlib>

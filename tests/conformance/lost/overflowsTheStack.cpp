@@ -1,6 +1,6 @@
 // suffixes are answered in upper case
 // the process crashes
-// hold, 1 differ, 2 not reached
+// hold, 1 differ, 4 not reached
 #include <SharedInterface.h>
 
 #include <QFileInfo>
