@@ -1,3 +1,8 @@
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
 #include "conformance/conformance.h"
 
 #include "tests/support/TestSupport.h"
@@ -46,6 +51,26 @@ TEST(Conformance, AHostThatIsNotReadyIsNotReached) {
         notReached += row.verdict == Verdict::NotReached;
     }
     EXPECT_GE(notReached, 5);
+}
+
+/// A row that nobody breaks could hold for ever, whatever a host did. That the first line of these
+/// hosts is what the check complains of first is held by their own tests.
+TEST(Conformance, EveryPromiseIsTheFirstThatSomeHostBreaks) {
+    QSet<QString> broken;
+    for (const char* kind : {"wrong", "lost"}) {
+        const QDir hosts(QStringLiteral(REPOSITORY "/tests/conformance/") + QLatin1String(kind));
+        for (const QFileInfo& source : hosts.entryInfoList({QStringLiteral("*.cpp")})) {
+            QFile file(source.filePath());
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(source.filePath());
+            broken += QString::fromUtf8(file.readLine()).mid(3).trimmed();
+        }
+    }
+    QSet<QString> promises{QStringLiteral("it starts, and ends without a crash")};
+    for (const Row& row : conformance::promisesOf({})) promises += row.promise;
+    for (const QString& promise : promises - broken)
+        ADD_FAILURE() << "nobody breaks: " << qPrintable(promise);
+    for (const QString& promise : broken - promises)
+        ADD_FAILURE() << "no promise: " << qPrintable(promise);
 }
 
 TEST(Conformance, ARowIsALineForATerminal) {

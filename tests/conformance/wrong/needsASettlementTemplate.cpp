@@ -1,5 +1,5 @@
-// page data of a settlement is taken: message 104
 // a settlement's page starts a project
+// page data of a settlement is taken: message 104
 #include <SharedInterface.h>
 
 #include <stdexcept>

@@ -1,3 +1,4 @@
+// an estimate's page starts a project
 // page data of an estimate is taken: message 102
 // page data of no known kind is taken: message 0
 #include <SharedInterface.h>

@@ -1,29 +1,22 @@
 // the ribbon takes no keys
+// the current ribbon entry is bold
 #include <zControl.h>
 
 #include <QHBoxLayout>
-#include <QPushButton>
-#include <QWidgetAction>
 
+// The button that is seen is not the one that the dialog looks for.
 RibbonTab::RibbonTab(const RIBBON::CentralTab& tab, QWidget* parent) : zBaseWidget(parent) {
-    auto* button = new QPushButton(tab.text, this);
-    button->setObjectName(QStringLiteral("curText"));
-    button->setCheckable(true);
-    (new QHBoxLayout(this))->addWidget(button);
+    auto* seen = new QPushButton(tab.text, this);
+    auto* found = new zBaseButton(tab.text, this);
+    (new QHBoxLayout(this))->addWidget(seen);
+    for (QPushButton* button : {seen, static_cast<QPushButton*>(found)}) {
+        button->setObjectName(QStringLiteral("curText"));
+        button->setCheckable(true);
+    }
+    found->hide();
+    connect(seen, &QPushButton::clicked, found, &QPushButton::click);
 }
 
 void RibbonTab::setChecked(bool checked) {
-    findChild<QPushButton*>()->setChecked(checked);
-}
-
-QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
-    auto* entry = new RibbonTab(tab);
-    auto* action = new QWidgetAction(this);
-    entry->setProperty("name", tab.text);
-    action->setProperty("name", tab.text);
-    action->setDefaultWidget(entry);
-    panelLayout()->addWidget(entry);
-    entry->show();
-    connect(entry->findChild<QPushButton*>(), &QPushButton::clicked, action, &QAction::trigger);
-    return action;
+    for (auto* button : findChildren<QPushButton*>()) button->setChecked(checked);
 }

@@ -1,3 +1,4 @@
+// boxes answer the button's number, -1 when closed
 // an audit without a file is refused with a box
 #include <zControl.h>
 

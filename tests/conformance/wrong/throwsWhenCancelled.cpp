@@ -1,3 +1,4 @@
+// browsing can be cancelled
 // the tender import can be cancelled
 #include <fileDialog.h>
 

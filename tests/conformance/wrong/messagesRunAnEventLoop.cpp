@@ -1,8 +1,0 @@
-// a project file starts an audit
-#include <SharedInterface.h>
-
-#include <QCoreApplication>
-
-void Communication::SendMsgToPlugin(int, int, const QJsonObject&) {
-    QCoreApplication::processEvents();
-}

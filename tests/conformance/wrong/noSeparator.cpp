@@ -1,0 +1,7 @@
+// constants have their form
+#include <fileDialog.h>
+
+static void clear() {
+    zFileDialog::pathFgf.clear();
+}
+Q_CONSTRUCTOR_FUNCTION(clear)

@@ -1,0 +1,6 @@
+// there is one skin manager
+#include <zBaseControl.h>
+
+SkinManager* SkinManager::instance() {
+    return nullptr;
+}

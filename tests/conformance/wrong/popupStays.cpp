@@ -1,0 +1,4 @@
+// pop-ups show and hide their widget
+#include <zBaseControl.h>
+
+void zBaseComboxPopup::hideDropDownPopup() {}
