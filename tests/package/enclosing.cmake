@@ -15,6 +15,7 @@ run_refused(1 "NEWPRO_QT has to be 5 or 6"
 readme_block(docs/writing-a-host.md cmake "set(NEWPRO_HOST_LIBRARIES myHost)" static)
 string(REGEX REPLACE "^set[^\n]*\nadd_subdirectory[^\n]*\n" "" static "${static}")
 string(REPLACE "(app " "(app-in-one " static "${static}")
+string(REPLACE "(host-check " "(check-in-one " static "${static}")
 file(WRITE ${SCRATCH}/readme/static.cmake "${static}")
 
 # The host is made after the module, as in the skeleton.
@@ -29,9 +30,13 @@ build_module(${SCRATCH}/enclosing ${readme_lines} -DCONSUMER=${package_tests}/co
     -DHOST_LIBRARY=${HOST_LIBRARY} -DNEWPRO_INSTALL=ON)
 show_dialog(${SCRATCH}/module/app)
 show_dialog(${SCRATCH}/module/app-in-one)
-file(GET_RUNTIME_DEPENDENCIES EXECUTABLES ${SCRATCH}/module/app-in-one RESOLVED_DEPENDENCIES_VAR libraries)
+file(GET_RUNTIME_DEPENDENCIES EXECUTABLES ${SCRATCH}/module/app-in-one ${SCRATCH}/module/check-in-one RESOLVED_DEPENDENCIES_VAR libraries)
 if(libraries MATCHES "[Hh]ost|newProDialog")
     message(FATAL_ERROR "the program in one needs: ${libraries}")
+endif()
+run(${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen ${SCRATCH}/module/check-in-one)
+if(NOT out MATCHES "nothing can stand before the host's.* 0 differ, ")
+    message(FATAL_ERROR "${out}")
 endif()
 
 # A target of that project is nothing that a consumer has: it says where the library lies.

@@ -21,9 +21,16 @@ run(${COMPILER} -shared -fPIC -o ${host}/lib/libsecond.so ${SCRATCH}/second.cpp)
 two_libraries(${host_library} ${host}/lib/libsecond.so)
 build_module(${source} -C ${two_libraries})
 run(${CMAKE_COMMAND} --install ${SCRATCH}/module --prefix ${SCRATCH}/file)
-if(EXISTS ${SCRATCH}/module/bin OR EXISTS ${SCRATCH}/file/bin OR EXISTS ${SCRATCH}/file/lib/${name})
+file(GLOB programs ${SCRATCH}/module/bin/*)
+if(programs OR EXISTS ${SCRATCH}/file/bin OR EXISTS ${SCRATCH}/file/lib/${name})
     message(FATAL_ERROR "the workbench is built or installed")
 endif()
+# The line of both READMEs that holds these libraries against the contract. No installation is loaded
+# here: its folder is the one difference.
+readme_lines(check.sh "" "cmake -B build/host")
+file(STRINGS ${SCRATCH}/readme/check.sh check REGEX "host-check")
+string(REPLACE build/host ${SCRATCH}/module check "${check}")
+run_refused(1 " hold, 1 differ, " ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen sh -c "${check}")
 # The library itself knows where its host is: not every linker lets the program load it first.
 file(GLOB module ${SCRATCH}/file/lib*/libnewProDialog.so)
 file(GET_RUNTIME_DEPENDENCIES LIBRARIES ${module} RESOLVED_DEPENDENCIES_VAR resolved

@@ -51,8 +51,8 @@ endfunction()
 # The lines of README.md that the tests compile, in the folder that README_LINES names; the Chinese
 # one has the same.
 function(readme_lines file language start)
-    readme_block(README.md ${language} "${start}" text)
-    readme_block(README.zh-CN.md ${language} "${start}" chinese)
+    readme_block(README.md "${language}" "${start}" text)
+    readme_block(README.zh-CN.md "${language}" "${start}" chinese)
     if(NOT text STREQUAL chinese)
         message(FATAL_ERROR "README.zh-CN.md differs:\n${chinese}\nfrom README.md:\n${text}")
     endif()
