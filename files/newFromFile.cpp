@@ -30,10 +30,10 @@ QString textOf(const zBaseCombox* combo) {
 
 /// @return whether the cloud account is logged in; asks the user for it once.
 bool logIn(FirstPagePlugin& firstPage) {
-    UserInfo* account = Users::Instance()->Kvy();
-    if (account->IsLogin()) return true;
+    const auto isLoggedIn = [] { return Users::Instance()->Kvy()->IsLogin(); };
+    if (isLoggedIn()) return true;
     firstPage.showLogin(QJsonObject());
-    return account->IsLogin();
+    return isLoggedIn();  // asked for anew: a log-in may bring an account of its own
 }
 
 /// @return whether the account is logged in and the dialog is still there for the flow. While the

@@ -52,8 +52,11 @@ class CloudHost : public FirstPagePlugin {
         if (window.exec() == QDialog::Accepted) enter();
     }
     virtual void enter() { loggedIn = true; }
+    virtual bool isLoggedIn(const UserInfo*) const { return loggedIn; }
     virtual QString userId() const { return QStringLiteral("u1"); }
 
+    /// Before each answer of a cloud disk.
+    virtual void fetch() const {}
     virtual QString rootName() const { return QStringLiteral("根目录"); }
     virtual QJsonArray companyTop() const { return {folder(QStringLiteral("部门"), {})}; }
     virtual QJsonObject download(const QString& fileName) const {
@@ -89,10 +92,10 @@ CloudHost& cloudHost();
 
 // NOLINTBEGIN(misc-definitions-in-headers): one source of a program has them.
 bool UserInfo::IsLogin() const {
-    return cloudHost().loggedIn;
+    return cloudHost().isLoggedIn(this);
 }
 QString UserInfo::UserID() const {
-    return cloudHost().loggedIn ? cloudHost().userId() : QString();
+    return cloudHost().isLoggedIn(this) ? cloudHost().userId() : QString();
 }
 void* osgi::ObjectHelper::GetService(const std::string& name) {
     return name == "firstPagePlugin" ? static_cast<FirstPagePlugin*>(&cloudHost()) : nullptr;
@@ -108,25 +111,30 @@ void zFileDialog::SetFilePath(const QString& path) {
     cloudHost().cloudPath = path;
 }
 QJsonObject zFileDialog::LoadGrypData() {
+    cloudHost().fetch();
     const QJsonObject mine =
         CloudHost::folder(QStringLiteral("我的"), {CloudHost::file(QStringLiteral("甲.GCFX"))});
     const QJsonObject root = CloudHost::folder(cloudHost().rootName(), {mine});
     return CloudHost::answer(QJsonObject{{QStringLiteral("list"), QJsonArray{root}}});
 }
 QJsonObject zFileDialog::LoadQyypData() {
+    cloudHost().fetch();
     return CloudHost::answer(cloudHost().companyTop());
 }
 QJsonObject zFileDialog::LoadQyypMlData(const QString& folder, const QString&) {
+    cloudHost().fetch();
     if (folder != QStringLiteral("folder of 部门")) return {{QStringLiteral("code"), 1}};
     return CloudHost::answer(QJsonArray{CloudHost::file(QStringLiteral("乙.GCFX"))});
 }
 QJsonObject zFileDialog::IsExistDownLoadfile(const QString& name, const QString&) {
+    cloudHost().fetch();
     return CloudHost::answer(
         QJsonObject{{QStringLiteral("filPath"), cloudHost().localPath(name)},
                     {QStringLiteral("isExist"), QFile::exists(cloudHost().localPath(name))}});
 }
 QJsonObject zFileDialog::downLoadYunpanFile(const QString& name, const QString& link,
                                             const QString&, const QString&) {
+    cloudHost().fetch();
     if (link.isEmpty()) return {{QStringLiteral("code"), 1}};
     return cloudHost().download(name);
 }

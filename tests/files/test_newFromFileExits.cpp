@@ -115,6 +115,19 @@ TEST(NewFromFile, ALogInIsAskedForOnceAndTheFlowGoesOn) {
     }
 }
 
+TEST(NewFromFile, TheAccountIsAskedForAnewAfterALogIn) {
+    Stage stage(FileFlow::Audit);
+    stage.host.switches().account.login = Login::Accepted;
+    stage.linesOf(cloudFile);
+    const Lines asked{"Users::Instance", "Users::Kvy", "UserInfo::IsLogin"};
+    Lines expected = asked;
+    expected.emplace_back("FirstPagePlugin::showLogin");
+    expected.insert(expected.end(), asked.begin(), asked.end());
+    Lines names = asked;
+    names.emplace_back("FirstPagePlugin::showLogin");
+    EXPECT_EQ(testing_support::journalNames(names), expected);
+}
+
 TEST(NewFromFile, ADialogThatGoesWhenItClosesIsNotTouchedAgain) {
     for (FileFlow flow : everyFlow) {
         SCOPED_TRACE(int(flow));
