@@ -95,10 +95,12 @@ const QVector<Place>& sites() {
     return all;
 }
 
+#ifdef GUARDS_ON_STACK
 /// @return the function that a call stands in, with its arguments.
 QString functionOf(const Place& site) {
     return functionAt(site.site).remove(QLatin1String("(anonymous namespace)::"));
 }
+#endif
 
 }  // namespace
 
