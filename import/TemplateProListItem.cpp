@@ -148,11 +148,11 @@ void TemplateProListItem::Form::dressPathCard() {
 
 void TemplateProListItem::Form::dressForFirstOpening() {
     btnNewProject->setFixedSize(scaled(70), scaled(28));
-    horizontalLayout_2->removeWidget(btnNewProject);
     auto* place = new QHBoxLayout;
+    horizontalLayout_2->addLayout(place);  // before the host is asked for sizes, which may throw
     setMargins(place, 0, 9, 25, 0);
+    horizontalLayout_2->removeWidget(btnNewProject);
     place->addWidget(btnNewProject);
-    horizontalLayout_2->addLayout(place);
     // In a low row the button reaches down beside the lines, which would catch its clicks.
     btnNewProject->raise();
 }

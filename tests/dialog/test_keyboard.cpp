@@ -1,74 +1,14 @@
-/// What the keys do in the dialog: where they lead, and what they create.
+/// What the keys do among cards and rows: where they lead, and what they create.
 #include <QtTest/qtestspontaneevent.h>
-#include <QLineEdit>
 #include <QMenu>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QWheelEvent>
 #include <cmath>
 
-#include "dialog/xzGcLxDialog.h"
-#include "import/TemplateProListItem.h"
-#include "import/importExcelSelFile.h"
-#include "tests/dialog/DialogFixture.h"
+#include "tests/dialog/KeyboardFixture.h"
 
 namespace {
 
 using namespace dialog_tests;
-
-const QString wholeFee = QStringLiteral("整体计费");
-const QString perUnitFee = QStringLiteral("单独计费");
-
-class Keyboard : public DialogTest {
-  protected:
-    void SetUp() override {
-        QList<TaxTemplateInfo> models;
-        for (int i = 0; i < 30; ++i) models << model(QStringLiteral("模型%1").arg(i));
-        host.setModels(QStringLiteral("Kvys"), 0, models);
-        host.configure(
-            QStringLiteral("模型1"),
-            testing_support::pricing(QStringLiteral("模型1"), {wholeFee, perUnitFee}, wholeFee));
-        for (const char* name : {"甲.MODX", "夹/乙.MODX"})
-            host.addTemplate(QStringLiteral("kvys"), QString::fromUtf8(name));
-    }
-    /// Presses a key where the focus is.
-    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        QWidget* focus = dialog->focusWidget();
-        QTest::keyClick(focus ? focus : dialog.get(), code, modifiers);
-        settle();
-    }
-    /// A key that is held: it comes again and again.
-    void hold(Qt::Key code, int times) {
-        for (int i = 0; i < times && dialog && dialog->focusWidget(); ++i) {
-            QKeyEvent event(QEvent::KeyPress, code, Qt::NoModifier, QStringLiteral("\r"), i > 0);
-            QApplication::sendEvent(dialog->focusWidget(), &event);
-        }
-        settle();
-    }
-    QListWidget* cards() { return list("lswGeneralTax"); }
-    QScrollBar* bar() { return find<QScrollArea>("taxPageArea")->verticalScrollBar(); }
-    QWidget* focused() { return dialog->focusWidget(); }
-    /// @return the row in which the ring is seen; -1 where none is.
-    int ringRow() {
-        const auto rings = cards()->findChildren<QWidget*>(QStringLiteral("focusRing"));
-        EXPECT_LE(rings.size(), 1);
-        for (int row = 0; row < cards()->count(); ++row) {
-            QWidget* shown = card("lswGeneralTax", row);
-            if (rings.isEmpty() || rings[0]->parentWidget() != shown) continue;
-            EXPECT_TRUE(rings[0]->isVisible());
-            EXPECT_EQ(rings[0]->size(), shown->size());
-            return row;
-        }
-        return -1;
-    }
-    void openTree() {
-        open();
-        click(button("templateButton"));
-        settle();
-        tree()->setFocus(Qt::TabFocusReason);
-    }
-    QWidget* treeRow(QTreeWidgetItem* item) { return tree()->itemWidget(item, 0); }
-};
 
 TEST_F(Keyboard, OpensOnTheFirstCard) {
     open();
@@ -126,24 +66,6 @@ TEST_F(Keyboard, EnterCreatesFromTheCardWithTheRing) {
         EXPECT_EQ(countOf("SignalCreatePro"), 1);
         EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")), QStringLiteral("模型2"));
     }
-}
-
-TEST_F(Keyboard, EnterIsTakenByNoButtonThatOnlyHappensToBeThere) {
-    openTree();
-    button("generalTaxButton")->click();
-    settle();
-    xzGcLxDialog chooser(dialog.get());
-    importExcelSelFile excel(dialog.get());
-    for (QWidget* window : {static_cast<QWidget*>(dialog.get()), static_cast<QWidget*>(&chooser),
-                            static_cast<QWidget*>(&excel)}) {
-        const auto buttons = window->findChildren<QPushButton*>();
-        EXPECT_GE(buttons.size(), 2) << window->metaObject()->className();
-        for (const QPushButton* one : buttons) {
-            EXPECT_FALSE(one->autoDefault() || one->isDefault())
-                << window->metaObject()->className() << " " << one->objectName().toStdString();
-        }
-    }
-    EXPECT_FALSE(dialog->findChildren<TemplateProListItem*>().isEmpty());
 }
 
 TEST_F(Keyboard, AHeldKeyCreatesOnce) {
@@ -372,68 +294,6 @@ TEST_F(Keyboard, TheRingIsSeenInEverySkin) {
         const qreal one = luminance(ring);
         const qreal other = luminance(plain.pixelColor(first->width() / 2, first->height() / 2));
         EXPECT_GE(qMax(one, other) / qMin(one, other), 3.0) << skin;
-    }
-}
-
-TEST_F(Keyboard, ReturnInAnEmptyFieldDoesWhatTheNewButtonDoes) {
-    for (const bool audit : {true, false}) {
-        open();
-        if (!audit) addKindOnMainPage(contractingLabel);
-        pick(audit ? auditLabel : contractingLabel);
-        if (!audit) click(button("budgetButton"));
-        auto* page = find<QWidget>(audit ? "auditPage" : "contractingPage");
-        clearJournal();
-        click(child<zBaseButton>(page, "newButton"));
-        const Lines byButton = flowLines();
-        EXPECT_FALSE(byButton.empty());
-        clearJournal();
-        child<QComboBox>(page, "fileCombo")->setFocus();
-        hold(Qt::Key_Return, 3);
-        EXPECT_EQ(flowLines(), byButton);
-    }
-}
-
-TEST_F(Keyboard, ADialogThatStaysOpenAfterAllKeepsItsFocus) {
-    struct Refusing : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            if (event->type() != QEvent::Close) return false;
-            event->ignore();
-            return true;
-        }
-    } refusing;
-    const QString file = host.write(QStringLiteral("甲.GCFX"));
-    open();
-    pick(auditLabel);
-    auto* page = find<QWidget>("auditPage");
-    page->findChild<QComboBox*>()->setCurrentText(file);
-    auto* create = child<zBaseButton>(page, "newButton");
-    create->setFocus();
-    dialog->installEventFilter(&refusing);
-    key(Qt::Key_Space);
-    EXPECT_EQ(countOf("Communication::SendMsgToPlugin"), 1);
-    ASSERT_TRUE(dialog->isVisible());
-    EXPECT_EQ(focused(), create);
-}
-
-TEST_F(Keyboard, AFilePageTakesTheFocusIntoItsField) {
-    open();
-    pick(auditLabel);
-    EXPECT_EQ(focused(), find<QWidget>("auditPage")->findChild<QComboBox*>());
-    key(Qt::Key_Tab);
-    EXPECT_EQ(focused()->objectName(), QStringLiteral("browseButton"));
-    key(Qt::Key_Tab);
-    EXPECT_EQ(focused()->objectName(), QStringLiteral("newButton"));
-    key(Qt::Key_Tab);
-    EXPECT_EQ(focused(), find<QWidget>("auditPage")->findChild<QComboBox*>());
-}
-
-TEST_F(Keyboard, EscapeClosesFromEveryStop) {
-    for (int stops = 0; stops < 5; ++stops) {
-        open();
-        for (int i = 0; i < stops; ++i) key(Qt::Key_Tab);
-        key(Qt::Key_Escape);
-        EXPECT_FALSE(dialog->isVisible()) << stops;
-        EXPECT_EQ(countOf("signal"), 0);
     }
 }
 

@@ -12,21 +12,23 @@ const int portion = 25;  ///< Sequences that a process plays before the next one
 const qint64 patienceMs =
     120 * 1000;  ///< With one sequence. A player that hangs ends itself sooner.
 
-/// @return what a process said of its end: a sanitizer's or the library's headline, else the last
-///         line.
-QString lastWords(QProcess& process) {
+/// @return what a process said of its end: a sanitizer's or the library's headline, else how it
+/// ended
+///         and its last line, which may be about something else.
+QString lastWords(QProcess& process, const QString& end) {
     static const QRegularExpression headline(
         QStringLiteral("ERROR: .*|.*runtime error: .*|terminate called .*"));
     const QString said = QString::fromUtf8(process.readAllStandardError());
     const QRegularExpressionMatch match = headline.match(said);
     if (match.hasMatch()) return match.captured();
-    return said.trimmed().section(QLatin1Char('\n'), -1);
+    return end + QLatin1String(": ") + said.trimmed().section(QLatin1Char('\n'), -1);
 }
 
 QString told(QProcess& process) {
-    const QString words = lastWords(process);
-    if (process.exitStatus() == QProcess::CrashExit) return QStringLiteral("crash: ") + words;
-    return QStringLiteral("died: exit code %1: %2").arg(process.exitCode()).arg(words);
+    const QString code = QString::number(process.exitCode());
+    if (process.exitStatus() == QProcess::CrashExit)
+        return QLatin1String("crash: ") + lastWords(process, QLatin1String("signal ") + code);
+    return QLatin1String("died: ") + lastWords(process, QLatin1String("exit code ") + code);
 }
 
 QStringList argumentsOf(const Traps& traps) {

@@ -154,7 +154,7 @@ TEST_F(MonkeyTest, ACrashEndsOneProcessOnly) {
     EXPECT_TRUE(ran.out.startsWith(QStringLiteral("20 sequences, "))) << ran.out.toStdString();
     EXPECT_TRUE(ran.out.contains(QStringLiteral(": crash: "))) << ran.out.toStdString();
     const QJsonArray left = content().value(QStringLiteral("steps")).toArray();
-    EXPECT_EQ(left.size(), 2);
+    EXPECT_EQ(left.size(), 2) << ran.out.toStdString();
     EXPECT_EQ(left[0][QStringLiteral("do")].toString(), QStringLiteral("open"));
 }
 
