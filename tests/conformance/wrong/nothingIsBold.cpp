@@ -1,6 +1,8 @@
 // the current ribbon entry is bold
 #include <zBaseControl.h>
 
+#include <QEvent>
+
 bool zBaseButton::event(QEvent* event) {
     if (event->type() == QEvent::FontChange && font().bold()) {
         QFont own = font();

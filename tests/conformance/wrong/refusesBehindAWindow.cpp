@@ -2,6 +2,7 @@
 #include <osgi.h>
 
 #include <QApplication>
+#include <QWidget>
 
 namespace {
 
