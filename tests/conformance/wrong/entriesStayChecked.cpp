@@ -1,18 +1,10 @@
 // a click checks one entry, then triggers
-#include <zControl.h>
-
-#include <QHBoxLayout>
-#include <QWidgetAction>
+#include "../ribbonHost.h"
 
 QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
-    auto* entry = new RibbonTab(tab);
-    auto* action = new QWidgetAction(this);
-    for (QObject* named : {static_cast<QObject*>(entry), static_cast<QObject*>(action)})
-        named->setProperty("name", tab.text);
-    action->setDefaultWidget(entry);
-    panelLayout()->addWidget(entry);
-    entry->show();
-    const auto* button = entry->findChild<zBaseButton*>();
+    QWidgetAction* action = placedEntry(this, tab);
+    action->defaultWidget()->show();
+    const auto* button = action->defaultWidget()->findChild<zBaseButton*>();
     connect(button, &QPushButton::clicked, action, &QAction::trigger);
     return action;
 }
