@@ -22,7 +22,6 @@ namespace {
 
 constexpr int pathRole = Qt::UserRole + 1;
 
-constexpr double rowWidth = 780.0;    // design pixels
 constexpr double buttonWidth = 70.0;  // design pixels; of a row's button, and of the second column
 
 constexpr int darkBelow = 128;    // lightness, of 255, below which a background is dark
@@ -126,8 +125,6 @@ void NewProCfgDialogPrivate::createTemplateTree() {
             });
         },
         Qt::DirectConnection);
-    // Until the first resize has told the width.
-    templateTree->setColumnWidth(0, scaled(rowWidth));
     const auto dress = [this] {
         guarded({dialogSource, "addMoBanWidget"},
                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
@@ -138,6 +135,9 @@ void NewProCfgDialogPrivate::createTemplateTree() {
 }
 
 void NewProCfgDialogPrivate::fitTemplateTree() {
+    // Before the host is asked, so that the columns end with the tree whatever it answers: wider
+    // ones scroll it aside under a mouse that is pressed on a row's button.
+    templateTree->setColumnWidth(0, templateTree->width() - templateTree->columnWidth(1));
     const int second = scaled(buttonWidth);
     templateTree->setColumnWidth(0, templateTree->width() - second);
     templateTree->setColumnWidth(1, second);

@@ -1,10 +1,12 @@
 #include "tests/faults/Promises.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QLabel>
 #include <QListWidget>
 #include <QMetaMethod>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStackedWidget>
 
 namespace faults {
@@ -83,6 +85,15 @@ void lookAtCards(const QWidget* window, QStringList& broken) {
     }
 }
 
+/// Whatever is clicked there would move aside between press and release.
+void lookForHiddenScrolling(const QWidget* window, QStringList& broken) {
+    for (const auto* area : window->findChildren<QAbstractScrollArea*>()) {
+        const bool mayNot = area->horizontalScrollBarPolicy() == Qt::ScrollBarAlwaysOff;
+        if (mayNot && area->isVisible() && area->horizontalScrollBar()->maximum() > 0)
+            broken += QStringLiteral("scrolls sideways: ") + nameOfWidget(area);
+    }
+}
+
 }  // namespace
 
 QStringList brokenPromises(const QWidget* window) {
@@ -91,6 +102,7 @@ QStringList brokenPromises(const QWidget* window) {
     lookAtPages(window, broken);
     lookForLoosePages(window, broken);
     lookAtCards(window, broken);
+    lookForHiddenScrolling(window, broken);
     const auto* estimate = window->findChild<QWidget*>(QStringLiteral("BtnGs"));
     if (estimate && !estimate->isHidden()) broken += QStringLiteral("the estimate can be chosen");
     return broken;
