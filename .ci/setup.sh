@@ -4,7 +4,7 @@
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
                 libzip-dev libicu-dev fonts-noto-cjk)
 test_packages=(clang libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file
-               at-spi2-core dbus gir1.2-atspi-2.0 python3-gi xvfb)
+               at-spi2-core dbus gir1.2-atspi-2.0 python3-gi python3-jsonschema xvfb)
 qt6_packages=(qt6-base-dev qt6-svg-dev)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev libxdamage-dev libxtst-dev)
