@@ -8,6 +8,7 @@
 #include "tests/faults/Action.h"
 #include "tests/faults/Places.h"
 #include "tests/faults/Promises.h"
+#include "tests/support/platformMessages.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/ProjectStore.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -37,8 +38,7 @@ constexpr int patience = 10000;
 QStringList* warnings = nullptr;
 
 void keepWarning(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    // Said of the platform without a display, not of what is shown there.
-    if (text.startsWith(QLatin1String("This plugin does not support "))) return;
+    if (testing_support::isOfPlatform(text)) return;
     // Said by the workbench of an installation that is not there.
     if (text.startsWith(QLatin1String("/nonexistent/"))) return;
     if (type != QtDebugMsg && type != QtInfoMsg && warnings) warnings->append(text);
@@ -155,10 +155,8 @@ class Run {
         outcome.stack = watch.stack();
         for (const QWidget* widget : QApplication::allWidgets()) {
             const bool known = before.contains(const_cast<QWidget*>(widget));
-            // Qt makes them once, when a menu or a list first asks for the screen.
-            if (known || widget->inherits("QDesktopWidget") ||
-                widget->inherits("QDesktopScreenWidget"))
-                continue;
+            // Qt makes these once, when a menu or a list first asks for the screen.
+            if (known || widget->windowType() == Qt::Desktop) continue;
             outcome.strays.append(QLatin1String(widget->metaObject()->className()));
         }
         return outcome;

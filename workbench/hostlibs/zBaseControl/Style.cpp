@@ -111,6 +111,10 @@ void drawWithDots(QPainter& painter, QPointF place, const QString& text) {
     }
 }
 
+int heightWithText(const QFontMetrics& font, double design) {
+    return qMax(scaled(design), font.height() + scaled(3));
+}
+
 QFont fitting(QFont font, int needed, int room) {
     constexpr double smallest = 0.5;
     if (needed <= room + 1 || room <= 0) return font;

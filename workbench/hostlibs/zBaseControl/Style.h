@@ -37,6 +37,9 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
 ///         the font of the application. Too small to read it does not get.
 /// @param needed what the text covers in this font, pixels.
 QFont fitting(QFont font, int needed, int room);
+/// @param design in design pixels. @return how high a line of text needs something to be, and that at
+///         the least.
+int heightWithText(const QFontMetrics& font, double design);
 /// Draws a text that is cut already. @param place where the base line begins.
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
@@ -51,6 +54,7 @@ QRegion roundedRegion(const QRect& rect, double radius);
 void roundCorners(QWidget* window, double radius);
 
 constexpr double kMenuRadius = 6;
+constexpr double kRowButtonHeight = 24;
 constexpr double kFieldRadius = 4;
 
 }  // namespace workbench

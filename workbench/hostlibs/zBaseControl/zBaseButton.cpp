@@ -50,7 +50,7 @@ constexpr Face faces[] = {
       {Tint::AccentPressed, Tint::AccentLine, Tint::OnAccent},
       {Tint::AccentHover, Tint::AccentLine, Tint::OnAccent},
       {Tint::Disabled, Tint::Border, Tint::Faint}}},
-    {{workbench::NewButtonType, 10, 24, 4},
+    {{workbench::NewButtonType, 10, workbench::kRowButtonHeight, 4},
      {{Tint::None, Tint::AccentLine, Tint::AccentLine},
       {Tint::Accent, Tint::AccentLine, Tint::OnAccent},
       {Tint::AccentPressed, Tint::AccentLine, Tint::OnAccent},
@@ -185,7 +185,7 @@ void zBaseButton::setControlType(int type) {
 
 QSize zBaseButton::sizeHint() const {
     const Face& face = faceOf(look->type, look->checkedBackground);
-    const int height = qMax(scaled(face.body.height), fontMetrics().height() + scaled(4));
+    const int height = workbench::heightWithText(fontMetrics(), face.body.height);
     if (layout()) return layout()->totalSizeHint().expandedTo({0, height});
     int width = textWidth(*this, look->type == workbench::RibbonTabType);
     if (!look->icons[0].isEmpty()) width += iconSize().width() + (text().isEmpty() ? 0 : scaled(6));

@@ -12,7 +12,9 @@ zBaseWidget::zBaseWidget(QWidget* parent, int widgetType) : QWidget(parent) {
     look->rest = widgetType == workbench::CardType ? Tint::Card : Tint::Surface;
     setAttribute(Qt::WA_Hover, widgetType != workbench::PlainType);
     // Rows with and without a button, which has 2 above and below, are of one height.
-    if (widgetType == workbench::RowType) setMinimumHeight(scaled(24) + 2 * scaled(2));
+    if (widgetType == workbench::RowType)
+        setMinimumHeight(workbench::heightWithText(fontMetrics(), workbench::kRowButtonHeight) +
+                         2 * scaled(2));
     // What stands in a card keeps clear of its border, whatever margins its layout has.
     if (widgetType == workbench::CardType) setContentsMargins(scaled(4), 0, scaled(6), 0);
 }
