@@ -1,5 +1,6 @@
 #include "workbench/app/MainWindow.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
@@ -83,6 +84,20 @@ QString pictureOf(const QString& skin) {
     return QStringLiteral(":/Image/Workbench/skin-%1.svg").arg(skin);
 }
 
+/// Qt names the buttons in the title of a dock in English, and anew whenever its style changes.
+void nameTitleButtons(const QDockWidget& dock) {
+    const struct {
+        const char *name, *text, *description;
+    } buttons[] = {{"qt_dockwidget_floatbutton", "浮动", "使此面板离开窗口或回到窗口"},
+                   {"qt_dockwidget_closebutton", "关闭", "关闭此面板，可从菜单“视图”重新打开"}};
+    for (const auto& each : buttons) {
+        auto* button = dock.findChild<QAbstractButton*>(QLatin1String(each.name));
+        button->setAccessibleName(said(each.text));
+        button->setToolTip(said(each.text));
+        button->setAccessibleDescription(said(each.description));
+    }
+}
+
 /// Puts on the skin after the current one.
 void nextSkin() {
     Host& host = Host::instance();
@@ -126,6 +141,7 @@ MainWindow::MainWindow(Settings* settings)
     showInstallation();
     Surface::instance().adopt(this);
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::showInstallation);
+    connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::adaptToLook);
     if (!settings || !settings->restore(*this))
         resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
     if (!settings) return;
@@ -252,6 +268,7 @@ void MainWindow::adaptToLook() {
     }
     // Their titles keep the height of the old font otherwise.
     for (const auto* dock : findChildren<QDockWidget*>()) {
+        nameTitleButtons(*dock);
         dock->layout()->invalidate();
         dock->layout()->activate();
     }
