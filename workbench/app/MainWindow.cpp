@@ -32,6 +32,7 @@
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/hostDialog.h"
+#include "zBaseControl.h"
 
 namespace workbench {
 
@@ -45,7 +46,6 @@ const int messageMs = 8000;
 QString partSheet() {
     QString sheet = QStringLiteral(R"(
 QSplitter::handle{background:@line;width:#1#px}
-QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:#1#px solid @line}
 QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #6#px;spacing:#4#px}
 QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
 QToolButton:hover{background:@title}
@@ -68,7 +68,7 @@ QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
         {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
         {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {1, 2, 3, 4, 5, 6, 7, 8, 12})
+    for (const int size : {1, 2, 3, 4, 5, 6, 8})
         sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
     return sheet;
 }
@@ -114,7 +114,7 @@ MainWindow::MainWindow(Settings* settings)
       projects(new ProjectPanel),
       tools(new QToolBar(QStringLiteral("工具栏"))),
       count(new QLabel),
-      installation(new QLabel) {
+      installation(new zBaseLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
     auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
@@ -259,7 +259,8 @@ void MainWindow::adaptToLook() {
     for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (!part->isWindow()) part->setStyleSheet(sheet);
     setWindowIcon(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), QSize(64, 64), 1));
-    const int side = scaled(18);
+    installation->setMinimumWidth(scaled(120));  // cut with dots, rather than a window too wide
+    const int side = roomFor(18);
     tools->setIconSize({side, side});
     for (QAction* action : findChildren<QAction*>()) {
         const QString picture = action->property(pictureProperty).toString();
@@ -272,6 +273,12 @@ void MainWindow::adaptToLook() {
         dock->layout()->invalidate();
         dock->layout()->activate();
     }
+}
+
+/// Parts with a style sheet do not hear of a font of the application by themselves.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) adaptToLook();
 }
 
 void MainWindow::newProject(const QString& entry) {
