@@ -246,6 +246,26 @@ TEST_P(LargeFont, IsCutWithDotsAtWorst) {
     }
 }
 
+/// The screen here is smaller than any that the dialog fits on.
+TEST_P(LargeFont, LeavesTheWindowsOfTheWorkbenchOnTheScreen) {
+    if (GetParam().scale != 1) return;
+    for (const Page& page : windowsOfTheWorkbench()) {
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        const QSize screen = window->screen()->availableSize();
+        EXPECT_EQ(window->size().expandedTo(screen), screen);
+        EXPECT_EQ(window->minimumSizeHint().expandedTo(screen), screen);
+        window->resize(screen);
+        settle();
+        EXPECT_EQ(window->size().expandedTo(screen), screen);
+        keepPicture(window.get(), page.name, "-small");
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
+        EXPECT_EQ(unreachable(window.get()), QStringList());
+    }
+}
+
 /// @return what a window's parts measure: their fonts, least sizes, columns and rows.
 Lines measuresOf(const QWidget* window) {
     Lines found;
