@@ -1,7 +1,5 @@
 /// What the keys do among cards and rows: where they lead, and what they create.
-#include <QtTest/qtestspontaneevent.h>
 #include <QMenu>
-#include <QWheelEvent>
 #include <cmath>
 
 #include "tests/dialog/KeyboardFixture.h"
@@ -245,35 +243,6 @@ TEST_F(Keyboard, TheMouseMovesTheCurrentCardWithoutARing) {
     EXPECT_EQ(ringRow(), -1);
     key(Qt::Key_Down);
     EXPECT_EQ(ringRow(), 3);
-}
-
-TEST_F(Keyboard, TheWheelScrollsByPixels) {
-    const auto turn = [](QWidget* over, int angle) {
-        const QPoint middle = over->rect().center();
-        QWheelEvent event(middle, over->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QSpontaneKeyEvent::setSpontaneous(&event);  // only such a one goes on to what is around
-        qApp->notify(over, &event);
-    };
-    open();
-    QWidget* shown = find<QScrollArea>("taxPageArea")->viewport();
-    turn(cards()->viewport(), -120);
-    EXPECT_GT(bar()->value(), 0);
-    EXPECT_LT(bar()->value(), 80) << "a notch is less than a card";
-    const int before = bar()->value();
-    turn(cards()->viewport(), -16);
-    EXPECT_GT(bar()->value(), before) << "a touchpad sends parts of a notch";
-    EXPECT_LT(bar()->value(), before + 12);
-    EXPECT_GT(shown->height(), 80);
-    for (int i = 0; i < 40; ++i)
-        host.addTemplate(QStringLiteral("kvys"), QStringLiteral("模板%1.MODX").arg(i));
-    openTree();
-    const int rowHeight = tree()->visualItemRect(tree()->topLevelItem(0)).height();
-    turn(tree()->viewport(), -16);
-    const int offset = -tree()->visualItemRect(tree()->topLevelItem(0)).top();
-    EXPECT_GT(offset, 0);
-    EXPECT_LT(offset, rowHeight) << "not by whole rows";
-    EXPECT_EQ(tree()->verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
 }
 
 TEST_F(Keyboard, TheRingIsSeenInEverySkin) {

@@ -8,8 +8,10 @@
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"
 #include "import/importExcelSelFile.h"
+#include "workbench/app/AboutDialog.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"
+#include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
@@ -75,6 +77,14 @@ std::unique_ptr<QWidget> openDialog() {
     return shown(std::make_unique<workbench::OpenDialog>(nullptr, request));
 }
 
+/// As on a screen that holds every scale.
+std::unique_ptr<QWidget> largeOpenDialog() {
+    std::unique_ptr<QWidget> window = openDialog();
+    window->resize(workbench::roomFor(860), workbench::roomFor(560));
+    settle();
+    return window;
+}
+
 std::unique_ptr<QWidget> download() {
     auto window = std::make_unique<workbench::DownloadWindow>(
         QStringLiteral("青羊区社区卫生服务中心医技楼.GCFX"), nullptr);
@@ -112,12 +122,29 @@ const std::vector<Page>& allPages() {
         {"contracting", onContractingPage},
         {"chooser", [] { return shown(std::make_unique<xzGcLxDialog>(nullptr)); }},
         {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
-        {"fileDialog", openDialog},
+        {"fileDialog", largeOpenDialog},
         {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
         {"download", download},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
         {"mainWindow", mainWindow}};
+    return pages;
+}
+
+const std::vector<Page>& windowsOfTheWorkbench() {
+    static const std::vector<Page> pages = {
+        {"fileDialog", openDialog},
+        {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"download", download},
+        {"information", [] { return box("info"); }},
+        {"longMessage",
+         [] {
+             return shown(std::make_unique<workbench::MessageBox>(
+                 QStringLiteral("提示"), QStringLiteral("无法打开的工程文件\n").repeated(60),
+                 QStringList{QStringLiteral("确定")}, "critical", nullptr));
+         }},
+        {"about", [] { return shown(std::make_unique<workbench::AboutDialog>(nullptr)); }},
+        {"mainWindow", [] { return shown(std::make_unique<workbench::MainWindow>()); }}};
     return pages;
 }
 

@@ -21,6 +21,9 @@ inline void PrintTo(const Page& page, std::ostream* out) {
 /// @return all of them, over the sample installation.
 const std::vector<Page>& allPages();
 
+/// @return the windows that the workbench adds, each as large as it opens by itself.
+const std::vector<Page>& windowsOfTheWorkbench();
+
 /// @return the tip that a widget shows to a mouse that rests at a place in it; empty for none.
 QString tipOf(QWidget* widget, const QPoint& place);
 

@@ -4,14 +4,18 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDockWidget>
 #include <QFormLayout>
+#include <QHeaderView>
 #include <QLayout>
 #include <QListWidget>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <QTreeWidget>
 #include <QtMath>
+#include <algorithm>
 
 #include "tests/looks/Windows.h"
 #include "tests/support/Looks.h"
@@ -22,7 +26,9 @@ namespace {
 
 using namespace looks_tests;
 using testing_support::child;
+using testing_support::Lines;
 using testing_support::Look;
+using testing_support::settle;
 using workbench::scaled;
 
 /// Labels whose text may be longer than the window; they end in dots and tell it by their tips.
@@ -61,6 +67,21 @@ QStringList outsiders(const QWidget* window) {
     return found;
 }
 
+/// @return scroll areas whose content is wider than they show, and that have no bar to reach it.
+QStringList unreachable(const QWidget* window) {
+    QStringList found;
+    for (const auto* area : window->findChildren<QScrollArea*>()) {
+        if (!area->isVisible() || area->horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOff)
+            continue;
+        if (area->widget()->width() > area->viewport()->width())
+            found << QStringLiteral("%1 %2: %3 in %4")
+                         .arg(QLatin1String(area->metaObject()->className()), area->objectName())
+                         .arg(area->widget()->width())
+                         .arg(area->viewport()->width());
+    }
+    return found;
+}
+
 /// @return buttons, ticks and fields without a tip whose text is surely cut, and those with one
 ///         whose text is surely whole.
 QStringList untold(const QWidget* window) {
@@ -91,6 +112,7 @@ TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
+        EXPECT_EQ(unreachable(window.get()), QStringList());
     }
 }
 
@@ -192,14 +214,21 @@ TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
     }
 }
 
-class LargeFont : public Geometry {};
+class LargeFont : public Geometry {
+  protected:
+    LargeFont() { QApplication::setFont(doubled); }
+    ~LargeFont() override { QApplication::setFont(before); }
+
+    const QFont before = QApplication::font();
+    const QFont doubled = [this] {
+        QFont font = before;
+        font.setPixelSize(2 * before.pixelSize());
+        return font;
+    }();
+};
 
 /// The same before the window is opened.
 TEST_P(LargeFont, IsCutWithDotsAtWorst) {
-    const QFont before = QApplication::font();
-    QFont large = before;
-    large.setPixelSize(2 * before.pixelSize());
-    QApplication::setFont(large);
     for (const Page& page : allPages()) {
         if (page.name == std::string("mainWindow")) continue;
         SCOPED_TRACE(page.name);
@@ -215,7 +244,88 @@ TEST_P(LargeFont, IsCutWithDotsAtWorst) {
             EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, {}), QStringList());
         }
     }
+}
+
+/// The screen here is smaller than any that the dialog fits on.
+TEST_P(LargeFont, LeavesTheWindowsOfTheWorkbenchOnTheScreen) {
+    if (GetParam().scale != 1) return;
+    for (const Page& page : windowsOfTheWorkbench()) {
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        const QSize screen = window->screen()->availableSize();
+        EXPECT_EQ(window->size().expandedTo(screen), screen);
+        EXPECT_EQ(window->minimumSizeHint().expandedTo(screen), screen);
+        window->resize(screen);
+        settle();
+        EXPECT_EQ(window->size().expandedTo(screen), screen);
+        keepPicture(window.get(), page.name, "-small");
+        EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(outsiders(window.get()), QStringList());
+        EXPECT_EQ(untold(window.get()), QStringList());
+        EXPECT_EQ(unreachable(window.get()), QStringList());
+    }
+}
+
+/// @return what a window's parts measure: their fonts, least sizes, columns and rows.
+Lines measuresOf(const QWidget* window) {
+    Lines found;
+    for (const auto* widget : window->findChildren<QWidget*>()) {
+        const QString name = widget->objectName();
+        if (!widget->isVisible() || name.isEmpty() || name.startsWith(QLatin1String("qt_")))
+            continue;
+        QString line =
+            QStringLiteral("%1: font %2, at least %3x%4")
+                .arg(name)
+                .arg(QFontInfo(widget->font()).pixelSize())
+                .arg(widget->minimumSizeHint().expandedTo(widget->minimumSize()).width())
+                .arg(widget->minimumSizeHint().expandedTo(widget->minimumSize()).height());
+        if (const auto* view = qobject_cast<const QTreeView*>(widget)) {
+            line += QStringLiteral(", rows %1, columns").arg(view->sizeHintForRow(0));
+            for (int i = 0; i < view->header()->count(); ++i)
+                if (view->header()->sectionResizeMode(i) == QHeaderView::Interactive)
+                    line += QStringLiteral(" %1").arg(view->header()->sectionSize(i));
+        }
+        found.push_back(line.toStdString());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+/// @return how the titles of the docks begin, in pictures: Qt draws them in a font of its own.
+QVector<QImage> dockTitles(QWidget* window) {
+    QVector<QImage> found;
+    for (auto* dock : window->findChildren<QDockWidget*>())
+        found.append(dock->grab(QRect(0, 0, 150, dock->widget()->y())).toImage());
+    return found;
+}
+
+TEST_P(LargeFont, IsFollowedByAMainWindowThatIsOpen) {
+    if (GetParam().scale != 1) return;  // the window would take up the host's font with its scale
+    const auto open = [] {
+        const auto& pages = allPages();
+        return std::find_if(pages.begin(), pages.end(),
+                            [](const Page& page) { return page.name == std::string("mainWindow"); })
+            ->open();
+    };
+    std::unique_ptr<QWidget> opened = open();
+    const Lines large = measuresOf(opened.get());
+    const QVector<QImage> largeTitles = dockTitles(opened.get());
+    opened.reset();
     QApplication::setFont(before);
+    const std::unique_ptr<QWidget> window = open();
+    const Lines usual = measuresOf(window.get());
+    ASSERT_GT(usual.size(), 30u);
+    QApplication::setFont(doubled);
+    settle();
+    keepPicture(window.get(), "mainWindow", "-doubled");
+    EXPECT_EQ(measuresOf(window.get()), large);
+    EXPECT_EQ(dockTitles(window.get()), largeTitles);
+    EXPECT_EQ(outsiders(window.get()), QStringList());
+    EXPECT_EQ(untold(window.get()), QStringList());
+    EXPECT_EQ(unreachable(window.get()), QStringList());
+    QApplication::setFont(before);
+    settle();
+    EXPECT_EQ(measuresOf(window.get()), usual);
 }
 
 INSTANTIATE_TEST_SUITE_P(Looks, LargeFont, testing::Values(Look{1, "light"}, Look{1.5, "contrast"}),

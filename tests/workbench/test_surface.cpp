@@ -1,6 +1,8 @@
 // The two languages of the main window.
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QMenu>
@@ -72,6 +74,39 @@ TEST_F(SurfaceTest, InEnglishNothingOfTheWindowIsChineseAndBackAgainEverythingIs
     EXPECT_EQ(text("detailTitle"), QStringLiteral("教学楼"));
     part<QAction>("language.zh")->trigger();
     EXPECT_EQ(chineseTexts(), before);
+}
+
+/// Qt names them by itself, in a language of its own.
+TEST_F(SurfaceTest, TheButtonsOfTheDocksSpeakTheWindowsLanguage) {
+    const auto expectAll = [this](bool chinese) {
+        int texts = 0;
+        for (const auto* dock : window->findChildren<QDockWidget*>())
+            for (const auto* button : dock->findChildren<QAbstractButton*>(
+                     QRegularExpression(QStringLiteral("^qt_dockwidget_"))))
+                for (const QString& text : {button->accessibleName(), button->toolTip(),
+                                            button->accessibleDescription()}) {
+                    EXPECT_FALSE(text.isEmpty()) << button->objectName().toStdString();
+                    EXPECT_EQ(isChinese(text), chinese) << text.toStdString();
+                    ++texts;
+                }
+        EXPECT_EQ(texts, 12);
+    };
+    expectAll(true);
+    part<QAction>("language.en")->trigger();
+    expectAll(false);
+    auto* dock = part<QDockWidget>("hostDock");
+    dock->close();
+    window->addDockWidget(Qt::LeftDockWidgetArea, dock);
+    dock->show();
+    expectAll(false);
+    part<QAction>("skinAction")->trigger();
+    expectAll(false);
+    dock->setFloating(true);
+    expectAll(false);
+    dock->setFloating(false);
+    expectAll(false);
+    part<QAction>("language.zh")->trigger();
+    expectAll(true);
 }
 
 TEST_F(SurfaceTest, TheDialogStaysChinese) {

@@ -5,6 +5,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -23,13 +24,11 @@ HostPanel::HostPanel(QWidget* parent) : QScrollArea(parent), form(new QFormLayou
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const HostSwitch& each : hostSwitches()) add(each);
     adaptToScale();
     refresh();
     Host& host = Host::instance();
-    connect(&host, &Host::scaleChanged, this, &HostPanel::adaptToScale);
     connect(&host, &Host::scaleChanged, this, &HostPanel::refresh);
     connect(&host, &Host::skinChanged, this, &HostPanel::refresh);
     // The dialog's work loads plug-ins and logs accounts in. Many entries, one refresh.
@@ -125,11 +124,26 @@ void HostPanel::adaptToScale() {
     form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
     for (QWidget* heading : qAsConst(headings)) {
-        heading->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
+        heading->setFont(TBaseTool::GetDefFont(roomFor(14), QFont::Bold));
         heading->setContentsMargins(0, scaled(8), 0, 0);
     }
-    // The area itself would let its switches be cut.
-    setMinimumWidth(widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
+}
+
+QSize HostPanel::minimumSizeHint() const {
+    const int needed =
+        widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
+    return {qMin(needed, screen()->availableSize().width() / 4),
+            QScrollArea::minimumSizeHint().height()};
+}
+
+bool HostPanel::event(QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) updateGeometry();
+    return QScrollArea::event(event);
+}
+
+void HostPanel::changeEvent(QEvent* event) {
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange) adaptToScale();
 }
 
 }  // namespace workbench

@@ -22,6 +22,13 @@ class HostPanel : public QScrollArea {
     /// Says something below the list of a switch. @param text empty: nothing.
     void setNote(const QString& key, const QString& text);
 
+    /// So wide that no switch is cut, but for a font with which the window would leave the screen.
+    QSize minimumSizeHint() const override;
+
+  protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
   private:
     void add(const HostSwitch& each);
     void addText(const HostSwitch& each, const QString& caption);

@@ -16,7 +16,6 @@
 #include "workbench/app/JournalModel.h"
 #include "workbench/app/Surface.h"
 #include "workbench/app/clearAction.h"
-#include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
 #include "workbench/hostlibs/zBaseControl/contextAction.h"
@@ -59,7 +58,6 @@ JournalPanel::JournalPanel(QWidget* parent)
     makeView();
     makeMenu();
     adaptToScale();
-    connect(&Host::instance(), &Host::scaleChanged, this, &JournalPanel::adaptToScale);
 }
 
 QWidget* JournalPanel::makeFilterRow() {
@@ -155,10 +153,16 @@ void JournalPanel::adaptToScale() {
     layout()->setContentsMargins(scaled(12), scaled(8), scaled(12), scaled(8));
     layout()->setSpacing(scaled(8));
     text->parentWidget()->layout()->setSpacing(scaled(8));
-    kind->setMinimumWidth(scaled(110));
-    view->header()->resizeSection(JournalModel::Number, scaled(60));
-    view->header()->resizeSection(JournalModel::Time, scaled(90));
-    view->header()->resizeSection(JournalModel::Kind, scaled(70));
+    kind->setMinimumWidth(roomFor(110));
+    view->header()->setMinimumSectionSize(scaled(40));  // by itself it is that of the font before
+    view->header()->resizeSection(JournalModel::Number, roomFor(60));
+    view->header()->resizeSection(JournalModel::Time, roomFor(90));
+    view->header()->resizeSection(JournalModel::Kind, roomFor(70));
+}
+
+void JournalPanel::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) adaptToScale();
 }
 
 void JournalPanel::applyFilter() {

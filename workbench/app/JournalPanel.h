@@ -18,6 +18,9 @@ class JournalPanel : public QWidget {
   public:
     explicit JournalPanel(QWidget* parent = nullptr);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     QWidget* makeFilterRow();
     void makeView();

@@ -1,5 +1,6 @@
 #include "workbench/app/MainWindow.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
@@ -31,6 +32,7 @@
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/hostDialog.h"
+#include "zBaseControl.h"
 
 namespace workbench {
 
@@ -44,7 +46,6 @@ const int messageMs = 8000;
 QString partSheet() {
     QString sheet = QStringLiteral(R"(
 QSplitter::handle{background:@line;width:#1#px}
-QDockWidget::title{background:@title;padding:#7#px #12#px;border-bottom:#1#px solid @line}
 QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #6#px;spacing:#4#px}
 QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
 QToolButton:hover{background:@title}
@@ -67,7 +68,7 @@ QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
         {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
         {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {1, 2, 3, 4, 5, 6, 7, 8, 12})
+    for (const int size : {1, 2, 3, 4, 5, 6, 8})
         sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
     return sheet;
 }
@@ -81,6 +82,20 @@ const SkinName skinNames[] = {{lightSkin, "浅色"}, {darkSkin, "深色"}, {cont
 
 QString pictureOf(const QString& skin) {
     return QStringLiteral(":/Image/Workbench/skin-%1.svg").arg(skin);
+}
+
+/// Qt names the buttons in the title of a dock in English, and anew whenever its style changes.
+void nameTitleButtons(const QDockWidget& dock) {
+    const struct {
+        const char *name, *text, *description;
+    } buttons[] = {{"qt_dockwidget_floatbutton", "浮动", "使此面板离开窗口或回到窗口"},
+                   {"qt_dockwidget_closebutton", "关闭", "关闭此面板，可从菜单“视图”重新打开"}};
+    for (const auto& each : buttons) {
+        auto* button = dock.findChild<QAbstractButton*>(QLatin1String(each.name));
+        button->setAccessibleName(said(each.text));
+        button->setToolTip(said(each.text));
+        button->setAccessibleDescription(said(each.description));
+    }
 }
 
 /// Puts on the skin after the current one.
@@ -99,7 +114,7 @@ MainWindow::MainWindow(Settings* settings)
       projects(new ProjectPanel),
       tools(new QToolBar(QStringLiteral("工具栏"))),
       count(new QLabel),
-      installation(new QLabel) {
+      installation(new zBaseLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
     auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
@@ -126,6 +141,7 @@ MainWindow::MainWindow(Settings* settings)
     showInstallation();
     Surface::instance().adopt(this);
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::showInstallation);
+    connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::adaptToLook);
     if (!settings || !settings->restore(*this))
         resize(QSize(scaled(1280), scaled(820)).boundedTo(screen()->availableSize()));
     if (!settings) return;
@@ -243,7 +259,8 @@ void MainWindow::adaptToLook() {
     for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (!part->isWindow()) part->setStyleSheet(sheet);
     setWindowIcon(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), QSize(64, 64), 1));
-    const int side = scaled(18);
+    installation->setMinimumWidth(scaled(120));  // cut with dots, rather than a window too wide
+    const int side = roomFor(18);
     tools->setIconSize({side, side});
     for (QAction* action : findChildren<QAction*>()) {
         const QString picture = action->property(pictureProperty).toString();
@@ -252,9 +269,16 @@ void MainWindow::adaptToLook() {
     }
     // Their titles keep the height of the old font otherwise.
     for (const auto* dock : findChildren<QDockWidget*>()) {
+        nameTitleButtons(*dock);
         dock->layout()->invalidate();
         dock->layout()->activate();
     }
+}
+
+/// Parts with a style sheet do not hear of a font of the application by themselves.
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::FontChange) adaptToLook();
 }
 
 void MainWindow::newProject(const QString& entry) {

@@ -83,7 +83,6 @@ ProjectPanel::ProjectPanel(QWidget* parent)
     connect(search, &QLineEdit::textChanged, this, &ProjectPanel::applySearch);
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
-    connect(&Host::instance(), &Host::scaleChanged, this, &ProjectPanel::adaptToScale);
     connect(&Surface::instance(), &Surface::languageChanged, this, &ProjectPanel::say);
     adaptToScale();
     say();
@@ -209,7 +208,6 @@ QWidget* ProjectPanel::makeDetails() {
     area->setWidget(details);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return area;
 }
 
@@ -217,13 +215,14 @@ void ProjectPanel::adaptToScale() {
     QHeaderView* header = list->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(Name, QHeaderView::Stretch);
-    header->resizeSection(Kind, scaled(110));
-    header->resizeSection(Created, scaled(130));
-    list->setMinimumWidth(scaled(420));
+    header->setMinimumSectionSize(scaled(90));
+    header->resizeSection(Kind, roomFor(110));
+    header->resizeSection(Created, roomFor(130));
+    list->setMinimumWidth(scaled(300));
     search->parentWidget()->layout()->setContentsMargins(scaled(12), scaled(8), 0, 0);
     search->parentWidget()->layout()->setSpacing(scaled(8));
-    request->setMinimumHeight(scaled(120));
-    title->setFont(TBaseTool::GetDefFont(scaled(16), QFont::Bold));
+    request->setMinimumHeight(roomFor(120));
+    title->setFont(TBaseTool::GetDefFont(roomFor(16), QFont::Bold));
     QWidget* details = title->parentWidget();
     widget(1)->setMinimumWidth(scaled(270));
     details->layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
@@ -231,6 +230,11 @@ void ProjectPanel::adaptToScale() {
     auto* form = details->findChild<QFormLayout*>();
     form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
+}
+
+void ProjectPanel::changeEvent(QEvent* event) {
+    QSplitter::changeEvent(event);
+    if (event->type() == QEvent::FontChange) adaptToScale();
 }
 
 void ProjectPanel::refresh() {

@@ -39,6 +39,7 @@ class ProjectPanel : public QSplitter {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     QWidget* makeList();

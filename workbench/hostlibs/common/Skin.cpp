@@ -2,9 +2,13 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QFontInfo>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QScreen>
 #include <QSvgRenderer>
+#include <QWidget>
 #include <QtMath>
 
 #include "workbench/hostlibs/common/Host.h"
@@ -75,6 +79,16 @@ QColor colour(Tint tint) {
 
 int scaled(double designPixels) {
     return qRound(designPixels * Host::instance().scale());
+}
+
+int roomFor(double designPixels) {
+    const double own = scaled(13);  // as applySkin gives it
+    const double larger = QFontInfo(QGuiApplication::font()).pixelSize() / own;
+    return scaled(designPixels * qMax(1.0, larger));
+}
+
+QSize roomOnScreen(const QWidget& window, double width, double height) {
+    return QSize(roomFor(width), roomFor(height)).boundedTo(window.screen()->availableSize());
 }
 
 QString skinPicture(const QString& path) {

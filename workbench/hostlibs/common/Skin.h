@@ -8,6 +8,8 @@
 
 #include "workbench/base/WorkbenchApi.h"
 
+class QWidget;
+
 namespace workbench {
 
 /// Every colour that a widget uses, by what it is for.
@@ -41,6 +43,11 @@ WORKBENCH_API QColor colour(Tint tint);
 
 /// @param designPixels a size of the design at 100 %. @return the size on this screen, in pixels.
 WORKBENCH_API int scaled(double designPixels);
+/// @return the size where it holds text: it grows with an application's font that is larger than
+///         the host's own.
+WORKBENCH_API int roomFor(double designPixels);
+/// @return the same in both directions, no larger than the screen that the window is on.
+WORKBENCH_API QSize roomOnScreen(const QWidget& window, double width, double height);
 
 /// @param path a picture of the light skin.
 /// @return the picture of the current skin: the file with "-dark" or "-contrast" before its suffix,

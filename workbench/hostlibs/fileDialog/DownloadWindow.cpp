@@ -22,10 +22,11 @@ DownloadWindow::DownloadWindow(const QString& fileName, QWidget* parent)
     setWindowTitle(QStringLiteral("下载云盘文件"));
     setModal(true);
     auto* caption = new zBaseLabel(fileName, this);
-    caption->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
+    caption->setFont(TBaseTool::GetDefFont(roomFor(14), QFont::Bold));
     caption->setTextFormat(Qt::PlainText);  // names of files may look like markup
-    caption->setMinimumWidth(roomFor(320));
-    caption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    caption->setMinimumWidth(roomOnScreen(*this, 360, 0).width() - scaled(40));
+    for (zBaseLabel* label : {caption, text})
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     text->setObjectName(QStringLiteral("downloadText"));
     bar->setObjectName(QStringLiteral("downloadBar"));
     auto* cancel = windowButton("cancelDownload", QStringLiteral("取消"), this);

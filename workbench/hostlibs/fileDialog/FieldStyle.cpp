@@ -1,19 +1,11 @@
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 
-#include <QApplication>
-#include <QFontInfo>
 #include <QProgressBar>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace workbench {
-
-int roomFor(double designPixels) {
-    const double own = scaled(13);  // as applySkin gives it
-    const double larger = QFontInfo(QApplication::font()).pixelSize() / own;
-    return scaled(designPixels * qMax(1.0, larger));
-}
 
 QString fieldSheet() {
     return QStringLiteral(

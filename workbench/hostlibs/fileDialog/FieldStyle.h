@@ -9,10 +9,6 @@ class zBaseButton;
 
 namespace workbench {
 
-/// @return a size of the design on this screen, pixels; it grows with an application's font that
-///         is larger than the host's own.
-int roomFor(double designPixels);
-
 /// @return a style sheet for the window that holds the fields, in the current skin and scale.
 QString fieldSheet();
 

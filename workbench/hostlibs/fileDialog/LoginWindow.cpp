@@ -62,7 +62,7 @@ LoginWindow::LoginWindow(QWidget* parent)
     connect(login, &QPushButton::clicked, this, &LoginWindow::tryLogin);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     setStyleSheet(fieldSheet());
-    setFixedSize(roomFor(360), roomFor(230));
+    setFixedSize(roomOnScreen(*this, 360, 230));
     user->text().isEmpty() ? user->setFocus() : password->setFocus();
 }
 

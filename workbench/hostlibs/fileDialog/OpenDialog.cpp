@@ -54,8 +54,8 @@ OpenDialog::OpenDialog(QWidget* parent, const FileRequest& request)
     layout->setSpacing(0);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(view);
-    resize(roomFor(860), roomFor(560));
-    setMinimumSize(roomFor(620), roomFor(380));
+    resize(roomOnScreen(*this, 860, 560));
+    setMinimumSize(roomOnScreen(*this, 620, 380));
     connectView();
     start();
 }

@@ -92,7 +92,8 @@ OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
 
 QWidget* OpenDialogView::placeColumn(bool withClouds) {
     auto* column = new QWidget(this);
-    column->setFixedWidth(roomFor(120));
+    column->setMaximumWidth(roomFor(120));
+    column->setMinimumWidth(scaled(120));
     auto* layout = plainLayout<QVBoxLayout>(column, 4);
     for (const PlaceButton& entry : placeButtons) {
         if (isCloudPlace(entry.place) && !withClouds) continue;
@@ -137,13 +138,12 @@ QWidget* OpenDialogView::fileList() {
     list->setSelectionMode(QAbstractItemView::SingleSelection);
     list->setSelectionBehavior(QAbstractItemView::SelectRows);
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setTextElideMode(Qt::ElideMiddle);
     list->setIconSize(QSize(roomFor(18), roomFor(18)));
     QHeaderView* header = list->header();
     header->setStretchLastSection(false);
     header->setSectionsMovable(false);
-    header->setMinimumSectionSize(scaled(60));
+    header->setMinimumSectionSize(roomFor(90));
     header->setSectionResizeMode(FileListModel::NameColumn, QHeaderView::Stretch);
     header->resizeSection(FileListModel::TypeColumn, roomFor(104));
     header->resizeSection(FileListModel::SizeColumn, roomFor(92));
@@ -194,7 +194,9 @@ QWidget* OpenDialogView::nameRow() {
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    filterBox->setFixedSize(roomFor(240), roomFor(fieldHeight));
+    filterBox->setFixedHeight(roomFor(fieldHeight));
+    filterBox->setMinimumWidth(scaled(120));
+    filterBox->setMaximumWidth(roomFor(240));
     filterBox->setVisible(!foldersWanted);
     filterBox->addItem(filter.text());
     if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());

@@ -33,7 +33,6 @@ EmptyState::EmptyState(QAbstractItemView* view, std::function<QString()> text)
     connect(model, &QAbstractItemModel::modelReset, this, &EmptyState::refresh);
     connect(model, &QAbstractItemModel::layoutChanged, this, &EmptyState::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &EmptyState::refresh);
-    connect(&Host::instance(), &Host::scaleChanged, this, &EmptyState::refresh);
     refresh();
 }
 
@@ -54,7 +53,7 @@ void EmptyState::fit() {
     const QString head = text.section(QLatin1Char('\n'), 0, 0);
     const QString rest = text.section(QLatin1Char('\n'), 1);
     const QString title = QStringLiteral("<p style='font-size:%1px;color:%2'>%3</p>")
-                              .arg(scaled(15))
+                              .arg(roomFor(15))
                               .arg(colour(Tint::Text).name(), head.toHtmlEscaped());
     setText(title + QStringLiteral("<p style='color:%1'>%2</p>")
                         .arg(colour(Tint::Muted).name(), rest.toHtmlEscaped()));
@@ -64,6 +63,11 @@ void EmptyState::fit() {
 bool EmptyState::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize && !isHidden()) fit();
     return QLabel::eventFilter(watched, event);
+}
+
+void EmptyState::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) refresh();
 }
 
 }  // namespace workbench

@@ -22,6 +22,7 @@ class WORKBENCH_API EmptyState : public QLabel {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void fit();

@@ -40,6 +40,20 @@ QColor legible(const QColor& selection) {
     return distance < 80 ? colour(Tint::Selected) : selection;
 }
 
+/// @param font the dock's: Qt hands out the one that the application had when the dock was made.
+void drawDockTitle(QPainter& painter, const QStyleOptionDockWidget& option, const QFont& font) {
+    const QRect rect = option.rect;
+    const int line = qMax(1, scaled(1));
+    painter.fillRect(rect, colour(Tint::Hover));
+    painter.fillRect(rect.x(), rect.bottom() + 1 - line, rect.width(), line, colour(Tint::Divider));
+    painter.setFont(font);
+    painter.setPen(colour(Tint::Text));
+    const int edge = scaled(16);
+    // The buttons stand behind the text.
+    drawLine(painter, rect.adjusted(edge, 0, -3 * edge, -line), Qt::AlignLeft | Qt::AlignVCenter,
+             option.title);
+}
+
 void drawHeaderSection(QPainter& painter, const QRect& rect) {
     const int line = qMax(1, scaled(1));
     painter.fillRect(rect, colour(Tint::Hover));
@@ -88,12 +102,12 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     if (metric == PM_ScrollBarExtent) return scaled(9);
     if (metric == PM_HeaderMargin || metric == PM_FocusFrameHMargin) return scaled(5);
     if (metric == PM_DockWidgetSeparatorExtent) return qMax(1, scaled(1));
+    if (metric == PM_DockWidgetTitleMargin) return scaled(8);
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
     switch (metric) {
         case PM_ButtonIconSize:
         case PM_ButtonMargin:
         case PM_CheckBoxLabelSpacing:
-        case PM_DockWidgetTitleMargin:
         case PM_ExclusiveIndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_HeaderMarkSize:
@@ -166,6 +180,9 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
         cut.text = cut.fontMetrics.elidedText(cut.text, Qt::ElideRight, cut.rect.width());
         return QProxyStyle::drawControl(element, &cut, painter, widget);
     }
+    const auto* dock = qstyleoption_cast<const QStyleOptionDockWidget*>(option);
+    if (element == CE_DockWidgetTitle && dock)
+        return drawDockTitle(*painter, *dock, widget->font());
     const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
     if (element == CE_ItemViewItem && item && drawCutItem(*item, *painter, widget)) return;
     QProxyStyle::drawControl(element, option, painter, widget);

@@ -2,6 +2,9 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -19,6 +22,18 @@ QWidget* pictureLabel(const char* name, QWidget* parent) {
     return label;
 }
 
+/// @return a text, in what it is scrolled in if the box would leave the screen with it.
+QWidget* scrolledIfLong(QLabel* text) {
+    const QWidget* box = text->window();
+    const int room = box->screen()->availableSize().height() - roomFor(160);  // for what is around
+    if (text->minimumHeight() <= room) return text;
+    auto* area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(text);
+    area->setFixedSize(text->width() + area->verticalScrollBar()->sizeHint().width(), room);
+    return area;
+}
+
 }  // namespace
 
 MessageBox::MessageBox(const QString& title, const QString& text, const QStringList& buttons,
@@ -29,7 +44,7 @@ MessageBox::MessageBox(const QString& title, const QString& text, const QStringL
     setModal(true);
     auto* caption = new zBaseLabel(title, this);
     caption->setObjectName(QStringLiteral("title"));
-    caption->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
+    caption->setFont(TBaseTool::GetDefFont(roomFor(14), QFont::Bold));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(scaled(20), scaled(16), scaled(20), scaled(16));
     layout->setSpacing(scaled(16));
@@ -46,7 +61,8 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     // A short text keeps its line and a long one wraps, each in a box of its own size.
     label->setWordWrap(true);
-    const int room = scaled(360);
+    const int beside = scaled(96);  // of the text, in the box
+    const int room = roomOnScreen(*this, 456, 0).width() - beside;
     const QRect needed = label->fontMetrics().boundingRect(
         QRect(0, 0, room, QWIDGETSIZE_MAX), Qt::TextWordWrap | Qt::TextWrapAnywhere, text);
     label->setFixedWidth(qBound(scaled(220), needed.width() + scaled(4), room));
@@ -55,7 +71,7 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     auto* row = new QHBoxLayout;
     row->setSpacing(scaled(12));
     row->addWidget(pictureLabel(picture, this), 0, Qt::AlignTop);
-    row->addWidget(label, 1, Qt::AlignVCenter);
+    row->addWidget(scrolledIfLong(label), 1, Qt::AlignVCenter);
     return row;
 }
 

@@ -64,7 +64,7 @@ class TitleBar : public QWidget {
         setObjectName(titleName);
         auto* caption = new zBaseLabel(this);
         caption->setObjectName(captionName);
-        caption->setFont(TBaseTool::GetDefFont(scaled(14), QFont::Bold));
+        caption->setFont(TBaseTool::GetDefFont(workbench::roomFor(14), QFont::Bold));
     }
 
   protected:
