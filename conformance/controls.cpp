@@ -137,6 +137,8 @@ void ribbonEntries() {
     for (int i = 0; i < 2; ++i) {
         const QVariant name = QLatin1String(i == 0 ? "first" : "second");
         ribbon.button(i);
+        expect(ribbon.actions[i]->text() == name,
+               QStringLiteral("an action's text() is not that of its entry"));
         expect(ribbon.actions[i]->property("name") == name,
                QStringLiteral("an action's property \"name\" is not its text"));
         expect(ribbon.entry(i)->property("name") == name,
