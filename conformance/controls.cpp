@@ -248,6 +248,38 @@ void boxes() {
     }
 }
 
+/// Presses the button with a text in each window that opens; closes those without.
+class Presser : public Closer {
+  public:
+    explicit Presser(const QString& text) : text(text) {}
+    bool pressed() const { return found; }
+
+  protected:
+    void meet(QWidget* window) override {
+        for (auto* button : window->findChildren<QAbstractButton*>()) {
+            if (button->text().remove(QLatin1Char('&')) != text || !button->isVisible()) continue;
+            found = true;
+            return button->click();
+        }
+        close(window);
+    }
+
+  private:
+    const QString text;
+    bool found = false;
+};
+
+void boxWithOneButton() {
+    const int information = 1;
+    {
+        const Presser presser(QStringLiteral("确定"));
+        showInforByOneBtn(QStringLiteral("?"), nullptr, information);
+        expect(presser.pressed(), QStringLiteral("showInforByOneBtn shows no button 确定"));
+    }
+    const Closer closer;
+    showInforByOneBtn(QStringLiteral("?"), nullptr, information);
+}
+
 }  // namespace
 
 QVector<Promise> controls() {
@@ -270,6 +302,7 @@ QVector<Promise> controls() {
         {QStringLiteral("ShowModal answers 0 and 1"), modalAnswers},
         {QStringLiteral("events of others pass through"), filters},
         {QStringLiteral("boxes answer the button's number, -1 when closed"), boxes},
+        {QStringLiteral("a box with one button has 确定"), boxWithOneButton},
     };
 }
 
