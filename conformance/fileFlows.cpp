@@ -49,7 +49,11 @@ void historyIsOffered(const QString& project) {
     // A local file stands in the history with this in front.
     const Opened opened({QStringLiteral("bd##") + project});
     expect(FilePage(opened.page("auditPage")).combo->findText(project) >= 0,
-           QStringLiteral("the history does not offer the file: is its suffix one of GetSuffix?"));
+           QStringLiteral("the history does not offer the file to an audit"));
+    if (QFileInfo(project).suffix().toUpper() != QLatin1String("GCFX")) return;
+    expect(contractingPage(opened).combo->findText(project) >= 0,
+           QStringLiteral("the history does not offer the file to general contracting: has "
+                          "GetFileInfo answered the suffix GCFX?"));
 }
 
 /// Ends the promise where the host's file dialog cannot be used by somebody who does not know it.

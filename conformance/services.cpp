@@ -173,6 +173,27 @@ void suffixInUpperCase() {
            QStringLiteral("GetFileInfo of b.gcfx answers the suffix ") + quoted(suffix));
 }
 
+void ownProjectInfo(const QString& project) {
+    if (project.isEmpty()) throw NotReached{QStringLiteral("not given: --project")};
+    QString name, kind, suffix, detail;
+    SharedInterface::GetFileInfo(project, name, kind, suffix, detail);
+    expect(suffix == QFileInfo(project).suffix().toUpper(),
+           QStringLiteral("GetFileInfo of %1 answers the suffix %2").arg(project, quoted(suffix)));
+}
+
+void otherFileInfo() {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("notes.txt")));
+    expect(file.open(QIODevice::WriteOnly) && file.write("notes") > 0,
+           QStringLiteral("no temporary file can be written"));
+    file.close();
+    QString name, kind, suffix, detail;
+    SharedInterface::GetFileInfo(file.fileName(), name, kind, suffix, detail);
+    expect((name + kind + suffix + detail).isEmpty(),
+           QStringLiteral("GetFileInfo of a text file answers ") +
+               quoted(QStringList{name, kind, suffix, detail}.join(QLatin1Char('|'))));
+}
+
 void noProjectFile() {
     const int type = GetProgramTypeByFile(QStringLiteral("/nowhere/notes.txt"));
     expect(type == -1, QStringLiteral("GetProgramTypeByFile of notes.txt is %1").arg(type));
@@ -312,6 +333,9 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("GetSuffix appends suffixes without dot"), suffixes},
         {QStringLiteral("of a missing file only the suffix is known"), missingFile},
         {QStringLiteral("suffixes are answered in upper case"), suffixInUpperCase},
+        {QStringLiteral("of the host's own project the suffix is known"),
+         [files] { ownProjectInfo(files.project); }},
+        {QStringLiteral("of what is no project file nothing is known"), otherFileInfo},
         {QStringLiteral("what is no project file has the type -1"), noProjectFile},
         {QStringLiteral("what is no workbook cannot be opened"), noWorkbook},
         {QStringLiteral("the host's own files can be opened"), [files] { ownFiles(files); }},
