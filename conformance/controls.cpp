@@ -25,10 +25,13 @@ void scaling() {
 }
 
 void fonts() {
-    const QFont font = TBaseTool::GetDefFont(20, QFont::Bold);
-    expect(font.pixelSize() == 20,
-           QStringLiteral("a font of 20 pixels has %1").arg(font.pixelSize()));
-    expect(font.weight() == QFont::Bold, QStringLiteral("a bold font is not bold"));
+    for (const int weight : {int(QFont::Normal), int(QFont::Bold)}) {
+        const QFont font = TBaseTool::GetDefFont(20, weight);
+        expect(font.pixelSize() == 20,
+               QStringLiteral("a font of 20 pixels has %1").arg(font.pixelSize()));
+        expect(font.weight() == weight,
+               QStringLiteral("a font of weight %1 has %2").arg(weight).arg(font.weight()));
+    }
 }
 
 void colours() {
