@@ -1,7 +1,12 @@
 #include <zControl.h>
 
+#include <QContextMenuEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <QWidgetAction>
 
 #include "Check.h"
@@ -228,12 +233,37 @@ void modalAnswers() {
     }
 }
 
+/// What a user does with the mouse and the keyboard over a widget, and more that a filter sees.
+void sendThrough(zBaseModal& filter, QWidget& watched) {
+    const QPointF place(1, 1);
+    const QPoint there = watched.mapToGlobal(place.toPoint());
+    const auto passes = [&](QEvent&& event) {
+        expect(!filter.eventFilter(&watched, &event),
+               QStringLiteral("eventFilter keeps an event of type %1").arg(event.type()));
+    };
+    for (const auto type : {QEvent::ToolTip, QEvent::Enter, QEvent::Leave, QEvent::Show,
+                            QEvent::Hide, QEvent::LayoutRequest, QEvent::FontChange})
+        passes(QEvent(type));
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::ShortcutOverride})
+        for (const int key : {int(Qt::Key_A), int(Qt::Key_Return), int(Qt::Key_Escape)})
+            passes(QKeyEvent(type, key, Qt::NoModifier));
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                            QEvent::MouseButtonDblClick, QEvent::MouseMove})
+        passes(QMouseEvent(type, place, there, Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
+    passes(QWheelEvent(place, there, QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                       Qt::NoScrollPhase, false));
+    passes(QContextMenuEvent(QContextMenuEvent::Mouse, place.toPoint(), there));
+    for (const auto type : {QEvent::FocusIn, QEvent::FocusOut}) passes(QFocusEvent(type));
+    passes(QResizeEvent(QSize(20, 20), QSize(10, 10)));
+}
+
 void filters() {
     zBaseModal dialog;
-    QWidget other;
-    QEvent event(QEvent::ToolTip);
-    expect(!dialog.eventFilter(&other, &event),
-           QStringLiteral("eventFilter keeps an event of another widget"));
+    dialog.resize(400, 300);
+    zBaseButton inside(QStringLiteral("button"), &dialog);
+    inside.move(150, 150);  // far from what a host moves or sizes its windows by
+    zBaseButton elsewhere;
+    for (zBaseButton* watched : {&inside, &elsewhere}) sendThrough(dialog, *watched);
 }
 
 void boxes() {
