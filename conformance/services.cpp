@@ -106,6 +106,26 @@ void models() {
     if (count == 0) throw NotReached{QStringLiteral("the configuration has no models")};
 }
 
+/// @return the tax modes with the names of their models, as the host answers them.
+QStringList modelNames(const QString& appType, const QString& taxMode) {
+    QStringList names;
+    for (const auto& entry : configuration().GetProTaxTemplateInfoList(appType, taxMode)) {
+        names += QString::number(entry.taxMode);
+        for (const auto& model : entry.models) names += model.name;
+    }
+    return names;
+}
+
+void modelsOfAnyTaxMode() {
+    for (const char* type : {"Kvys", "Kvzcb"}) {
+        const QLatin1String appType(type);
+        expect(modelNames(appType, appType) == modelNames(appType, QString()),
+               QStringLiteral("with an empty second argument, as the Excel import asks, "
+                              "GetProTaxTemplateInfoList of %1 has other models")
+                   .arg(quoted(appType)));
+    }
+}
+
 void feeModes() {
     for (const auto& info : configuration().GetPricingModelInfoMap(QStringLiteral("Kvys"), {}))
         expect(info.feeModes.size() < 2 || info.feeModes.contains(info.defaultFeeMode),
@@ -325,6 +345,7 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("GetAppPath is a folder, without separator at its end"), applicationPath},
         {QStringLiteral("an unknown application type has no models"), modelsOfUnknownType},
         {QStringLiteral("models have names"), models},
+        {QStringLiteral("models are the same whatever the tax mode asked for"), modelsOfAnyTaxMode},
         {QStringLiteral("a choice of fee modes has a default among them"), feeModes},
         {QStringLiteral("settings are answered as they were set"), settings},
         {QStringLiteral("basic settings and templates are answered"), moreSettings},
