@@ -3,8 +3,11 @@
 #include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPixmap>
+#include <QResizeEvent>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QWidgetAction>
@@ -45,6 +48,15 @@ void colours() {
     widget.setNormalBackColor(Qt::red);
     expect(widget.normalBackColor() == QColor(Qt::red),
            QStringLiteral("a colour that was set is not answered"));
+}
+
+void backgrounds() {
+    zBaseWidget widget;
+    for (const QString& picture : {QStringLiteral(":/no/such/picture.svg"), QString()}) {
+        widget.setBackgroundIcon(picture);
+        expect(widget.backgroundIcon() == picture,
+               QStringLiteral("backgroundIcon does not answer what was set"));
+    }
 }
 
 void skins() {
@@ -233,6 +245,38 @@ void modalAnswers() {
     }
 }
 
+/// In its frame, in a label, or painted.
+void captions() {
+    zTitleModal dialog;
+    dialog.resize(400, 300);
+    dialog.show();
+    settle();
+    const QImage before = dialog.grab().toImage();
+    dialog.SetCaption(QStringLiteral("caption"));
+    settle();
+    const bool framed = !dialog.windowFlags().testFlag(Qt::FramelessWindowHint);
+    const bool titled = framed && dialog.windowTitle() == QLatin1String("caption");
+    expect(titled || dialog.grab().toImage() != before,
+           QStringLiteral("SetCaption changes nothing that is seen"));
+}
+
+/// That of a frame lies outside of the dialog; else at least the close button is found.
+void titleBars() {
+    zTitleModal dialog;
+    QWidget content;
+    auto* column = new QVBoxLayout(&dialog);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(&content);
+    dialog.resize(400, 300);
+    dialog.show();
+    settle();
+    for (const auto* button : dialog.findChildren<QAbstractButton*>()) {
+        const QRect place(button->mapTo(&dialog, QPoint()), button->size());
+        expect(!button->isVisible() || !place.intersects(content.geometry()),
+               QStringLiteral("a button of the title bar lies upon what is laid out"));
+    }
+}
+
 /// What a user does with the mouse and the keyboard over a widget, and more that a filter sees.
 void sendThrough(zBaseModal& filter, QWidget& watched) {
     const QPointF place(1, 1);
@@ -320,6 +364,7 @@ QVector<Promise> controls() {
         {QStringLiteral("sizes are scaled, and larger ones stay larger"), scaling},
         {QStringLiteral("fonts have the size and weight asked for"), fonts},
         {QStringLiteral("widgets have a colour and take one"), colours},
+        {QStringLiteral("widgets take a picture as background"), backgrounds},
         {QStringLiteral("there is one skin manager"), skins},
         {QStringLiteral("panels are laid out by panelLayout"), panels},
         {QStringLiteral("labels keep their text and take pictures"), labels},
@@ -333,6 +378,8 @@ QVector<Promise> controls() {
         {QStringLiteral("a dialog closes and tells its result"), closing},
         {QStringLiteral("a dialog can be closed by hand"), closeButton},
         {QStringLiteral("ShowModal answers 0 and 1"), modalAnswers},
+        {QStringLiteral("a window shows its caption"), captions},
+        {QStringLiteral("a layout stays clear of the title bar"), titleBars},
         {QStringLiteral("events of others pass through"), filters},
         {QStringLiteral("boxes answer the button's number, -1 when closed"), boxes},
         {QStringLiteral("a box with one button has 确定"), boxWithOneButton},

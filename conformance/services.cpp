@@ -231,12 +231,17 @@ void noWorkbook() {
            QStringLiteral("a text file with the suffix .xlsx can be opened"));
 }
 
+const int wholeProcess = 32;  // the largest program type
+
 void ownFiles(const Files& files) {
     if (files.project.isEmpty() && files.workbook.isEmpty())
         throw NotReached{QStringLiteral("no file was given: --project, --workbook")};
     if (!files.project.isEmpty()) {
         const int type = GetProgramTypeByFile(files.project);
-        expect(type != -1, QStringLiteral("GetProgramTypeByFile does not know ") + files.project);
+        expect(type > 0 && type <= wholeProcess,
+               QStringLiteral("GetProgramTypeByFile answers %1, which is no program type, to %2")
+                   .arg(type)
+                   .arg(files.project));
     }
     if (!files.workbook.isEmpty())
         expect(LibXLExcel::Open(files.workbook) != nullptr,
