@@ -113,7 +113,8 @@ class NEWPRO_HOST_API ProjectSettingHelper {
 class NEWPRO_HOST_API Communication {
   public:
     static Communication* GetInstance();
-    /// @return the host's main window, parent of message boxes and file dialogs; may be null.
+    /// @return the host's main window, parent of message boxes and of the Excel import dialog; may
+    ///         be null. File dialogs, and boxes over the import dialog, get the dialog that asks.
     QWidget* GetMainWindow();
     /// Delivers a message to the host's main logic, synchronously.
     void SendMsg(int target, int code, const QVariant& payload);
