@@ -171,6 +171,29 @@ TEST(Documents, NameEveryOperationOfTheHost) {
     EXPECT_EQ(named, QSet<QString>(all.begin(), all.end()));
 }
 
+/// @return the texts that a schema gives for "name" alone, anywhere in it.
+QSet<QString> namedAlone(const QJsonValue& schema) {
+    QSet<QString> names;
+    const QString name =
+        schema[QStringLiteral("if")][propertiesKey][QStringLiteral("name")][constKey].toString();
+    if (!name.isEmpty()) names.insert(name);
+    const QJsonObject object = schema.toObject();
+    for (const QJsonValue& part : object) names += namedAlone(part);
+    const QJsonArray array = schema.toArray();
+    for (const QJsonValue& part : array) names += namedAlone(part);
+    return names;
+}
+
+/// Else a line of that name could have any arguments and any answer.
+TEST(Documents, DescribeEveryOperationThatTheyName) {
+    const QSet<QString> described =
+        namedAlone(schemas::contents(QStringLiteral("docs/contract/journal-line.schema.json"))) +
+        namedAlone(schemas::contents(QStringLiteral("docs/contract/host-calls.schema.json")));
+    for (const QString& operation : workbench::hostOperations())
+        EXPECT_TRUE(described.contains(operation) || operation.startsWith(QLatin1String("show")))
+            << operation.toStdString();
+}
+
 TEST(Documents, HaveTheProgramTypesOfTheKinds) {
     QSet<int> sent;
     for (const char* label :
