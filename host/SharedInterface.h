@@ -192,8 +192,9 @@ class NEWPRO_HOST_API SharedInterface {
 /// Key of the new-project function in the function log.
 extern NEWPRO_HOST_API const QString GNSJ_XJGC;
 
-/// @param path a local or cloud path. @return the program type of the project file; -1 for a file
-///         that is none. A cloud path is judged by its suffix.
+/// @param path a local or cloud path. @return the program type of the project file, made of the
+///         bits of ProgramType in hostContract.h; -1 for a file that is none. An estimate starts
+///         from a file of the type 4 alone. A cloud path is judged by its suffix.
 NEWPRO_HOST_API int GetProgramTypeByFile(const QString& path);
 
 /// Reports an exception that was caught in a module. All that is handed over lasts for the call

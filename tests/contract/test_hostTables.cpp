@@ -1,10 +1,12 @@
 /// What docs/writing-a-host.md says in tables and lines of code, against the code that it is about.
 #include <QJsonArray>
+#include <QMap>
 #include <QRegularExpression>
 #include <QSet>
 
 #include "core/hostMessages.h"
 #include "dialog/NewProCfgDialog.h"
+#include "files/fileFlow.h"
 #include "tests/support/TestSupport.h"
 
 namespace {
@@ -28,6 +30,34 @@ QSet<QString> wordsIn(const QString& text, const QString& pattern) {
     auto found = QRegularExpression(pattern).globalMatch(text);
     while (found.hasNext()) words.insert(found.next().captured());
     return words;
+}
+
+QSet<QString> suffixesIn(const QString& cell) {
+    return wordsIn(cell, QStringLiteral("\\bS?(GCF|PMW|BAK)[XZGJ]?\\b"));
+}
+
+TEST(HostPage, HasTheSuffixesOfThePages) {
+    const QMap<QString, newpro::FileFlow> flows{
+        {QStringLiteral("audit"), newpro::FileFlow::Audit},
+        {QStringLiteral("estimate"), newpro::FileFlow::Estimate},
+        {QStringLiteral("settlement"), newpro::FileFlow::Settlement},
+        {QStringLiteral("general contracting"), newpro::FileFlow::Contracting}};
+    const auto rows = rowsLike(QStringLiteral("^\\| ([a-z ]+) \\| (\\d+) \\| (.*)\\| (.*) \\|$"));
+    ASSERT_EQ(rows.size(), flows.size());
+    QSet<QString> all{QStringLiteral("TXT"), QStringLiteral("MODX"), QStringLiteral("GCFJ")};
+    for (const QStringList& row : rows) all += suffixesIn(row.at(3));
+    for (const QStringList& row : rows) {
+        ASSERT_TRUE(flows.contains(row.at(0))) << qPrintable(row.at(0));
+        const newpro::ChoiceTraits& choice = newpro::choiceOf(flows.value(row.at(0)));
+        EXPECT_EQ(choice.suffixKind, row.at(1).toInt());
+        EXPECT_EQ(QSet<QString>(choice.notBrowsed.begin(), choice.notBrowsed.end()),
+                  suffixesIn(row.at(2)));
+        EXPECT_EQ(choice.hostMustKnow, row.at(3).contains(QLatin1String("GetProgramTypeByFile")));
+        const bool named = row.at(3).startsWith(QLatin1String("all but"));
+        for (const QString& suffix : all)
+            EXPECT_EQ(choice.takesSuffix(suffix), suffixesIn(row.at(3)).contains(suffix) == named)
+                << qPrintable(row.at(0)) << " " << qPrintable(suffix);
+    }
 }
 
 TEST(HostPage, HasTheKeysOfPageData) {
