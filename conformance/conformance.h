@@ -38,8 +38,8 @@ QVector<Row> promisesOf(const Files& files);
 /// Looks at the host libraries that this program is linked with: asks every service, makes every
 /// control, and does each flow in the real dialog. Boxes and dialogs of the host that open on the
 /// way are closed again. Needs a QApplication; takes some seconds. Writes temporary files alone,
-/// one of them a template below GetAppPath() where there is none; but the host may create projects
-/// when it is asked to, and stays logged in.
+/// one of them a template below GetAppPath() where there is none; but the host counts usage, may
+/// create projects when it is asked to, and stays logged in: docs/writing-a-host.md has all of it.
 /// @param first place of the first promise to look at.
 /// @return the rows of the promises that were looked at.
 QVector<Row> checkHost(const Files& files, const Progress& progress = {}, int first = 0);

@@ -1,7 +1,15 @@
 #include <zControl.h>
 
+#include <QContextMenuEvent>
+#include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QImage>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QResizeEvent>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 #include <QWidgetAction>
 
 #include "Check.h"
@@ -25,10 +33,13 @@ void scaling() {
 }
 
 void fonts() {
-    const QFont font = TBaseTool::GetDefFont(20, QFont::Bold);
-    expect(font.pixelSize() == 20,
-           QStringLiteral("a font of 20 pixels has %1").arg(font.pixelSize()));
-    expect(font.weight() == QFont::Bold, QStringLiteral("a bold font is not bold"));
+    for (const int weight : {int(QFont::Normal), int(QFont::Bold)}) {
+        const QFont font = TBaseTool::GetDefFont(20, weight);
+        expect(font.pixelSize() == 20,
+               QStringLiteral("a font of 20 pixels has %1").arg(font.pixelSize()));
+        expect(font.weight() == weight,
+               QStringLiteral("a font of weight %1 has %2").arg(weight).arg(font.weight()));
+    }
 }
 
 void colours() {
@@ -37,6 +48,15 @@ void colours() {
     widget.setNormalBackColor(Qt::red);
     expect(widget.normalBackColor() == QColor(Qt::red),
            QStringLiteral("a colour that was set is not answered"));
+}
+
+void backgrounds() {
+    zBaseWidget widget;
+    for (const QString& picture : {QStringLiteral(":/no/such/picture.svg"), QString()}) {
+        widget.setBackgroundIcon(picture);
+        expect(widget.backgroundIcon() == picture,
+               QStringLiteral("backgroundIcon does not answer what was set"));
+    }
 }
 
 void skins() {
@@ -137,6 +157,8 @@ void ribbonEntries() {
     for (int i = 0; i < 2; ++i) {
         const QVariant name = QLatin1String(i == 0 ? "first" : "second");
         ribbon.button(i);
+        expect(ribbon.actions[i]->text() == name,
+               QStringLiteral("an action's text() is not that of its entry"));
         expect(ribbon.actions[i]->property("name") == name,
                QStringLiteral("an action's property \"name\" is not its text"));
         expect(ribbon.entry(i)->property("name") == name,
@@ -223,12 +245,69 @@ void modalAnswers() {
     }
 }
 
+/// In its frame, in a label, or painted.
+void captions() {
+    zTitleModal dialog;
+    dialog.resize(400, 300);
+    dialog.show();
+    settle();
+    const QImage before = dialog.grab().toImage();
+    dialog.SetCaption(QStringLiteral("caption"));
+    settle();
+    const bool framed = !dialog.windowFlags().testFlag(Qt::FramelessWindowHint);
+    const bool titled = framed && dialog.windowTitle() == QLatin1String("caption");
+    expect(titled || dialog.grab().toImage() != before,
+           QStringLiteral("SetCaption changes nothing that is seen"));
+}
+
+/// That of a frame lies outside of the dialog; else at least the close button is found.
+void titleBars() {
+    zTitleModal dialog;
+    QWidget content;
+    auto* column = new QVBoxLayout(&dialog);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(&content);
+    dialog.resize(400, 300);
+    dialog.show();
+    settle();
+    for (const auto* button : dialog.findChildren<QAbstractButton*>()) {
+        const QRect place(button->mapTo(&dialog, QPoint()), button->size());
+        expect(!button->isVisible() || !place.intersects(content.geometry()),
+               QStringLiteral("a button of the title bar lies upon what is laid out"));
+    }
+}
+
+/// What a user does with the mouse and the keyboard over a widget, and more that a filter sees.
+void sendThrough(zBaseModal& filter, QWidget& watched) {
+    const QPointF place(1, 1);
+    const QPoint there = watched.mapToGlobal(place.toPoint());
+    const auto passes = [&](QEvent&& event) {
+        expect(!filter.eventFilter(&watched, &event),
+               QStringLiteral("eventFilter keeps an event of type %1").arg(event.type()));
+    };
+    for (const auto type : {QEvent::ToolTip, QEvent::Enter, QEvent::Leave, QEvent::Show,
+                            QEvent::Hide, QEvent::LayoutRequest, QEvent::FontChange})
+        passes(QEvent(type));
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::ShortcutOverride})
+        for (const int key : {int(Qt::Key_A), int(Qt::Key_Return), int(Qt::Key_Escape)})
+            passes(QKeyEvent(type, key, Qt::NoModifier));
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                            QEvent::MouseButtonDblClick, QEvent::MouseMove})
+        passes(QMouseEvent(type, place, there, Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
+    passes(QWheelEvent(place, there, QPoint(), QPoint(0, 120), Qt::NoButton, Qt::NoModifier,
+                       Qt::NoScrollPhase, false));
+    passes(QContextMenuEvent(QContextMenuEvent::Mouse, place.toPoint(), there));
+    for (const auto type : {QEvent::FocusIn, QEvent::FocusOut}) passes(QFocusEvent(type));
+    passes(QResizeEvent(QSize(20, 20), QSize(10, 10)));
+}
+
 void filters() {
     zBaseModal dialog;
-    QWidget other;
-    QEvent event(QEvent::ToolTip);
-    expect(!dialog.eventFilter(&other, &event),
-           QStringLiteral("eventFilter keeps an event of another widget"));
+    dialog.resize(400, 300);
+    zBaseButton inside(QStringLiteral("button"), &dialog);
+    inside.move(150, 150);  // far from what a host moves or sizes its windows by
+    zBaseButton elsewhere;
+    for (zBaseButton* watched : {&inside, &elsewhere}) sendThrough(dialog, *watched);
 }
 
 void boxes() {
@@ -246,6 +325,38 @@ void boxes() {
     }
 }
 
+/// Presses the button with a text in each window that opens; closes those without.
+class Presser : public Closer {
+  public:
+    explicit Presser(const QString& text) : text(text) {}
+    bool pressed() const { return found; }
+
+  protected:
+    void meet(QWidget* window) override {
+        for (auto* button : window->findChildren<QAbstractButton*>()) {
+            if (button->text().remove(QLatin1Char('&')) != text || !button->isVisible()) continue;
+            found = true;
+            return button->click();
+        }
+        close(window);
+    }
+
+  private:
+    const QString text;
+    bool found = false;
+};
+
+void boxWithOneButton() {
+    const int information = 1;
+    {
+        const Presser presser(QStringLiteral("确定"));
+        showInforByOneBtn(QStringLiteral("?"), nullptr, information);
+        expect(presser.pressed(), QStringLiteral("showInforByOneBtn shows no button 确定"));
+    }
+    const Closer closer;
+    showInforByOneBtn(QStringLiteral("?"), nullptr, information);
+}
+
 }  // namespace
 
 QVector<Promise> controls() {
@@ -253,6 +364,7 @@ QVector<Promise> controls() {
         {QStringLiteral("sizes are scaled, and larger ones stay larger"), scaling},
         {QStringLiteral("fonts have the size and weight asked for"), fonts},
         {QStringLiteral("widgets have a colour and take one"), colours},
+        {QStringLiteral("widgets take a picture as background"), backgrounds},
         {QStringLiteral("there is one skin manager"), skins},
         {QStringLiteral("panels are laid out by panelLayout"), panels},
         {QStringLiteral("labels keep their text and take pictures"), labels},
@@ -266,8 +378,11 @@ QVector<Promise> controls() {
         {QStringLiteral("a dialog closes and tells its result"), closing},
         {QStringLiteral("a dialog can be closed by hand"), closeButton},
         {QStringLiteral("ShowModal answers 0 and 1"), modalAnswers},
+        {QStringLiteral("a window shows its caption"), captions},
+        {QStringLiteral("a layout stays clear of the title bar"), titleBars},
         {QStringLiteral("events of others pass through"), filters},
         {QStringLiteral("boxes answer the button's number, -1 when closed"), boxes},
+        {QStringLiteral("a box with one button has 确定"), boxWithOneButton},
     };
 }
 

@@ -49,7 +49,11 @@ void historyIsOffered(const QString& project) {
     // A local file stands in the history with this in front.
     const Opened opened({QStringLiteral("bd##") + project});
     expect(FilePage(opened.page("auditPage")).combo->findText(project) >= 0,
-           QStringLiteral("the history does not offer the file: is its suffix one of GetSuffix?"));
+           QStringLiteral("the history does not offer the file to an audit"));
+    if (QFileInfo(project).suffix().toUpper() != QLatin1String("GCFX")) return;
+    expect(contractingPage(opened).combo->findText(project) >= 0,
+           QStringLiteral("the history does not offer the file to general contracting: has "
+                          "GetFileInfo answered the suffix GCFX?"));
 }
 
 /// Ends the promise where the host's file dialog cannot be used by somebody who does not know it.
@@ -141,6 +145,23 @@ void workbookIsImported(const QString& workbook) {
     importTakes({"btnSelFile", workbook});
 }
 
+void textIsNotImported() {
+    needFirstPage();
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("text.xlsx")));
+    expect(file.open(QIODevice::WriteOnly) && file.write("no workbook") > 0,
+           QStringLiteral("no temporary file can be written"));
+    file.close();
+    const Opened opened;
+    const ExcelTypist typist({"btnSelFile", file.fileName()});
+    opened.entry(excelEntry)->click();
+    settle();
+    expectTyped(typist);
+    expect(!typist.imported(), QStringLiteral("the import dialog takes a text file"));
+    // The import dialog itself goes without having been accepted.
+    expect(typist.closed().size() > 1, QStringLiteral("no box tells that it is no workbook"));
+}
+
 void folderIsImported() {
     const QTemporaryDir folder;
     importTakes({"btnSelDir", folder.path()});
@@ -181,6 +202,7 @@ QVector<Promise> fileFlows(const Files& files) {
          [] { importIsCancelled(excelEntry, QStringLiteral("importExcelSelFile")); }},
         {QStringLiteral("the Excel import takes a workbook"),
          [=] { workbookIsImported(workbook); }},
+        {QStringLiteral("the Excel import refuses what is no workbook"), textIsNotImported},
         {QStringLiteral("the Excel import takes a folder"), folderIsImported},
         {QStringLiteral("the Excel import takes a folder of a general contract"),
          contractingFolderIsImported},

@@ -106,6 +106,26 @@ void models() {
     if (count == 0) throw NotReached{QStringLiteral("the configuration has no models")};
 }
 
+/// @return the tax modes with the names of their models, as the host answers them.
+QStringList modelNames(const QString& appType, const QString& taxMode) {
+    QStringList names;
+    for (const auto& entry : configuration().GetProTaxTemplateInfoList(appType, taxMode)) {
+        names += QString::number(entry.taxMode);
+        for (const auto& model : entry.models) names += model.name;
+    }
+    return names;
+}
+
+void modelsOfAnyTaxMode() {
+    for (const char* type : {"Kvys", "Kvzcb"}) {
+        const QLatin1String appType(type);
+        expect(modelNames(appType, appType) == modelNames(appType, QString()),
+               QStringLiteral("with an empty second argument, as the Excel import asks, "
+                              "GetProTaxTemplateInfoList of %1 has other models")
+                   .arg(quoted(appType)));
+    }
+}
+
 void feeModes() {
     for (const auto& info : configuration().GetPricingModelInfoMap(QStringLiteral("Kvys"), {}))
         expect(info.feeModes.size() < 2 || info.feeModes.contains(info.defaultFeeMode),
@@ -173,6 +193,27 @@ void suffixInUpperCase() {
            QStringLiteral("GetFileInfo of b.gcfx answers the suffix ") + quoted(suffix));
 }
 
+void ownProjectInfo(const QString& project) {
+    if (project.isEmpty()) throw NotReached{QStringLiteral("not given: --project")};
+    QString name, kind, suffix, detail;
+    SharedInterface::GetFileInfo(project, name, kind, suffix, detail);
+    expect(suffix == QFileInfo(project).suffix().toUpper(),
+           QStringLiteral("GetFileInfo of %1 answers the suffix %2").arg(project, quoted(suffix)));
+}
+
+void otherFileInfo() {
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("notes.txt")));
+    expect(file.open(QIODevice::WriteOnly) && file.write("notes") > 0,
+           QStringLiteral("no temporary file can be written"));
+    file.close();
+    QString name, kind, suffix, detail;
+    SharedInterface::GetFileInfo(file.fileName(), name, kind, suffix, detail);
+    expect((name + kind + suffix + detail).isEmpty(),
+           QStringLiteral("GetFileInfo of a text file answers ") +
+               quoted(QStringList{name, kind, suffix, detail}.join(QLatin1Char('|'))));
+}
+
 void noProjectFile() {
     const int type = GetProgramTypeByFile(QStringLiteral("/nowhere/notes.txt"));
     expect(type == -1, QStringLiteral("GetProgramTypeByFile of notes.txt is %1").arg(type));
@@ -190,12 +231,17 @@ void noWorkbook() {
            QStringLiteral("a text file with the suffix .xlsx can be opened"));
 }
 
+const int wholeProcess = 32;  // the largest program type
+
 void ownFiles(const Files& files) {
     if (files.project.isEmpty() && files.workbook.isEmpty())
         throw NotReached{QStringLiteral("no file was given: --project, --workbook")};
     if (!files.project.isEmpty()) {
         const int type = GetProgramTypeByFile(files.project);
-        expect(type != -1, QStringLiteral("GetProgramTypeByFile does not know ") + files.project);
+        expect(type > 0 && type <= wholeProcess,
+               QStringLiteral("GetProgramTypeByFile answers %1, which is no program type, to %2")
+                   .arg(type)
+                   .arg(files.project));
     }
     if (!files.workbook.isEmpty())
         expect(LibXLExcel::Open(files.workbook) != nullptr,
@@ -289,9 +335,11 @@ void cloudAnswers() {
     answers("IsExistDownLoadfile", zFileDialog::IsExistDownLoadfile(nobody, nobody),
             QJsonValue::Object);
     const QString zero = QStringLiteral("0");
-    answers("downLoadYunpanFile",
-            zFileDialog::downLoadYunpanFile(nobody, QString(), QString(), zero),
-            QJsonValue::String);
+    const QJsonObject copy = zFileDialog::downLoadYunpanFile(nobody, QString(), QString(), zero);
+    answers("downLoadYunpanFile", copy, QJsonValue::String);
+    expect(copy.isEmpty() || copy.value(QLatin1String("code")).isDouble(),
+           QStringLiteral("downLoadYunpanFile answers no \"code\": the dialog takes it for a "
+                          "refusal"));
 }
 
 }  // namespace
@@ -304,6 +352,7 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("GetAppPath is a folder, without separator at its end"), applicationPath},
         {QStringLiteral("an unknown application type has no models"), modelsOfUnknownType},
         {QStringLiteral("models have names"), models},
+        {QStringLiteral("models are the same whatever the tax mode asked for"), modelsOfAnyTaxMode},
         {QStringLiteral("a choice of fee modes has a default among them"), feeModes},
         {QStringLiteral("settings are answered as they were set"), settings},
         {QStringLiteral("basic settings and templates are answered"), moreSettings},
@@ -312,6 +361,9 @@ QVector<Promise> services(const Files& files) {
         {QStringLiteral("GetSuffix appends suffixes without dot"), suffixes},
         {QStringLiteral("of a missing file only the suffix is known"), missingFile},
         {QStringLiteral("suffixes are answered in upper case"), suffixInUpperCase},
+        {QStringLiteral("of the host's own project the suffix is known"),
+         [files] { ownProjectInfo(files.project); }},
+        {QStringLiteral("of what is no project file nothing is known"), otherFileInfo},
         {QStringLiteral("what is no project file has the type -1"), noProjectFile},
         {QStringLiteral("what is no workbook cannot be opened"), noWorkbook},
         {QStringLiteral("the host's own files can be opened"), [files] { ownFiles(files); }},

@@ -113,7 +113,8 @@ class NEWPRO_HOST_API ProjectSettingHelper {
 class NEWPRO_HOST_API Communication {
   public:
     static Communication* GetInstance();
-    /// @return the host's main window, parent of message boxes and file dialogs; may be null.
+    /// @return the host's main window, parent of message boxes and of the Excel import dialog; may
+    ///         be null. File dialogs, and boxes over the import dialog, get the dialog that asks.
     QWidget* GetMainWindow();
     /// Delivers a message to the host's main logic, synchronously.
     void SendMsg(int target, int code, const QVariant& payload);
@@ -191,8 +192,9 @@ class NEWPRO_HOST_API SharedInterface {
 /// Key of the new-project function in the function log.
 extern NEWPRO_HOST_API const QString GNSJ_XJGC;
 
-/// @param path a local or cloud path. @return the program type of the project file; -1 for a file
-///         that is none. A cloud path is judged by its suffix.
+/// @param path a local or cloud path. @return the program type of the project file, made of the
+///         bits of ProgramType in hostContract.h; -1 for a file that is none. An estimate starts
+///         from a file of the type 4 alone. A cloud path is judged by its suffix.
 NEWPRO_HOST_API int GetProgramTypeByFile(const QString& path);
 
 /// Reports an exception that was caught in a module. All that is handed over lasts for the call

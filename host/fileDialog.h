@@ -54,7 +54,7 @@ class NEWPRO_HOST_API zFileDialog {
     /// Downloads a file. @param link the node's "xzlj". @param localPath where an earlier copy
     /// lies.
     /// @param isExist "1" if that copy exists, else "0".
-    /// @return {"code", "msg", "data": local path}.
+    /// @return {"code", "msg", "data": local path}; any "code" but 0 is a refusal, and none, too.
     static QJsonObject downLoadYunpanFile(const QString& fileName, const QString& link,
                                           const QString& localPath, const QString& isExist);
 };

@@ -111,7 +111,8 @@ class NEWPRO_HOST_API RibbonNavigationBar : public zBasePanelH {
   public:
     RibbonNavigationBar(int style, int alignment, int exclusive, QWidget* parent = nullptr);
     /// Adds an entry. @return a QWidgetAction whose default widget is a RibbonTab; both carry the
-    ///         dynamic property "name". A click checks the entry, unchecks the others, and then
-    ///         triggers the action.
+    ///         dynamic property "name", and the action's text() is the text of the entry, too: by
+    ///         it an entry takes the place of a deleted one of the same text. A click checks the
+    ///         entry, unchecks the others, and then triggers the action.
     QAction* addTab(const RIBBON::CentralTab& tab);
 };

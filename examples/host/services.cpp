@@ -51,6 +51,11 @@ class FirstPage : public FirstPagePlugin {
 
 QString suffixOf(const QString& path) { return QFileInfo(path).suffix().toUpper(); }
 
+int typeOf(const QString& path) {
+    const QString suffix = suffixOf(path);
+    return suffix == QLatin1String("GCFX") ? 4 : suffix == QLatin1String("SGCFX") ? 16 : -1;
+}
+
 void say(const char* what, int client, int code, const QByteArray& content) {
     qInfo("%s %d %d %s", what, client, code, content.constData());
 }
@@ -169,15 +174,13 @@ void SharedInterface::GetSuffix(int kind, QStringList* suffixes, int) {
 
 void SharedInterface::GetFileInfo(const QString& path, QString& name, QString& kind,
                                   QString& suffix, QString& detail) {
-    for (QString* each : {&name, &kind, &detail}) each->clear();
+    for (QString* each : {&name, &kind, &suffix, &detail}) each->clear();
+    if (typeOf(path) == -1) return;
     suffix = suffixOf(path);
     if (QFileInfo::exists(path)) name = QFileInfo(path).completeBaseName();
 }
 
-int GetProgramTypeByFile(const QString& path) {
-    const QString suffix = suffixOf(path);
-    return suffix == QLatin1String("GCFX") ? 4 : suffix == QLatin1String("SGCFX") ? 16 : -1;
-}
+int GetProgramTypeByFile(const QString& path) { return typeOf(path); }
 
 void ProcExceptionNew(const std::exception& exception, const char* source, int line,
                       const char* function) {

@@ -1,11 +1,13 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSet>
 
 #include "conformance/conformance.h"
 
 #include "tests/support/TestSupport.h"
+#include "workbench/journal/Journal.h"
 #include "workbench/scenario/TemporaryCopy.h"
 
 namespace {
@@ -28,18 +30,52 @@ struct SampleHost {
     const workbench::TemporaryCopy copy;
 };
 
+conformance::Files filesOf(const SampleHost& sample) {
+    return {sample.path("ProjectFiles/锦江区第三中学教学楼.GCFX"),
+            sample.path("Workbooks/教学楼分部分项清单.xlsx"),
+            QStringLiteral("u1"),
+            QStringLiteral("secret"),
+            {QStringLiteral("个人云盘/练习/定额换算练习.GCF"),
+             QStringLiteral("企业云盘/造价一部/住宅项目/锦绣花园一标段.GCFX")}};
+}
+
 TEST(Conformance, TheWorkbenchKeepsEveryPromise) {
     const SampleHost sample;
-    const QVector<Row> rows = conformance::checkHost(
-        {sample.path("ProjectFiles/锦江区第三中学教学楼.GCFX"),
-         sample.path("Workbooks/教学楼分部分项清单.xlsx"),
-         QStringLiteral("u1"),
-         QStringLiteral("secret"),
-         {QStringLiteral("个人云盘/练习/定额换算练习.GCF"),
-          QStringLiteral("企业云盘/造价一部/住宅项目/锦绣花园一标段.GCFX")}});
+    const QVector<Row> rows = conformance::checkHost(filesOf(sample));
     EXPECT_GE(rows.size(), 70);
     for (const Row& row : rows)
         EXPECT_EQ(row.verdict, Verdict::Holds) << qPrintable(conformance::lineOf(row));
+}
+
+/// @return the operations that the guide says the check changes something by.
+QSet<QString> changesInTheGuide() {
+    const QString guide =
+        testing_support::textOf(QStringLiteral(REPOSITORY "/docs/writing-a-host.md"));
+    const int start = guide.indexOf(QLatin1String("### What the check leaves behind"));
+    const int end = guide.indexOf(QLatin1String("\n## "), start);
+    EXPECT_GE(start, 0);
+    QSet<QString> operations;
+    auto found =
+        QRegularExpression(QStringLiteral("`(\\w+)`")).globalMatch(guide.mid(start, end - start));
+    while (found.hasNext()) operations.insert(found.next().captured(1));
+    return operations;
+}
+
+/// What answers nothing is there for what it does.
+TEST(Conformance, TheGuideTellsWhatTheCheckChanges) {
+    const SampleHost sample;
+    conformance::checkHost(filesOf(sample));
+    QSet<QString> done;
+    for (const QJsonObject& line : workbench::Journal::instance().entries()) {
+        const QString name = line.value(QLatin1String("name")).toString();
+        if (line.value(QLatin1String("kind")) == QLatin1String("call") &&
+            !line.contains(QLatin1String("answer")) &&
+            !name.endsWith(QLatin1String("MaxDialogMode")))
+            done.insert(name.section(QLatin1String("::"), -1));
+    }
+    // A download answers its path; the workbench journals a report as an exception.
+    done += {QStringLiteral("downLoadYunpanFile"), QStringLiteral("ProcExceptionNew")};
+    EXPECT_EQ(changesInTheGuide(), done);
 }
 
 TEST(Conformance, AHostThatIsNotReadyIsNotReached) {

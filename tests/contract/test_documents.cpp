@@ -3,6 +3,7 @@
 #include <QSet>
 
 #include "core/hostContract.h"
+#include "core/projectKind.h"
 #include "tests/contract/Contract.h"
 #include "tests/schemas/Schema.h"
 #include "tests/support/TestSupport.h"
@@ -168,6 +169,48 @@ TEST(Documents, NameEveryOperationOfTheHost) {
     }
     const QStringList all = workbench::hostOperations();
     EXPECT_EQ(named, QSet<QString>(all.begin(), all.end()));
+}
+
+/// @return the texts that a schema gives for "name" alone, anywhere in it.
+QSet<QString> namedAlone(const QJsonValue& schema) {
+    QSet<QString> names;
+    const QString name =
+        schema[QStringLiteral("if")][propertiesKey][QStringLiteral("name")][constKey].toString();
+    if (!name.isEmpty()) names.insert(name);
+    const QJsonObject object = schema.toObject();
+    for (const QJsonValue& part : object) names += namedAlone(part);
+    const QJsonArray array = schema.toArray();
+    for (const QJsonValue& part : array) names += namedAlone(part);
+    return names;
+}
+
+/// Else a line of that name could have any arguments and any answer.
+TEST(Documents, DescribeEveryOperationThatTheyName) {
+    const QSet<QString> described =
+        namedAlone(schemas::contents(QStringLiteral("docs/contract/journal-line.schema.json"))) +
+        namedAlone(schemas::contents(QStringLiteral("docs/contract/host-calls.schema.json")));
+    for (const QString& operation : workbench::hostOperations())
+        EXPECT_TRUE(described.contains(operation) || operation.startsWith(QLatin1String("show")))
+            << operation.toStdString();
+}
+
+TEST(Documents, HaveTheProgramTypesOfTheKinds) {
+    QSet<int> sent;
+    for (const char* label :
+         {"预算工程", "概算工程", "结算工程", "总承包工程", "全过程工程", "审核工程"}) {
+        const newpro::ProjectKind* kind = newpro::kindOfLabel(QString::fromUtf8(label));
+        ASSERT_TRUE(kind) << label;
+        int type = newpro::UnknownProgram;
+        EXPECT_TRUE(newpro::programTypeOf(kind->appType, type));
+        sent.insert(type);
+    }
+    QSet<int> described;
+    const QJsonValue types = schemas::contents(
+        QStringLiteral("docs/contract/common.schema.json"))[QStringLiteral("$defs")]
+                                                           [QStringLiteral("programType")];
+    for (const QJsonValue& type : types[QStringLiteral("enum")].toArray())
+        described.insert(type.toInt());
+    EXPECT_EQ(sent, described);
 }
 
 TEST(Documents, StandInTheTable) {

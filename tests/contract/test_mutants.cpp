@@ -9,6 +9,7 @@
 #include "tests/schemas/Schema.h"
 #include "tests/schemas/mutants.h"
 #include "tests/support/TestSupport.h"
+#include "workbench/journal/hostOperations.h"
 #include "workbench/journal/toJson.h"
 
 namespace {
@@ -44,7 +45,7 @@ const Legal legalChanges[] = {
 
     {".*", "/seq = [1-9]\\d*|/ms = \\d+", "another place or time"},
     {"project|exception", "/name = \".+\"", "another file or function"},
-    {"call .*", "/args/\\d = -?\\d+", "another plug-in, function, kind or size"},
+    {"call .*", "/args/\\d = -?[\\d.]+", "another plug-in, function, kind or size"},
     {"call .*", "/args/\\d = \".*\"", "another path, name or caption"},
     {"call .*", "/args/0 = null", "a file dialog without a parent"},
     {"call .*", "/args/0 dropped|/args = \\[\\]",
@@ -212,21 +213,43 @@ TEST_F(Mutants, OfEveryMessageAreRefusedOrInTheTable) {
     tellAndCompare("Messages", examples.size(), "plugin|signal|message");
 }
 
+QJsonArray linesOfTheSchema() {
+    return schemas::contents(
+               QStringLiteral("docs/contract/journal-line.schema.json"))[QStringLiteral("examples")]
+        .toArray();
+}
+
+/// @return whether the operation hands over messages, which have mutants of their own, or is a box:
+///         one stands for all.
+bool isMessageOrBox(const QString& operation) {
+    const auto& all = contract::messages();
+    return operation.startsWith(QLatin1String("show")) ||
+           std::any_of(all.begin(), all.end(),
+                       [&](const Message& message) { return message.name == operation; });
+}
+
 TEST_F(Mutants, OfEveryKindOfLineAreRefusedOrInTheTable) {
     QMap<QByteArray, QJsonObject> examples;
-    for (const QString& scenario : contract::scenarios()) {
-        for (const QJsonObject& line : contract::journalOf(scenario)) {
-            const auto isOfLine = [&](const Message& message) { return message.isNamedBy(line); };
-            const auto& all = contract::messages();
-            if (std::any_of(all.begin(), all.end(), isOfLine)) continue;
-            QByteArray shape = nameOf(line).toUtf8();
-            for (const QString& key : line.keys()) shape += ' ' + key.toUtf8();
-            shape += ' ' + QByteArray::number(line.value(QLatin1String("answer")).type());
-            examples.insert(shape, line);
-            for (auto it = line.begin(); it != line.end(); ++it)
-                words.members.insert(it.key(), *it);
-        }
-    }
+    const auto add = [&](const QJsonObject& line) {
+        const auto isOfLine = [&](const Message& message) { return message.isNamedBy(line); };
+        const auto& all = contract::messages();
+        if (std::any_of(all.begin(), all.end(), isOfLine)) return;
+        QByteArray shape = nameOf(line).toUtf8();
+        for (const QString& key : line.keys()) shape += ' ' + key.toUtf8();
+        shape += ' ' + QByteArray::number(line.value(QLatin1String("answer")).type());
+        examples.insert(shape, line);
+        for (auto it = line.begin(); it != line.end(); ++it) words.members.insert(it.key(), *it);
+    };
+    // What no scenario reaches stands in the schema itself.
+    for (const QJsonValue& line : linesOfTheSchema()) add(line.toObject());
+    for (const QString& scenario : contract::scenarios())
+        for (const QJsonObject& line : contract::journalOf(scenario)) add(line);
+    QSet<QString> operations;
+    for (const QJsonObject& line : qAsConst(examples))
+        operations.insert(line.value(QLatin1String("name")).toString());
+    for (const QString& operation : workbench::hostOperations())
+        EXPECT_TRUE(operations.contains(operation) || isMessageOrBox(operation))
+            << "no line of " << operation.toStdString();
     for (const char* word :
          {"call .*", "signal", "dialog", "box", "exception", "project", "opened", "done"})
         words.values.append(QString::fromUtf8(word));

@@ -88,6 +88,7 @@ Lines offences(const Rooms& rooms, const QString& file, const QString& text, QSe
     static const QRegularExpression include(
         QStringLiteral("^\\s*#\\s*include\\s*[<\"]([^>\"]+)[>\"]"));
     static const QSet<QString> generated{QStringLiteral("newProDialog_export.h"),
+                                         QStringLiteral("pageData.inc"),
                                          QStringLiteral("places.inc"), QStringLiteral("readme.h")};
     const QString room = rooms.roomOf(file);
     if (room.isEmpty()) return {file.toStdString() + ": stands in no room"};

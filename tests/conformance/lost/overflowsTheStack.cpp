@@ -12,7 +12,8 @@ static int depthOf(const QString& path, volatile int* outer) {
 
 void SharedInterface::GetFileInfo(const QString& path, QString& name, QString& kind,
                                   QString& suffix, QString& detail) {
-    for (QString* each : {&name, &kind, &detail}) each->clear();
+    for (QString* each : {&name, &kind, &suffix, &detail}) each->clear();
+    if (GetProgramTypeByFile(path) == -1) return;
     suffix = QFileInfo(path).suffix().toUpper();
     if (path.endsWith(QLatin1String(".gcfx"))) suffix = QString::number(depthOf(path, nullptr));
 }

@@ -1,3 +1,4 @@
+// of the host's own project the suffix is known
 // the history is offered
 #include <SharedInterface.h>
 

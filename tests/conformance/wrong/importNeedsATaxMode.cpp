@@ -1,3 +1,4 @@
+// models are the same whatever the tax mode asked for
 // the Excel import can be cancelled
 #include <SharedInterface.h>
 

@@ -1,0 +1,4 @@
+// widgets take a picture as background
+#include <zBaseControl.h>
+
+void zBaseWidget::setBackgroundIcon(const QString&) {}
