@@ -86,6 +86,7 @@ TEST_F(FileChoice, TheFactsOfCloudPathsComeFromTheirLastComponent) {
         {"企业云盘/a.b/c", std::nullopt},
         {"个人云盘", std::nullopt},
         {"个人云盘/a.", QString()},
+        {"个人云盘/.GCFX", QStringLiteral("GCFX")},
     };
     zFileDialog::pathFgf = QStringLiteral("/");
     for (const auto& row : rows) {

@@ -223,6 +223,19 @@ TEST_F(ExcelSelection, refuses_a_file_that_is_no_workbook_and_stays_open) {
     EXPECT_EQ(dialog.GetImportType(), 0);
 }
 
+TEST_F(ExcelSelection, refuses_it_with_the_sign_of_information_over_the_dialog) {
+    const QString path = installation.write(QStringLiteral("text.xlsx"), "no workbook");
+    importExcelSelFile dialog(nullptr);
+    answerWith(path);
+    installation.switches().boxesAnswerThemselves = false;
+    const auto driver = whenModal<QDialog>([&](QDialog* box) {
+        EXPECT_EQ(box->parentWidget(), &dialog);
+        EXPECT_TRUE(child<QLabel>(box, "info"));
+        box->close();
+    });
+    press(dialog, "btnSelFile");
+}
+
 TEST_F(ExcelSelection, accepts_a_folder_without_opening_anything_in_it) {
     installation.write(QStringLiteral("tree/broken.xlsx"), "no workbook");
     importExcelSelFile dialog(nullptr);

@@ -23,6 +23,13 @@ TEST_F(Card, ShowsNameBasisAndDescription) {
     EXPECT_EQ(newButton()->text(), QStringLiteral("新建"));
 }
 
+TEST_F(Card, TheTitleIsBoldAndTheLinesBelowItAreOfTwelvePixels) {
+    make(model(name));
+    EXPECT_TRUE(label("lblTitle")->font().bold());
+    for (const char* line : {"lblSource", "lblDescription"})
+        EXPECT_EQ(label(line)->font(), TBaseTool::GetDefFont(12, QFont::Normal)) << line;
+}
+
 TEST_F(Card, OnlyDocumentsThatExistAreListed) {
     const QString a = QStringLiteral("首");
     const QString b = QStringLiteral("次");

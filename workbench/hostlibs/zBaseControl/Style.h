@@ -37,7 +37,8 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
 ///         the font of the application. Too small to read it does not get.
 /// @param needed what the text covers in this font, pixels.
 QFont fitting(QFont font, int needed, int room);
-/// @param design in design pixels. @return how high a line of text needs something to be, and that at
+/// @param design in design pixels. @return how high a line of text needs something to be, and that
+/// at
 ///         the least.
 int heightWithText(const QFontMetrics& font, double design);
 /// Draws a text that is cut already. @param place where the base line begins.

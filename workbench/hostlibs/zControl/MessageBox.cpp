@@ -17,6 +17,7 @@ QWidget* pictureLabel(const char* name, QWidget* parent) {
     const QString file = QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(name));
     const QSize size(scaled(32), scaled(32));
     auto* label = new QLabel(parent);
+    label->setObjectName(QLatin1String(name));
     label->setFixedSize(size);
     label->setPixmap(pixmapOf(skinPicture(file), size, parent->devicePixelRatioF()));
     return label;
