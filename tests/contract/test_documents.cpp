@@ -205,11 +205,11 @@ TEST(Documents, HaveTheProgramTypesOfTheKinds) {
         sent.insert(type);
     }
     QSet<int> described;
-    const QJsonValue types = schemas::contents(
-        QStringLiteral("docs/contract/common.schema.json"))[QStringLiteral("$defs")]
-                                                           [QStringLiteral("programType")];
-    for (const QJsonValue& type : types[QStringLiteral("enum")].toArray())
-        described.insert(type.toInt());
+    const QJsonValue common = schemas::contents(QStringLiteral("docs/contract/common.schema.json"));
+    const QJsonArray types =
+        common[QStringLiteral("$defs")][QStringLiteral("programType")][QStringLiteral("enum")]
+            .toArray();
+    for (const QJsonValue& type : types) described.insert(type.toInt());
     EXPECT_EQ(sent, described);
 }
 
