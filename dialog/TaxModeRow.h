@@ -25,7 +25,7 @@ class TaxModeRow : public zBasePanelH {
     explicit TaxModeRow(QWidget* parent);
 
     /// @param page a TaxPage. @return its button.
-    zBaseButton* button(int page) const { return buttons[size_t(page)]; }
+    zBaseButton* button(int page) const { return buttons.at(size_t(page)); }
     zBaseButton* importButton() const { return importTender; }
 
     /// Leaves exactly the button of `page` checked among the first four; for the contracting page,

@@ -46,6 +46,7 @@ TEST_F(Construction, LeavesTheTenderButtonHiddenWhateverIsAsked) {
             host.switches().openVersion = version;
             make(show)->show();
             EXPECT_TRUE(button("importTenderButton")->isHidden()) << show << version;
+            EXPECT_EQ(countOf("CpfMain::GetOpenVersion"), show ? 1 : 0);
         }
     }
 }
@@ -142,6 +143,8 @@ TEST_F(Construction, BuildsTheRibbonEntriesInTheirOrder) {
         EXPECT_EQ(action->defaultWidget()->property("name"), action->property("name"));
     }
     EXPECT_EQ(labels, (QStringList{budgetLabel, auditLabel, excelLabel, tenderLabel}));
+    for (const char* asked : {"style", "alignment", "exclusive"})
+        EXPECT_EQ(find<QWidget>("ribbon")->property(asked).toInt(), 1) << asked;
     EXPECT_TRUE(entryButton(budgetLabel)->icon().isNull());
     EXPECT_EQ(checkedEntries(), QStringList{budgetLabel});
     EXPECT_EQ(boldEntries(), QStringList{budgetLabel});

@@ -8,6 +8,14 @@ namespace {
 
 using namespace dialog_tests;
 
+struct Paints : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint;
+        return false;
+    }
+    int count = 0;
+};
+
 TEST_F(Keyboard, OpensOnTheFirstCard) {
     open();
     EXPECT_EQ(focused(), cards());
@@ -181,6 +189,35 @@ TEST_F(Keyboard, TheTreeIsOneStopAndItsKeysMoveFoldAndCreate) {
     EXPECT_EQ(journalLines({"SignalCreateMB"}),
               Lines{"signal SignalCreateMB(4, 44, \"" +
                     host.path(QStringLiteral("MBSC/kvys/甲.MODX")).toStdString() + "\")"});
+}
+
+TEST_F(Keyboard, ATreeThatIsHigherThanItsPageBringsTheCurrentRowIntoSight) {
+    for (int i = 0; i < 60; ++i)
+        host.addTemplate(QStringLiteral("kvys"), QStringLiteral("丙%1.MODX").arg(i));
+    openTree();
+    // As a reader does; Qt itself follows keys alone.
+    tree()->setAutoScroll(false);
+    QTreeWidgetItem* last = tree()->topLevelItem(tree()->topLevelItemCount() - 1);
+    tree()->setFocus(Qt::TabFocusReason);
+    tree()->setCurrentItem(last);
+    EXPECT_TRUE(tree()->viewport()->rect().contains(tree()->visualItemRect(last).center()));
+}
+
+TEST_F(Keyboard, ARowThatIsSelectedIsPaintedSo) {
+    openTree();
+    QTreeWidgetItem* row = tree()->topLevelItem(0);
+    tree()->setCurrentItem(row);
+    settle();
+    const auto shown = [&] {
+        return tree()->viewport()->grab(tree()->visualItemRect(row)).toImage();
+    };
+    const QImage selected = shown();
+    Paints paints;
+    tree()->viewport()->installEventFilter(&paints);
+    tree()->clearSelection();
+    settle();
+    EXPECT_GT(paints.count, 0);
+    EXPECT_NE(shown(), selected);
 }
 
 TEST_F(Keyboard, AReceiverMayDeleteTheDialog) {

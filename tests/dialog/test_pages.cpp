@@ -1,5 +1,7 @@
 #include <QFile>
 #include <QGridLayout>
+#include <QPainter>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include "core/styleCodes.h"
@@ -53,7 +55,9 @@ TEST_F(Pages, HaveTheirTextsAndSizesAtEveryScale) {
             EXPECT_EQ(browse->iconSize(), size(18, 18));
             EXPECT_TRUE(QFile::exists(QStringLiteral(":/Image/Home/LiuLan1.4.svg")));
             EXPECT_EQ(browse->cursor().shape(), Qt::PointingHandCursor);
-            EXPECT_FALSE(browse->accessibleName().isEmpty());
+            EXPECT_EQ(browse->accessibleName(), QStringLiteral("浏览"));
+            EXPECT_EQ(browse->toolTip(), QStringLiteral("浏览"));
+            EXPECT_EQ(browse->parentWidget()->layout()->contentsMargins(), QMargins());
             auto* create = on<zBaseButton>(row.page, "newButton");
             EXPECT_EQ(create->text(), QString::fromUtf8(row.create));
             EXPECT_EQ(create->minimumSize(), size(160, 32));
@@ -177,6 +181,28 @@ TEST_F(Pages, TheBrowseButtonsAskForAFileOnce) {
     clearJournal();
     click(on<zBaseButton>("contractingPage", "browseButton"));
     EXPECT_EQ(countOf("zFileDialog::getOpenFileName"), 1);
+}
+
+TEST_F(Pages, TheEntriesOfAFieldMayHavePictures) {
+    make();
+    for (const PageRow& row : pageRows) {
+        auto* combo = on<zBaseCombox>(row.page, "fileCombo");
+        QPixmap red(16, 16);
+        red.fill(Qt::red);
+        combo->QComboBox::addItem(red, QString());
+        QImage painted(200, 30, QImage::Format_RGB32);
+        painted.fill(Qt::white);
+        QPainter painter(&painted);
+        QStyleOptionViewItem option;
+        option.rect = painted.rect();
+        option.decorationSize = red.size();
+        combo->itemDelegate()->paint(&painter, option,
+                                     combo->model()->index(combo->count() - 1, 0));
+        bool shown = false;
+        for (int x = 0; x < painted.width(); ++x)
+            shown = shown || painted.pixelColor(x, painted.height() / 2) == QColor(Qt::red);
+        EXPECT_TRUE(shown) << row.page;
+    }
 }
 
 TEST_F(Pages, ReturnInAFieldNeitherClosesTheDialogNorPressesAButton) {

@@ -42,9 +42,11 @@ void RibbonTab::setChecked(bool checked) {
     buttonOf(this)->setChecked(checked);
 }
 
-RibbonNavigationBar::RibbonNavigationBar(int /*style*/, int /*alignment*/, int exclusive,
-                                         QWidget* parent)
+RibbonNavigationBar::RibbonNavigationBar(int style, int alignment, int exclusive, QWidget* parent)
     : zBasePanelH(parent) {
+    // This ribbon has one look; what it was asked for can be seen in tests.
+    setProperty("style", style);
+    setProperty("alignment", alignment);
     setProperty(exclusiveProperty, exclusive == 1);
 }
 

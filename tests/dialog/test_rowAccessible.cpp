@@ -1,0 +1,56 @@
+/// What a screen reader is told of the views and their rows.
+#include <QAccessible>
+
+#include "tests/dialog/KeyboardFixture.h"
+
+namespace {
+
+using namespace dialog_tests;
+
+QAccessibleInterface* toldOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget);
+}
+
+class Told : public Keyboard {
+  protected:
+    QTreeWidgetItem* folder() {
+        QTreeWidgetItem* first = tree()->topLevelItem(0);
+        return first->childCount() > 0 ? first : tree()->topLevelItem(1);
+    }
+};
+
+TEST_F(Told, TheRowsOfTheTreeAreItsChildren) {
+    openTree();
+    QAccessibleInterface* view = toldOf(tree());
+    QTreeWidgetItemIterator it(tree());
+    int row = 0;
+    for (; *it; ++it, ++row) {
+        ASSERT_TRUE(view->child(row)) << row;
+        EXPECT_EQ(view->child(row)->object(), treeRow(*it));
+        EXPECT_EQ(view->indexOfChild(view->child(row)), row);
+    }
+    EXPECT_EQ(view->childCount(), row);
+}
+
+TEST_F(Told, ARowOfTheTreeCanBeFocusedSelectedAndFolded) {
+    openTree();
+    tree()->setCurrentItem(folder());
+    const QAccessible::State open = toldOf(treeRow(folder()))->state();
+    EXPECT_TRUE(open.focusable && open.selectable && open.selected && open.expandable);
+    EXPECT_TRUE(open.expanded && !open.collapsed);
+    folder()->setExpanded(false);
+    EXPECT_TRUE(toldOf(treeRow(folder()))->state().collapsed);
+    folder()->setExpanded(true);
+    const QAccessible::State file = toldOf(treeRow(folder()->child(0)))->state();
+    EXPECT_TRUE(file.focusable && file.selectable);
+    EXPECT_FALSE(file.selected || file.expandable || file.collapsed);
+}
+
+TEST_F(Told, ACardCanBeFocused) {
+    open();
+    const QAccessible::State state = toldOf(card("lswGeneralTax", 1))->state();
+    EXPECT_TRUE(state.focusable);
+    EXPECT_FALSE(state.selectable || state.expandable);
+}
+
+}  // namespace
