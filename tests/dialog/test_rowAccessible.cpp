@@ -46,6 +46,20 @@ TEST_F(Told, ARowOfTheTreeCanBeFocusedSelectedAndFolded) {
     EXPECT_FALSE(file.selected || file.expandable || file.collapsed);
 }
 
+TEST_F(Told, TheTreeKnowsItsRowAtAPlaceAndTheOneWithTheFocus) {
+    openTree();
+    tree()->setFocus(Qt::TabFocusReason);
+    tree()->setCurrentItem(folder());
+    QWidget* row = treeRow(folder());
+    QAccessibleInterface* focused = toldOf(tree())->focusChild();
+    ASSERT_TRUE(focused);
+    EXPECT_EQ(focused->object(), row);
+    const QPoint middle = row->mapToGlobal(row->rect().center());
+    QAccessibleInterface* there = toldOf(tree())->childAt(middle.x(), middle.y());
+    ASSERT_TRUE(there);
+    EXPECT_EQ(there->object(), row);
+}
+
 TEST_F(Told, ACardCanBeFocused) {
     open();
     const QAccessible::State state = toldOf(card("lswGeneralTax", 1))->state();
