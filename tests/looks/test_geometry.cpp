@@ -67,17 +67,25 @@ QStringList outsiders(const QWidget* window) {
     return found;
 }
 
-/// @return scroll areas whose content is wider than they show, and that have no bar to reach it.
-QStringList unreachable(const QWidget* window) {
+/// @return scroll areas whose content is wider than what they show.
+QStringList sideways(const QWidget* window) {
     QStringList found;
-    for (const auto* area : window->findChildren<QScrollArea*>()) {
-        if (!area->isVisible() || area->horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOff)
-            continue;
-        if (area->widget()->width() > area->viewport()->width())
+    for (const auto* area : window->findChildren<QScrollArea*>())
+        if (area->isVisible() && area->widget()->width() > area->viewport()->width())
             found << QStringLiteral("%1 %2: %3 in %4")
                          .arg(QLatin1String(area->metaObject()->className()), area->objectName())
                          .arg(area->widget()->width())
                          .arg(area->viewport()->width());
+    return found;
+}
+
+/// @return scroll areas that are too narrow and have no bar.
+QStringList unreachable(const QWidget* window) {
+    QStringList found;
+    for (const auto* area : window->findChildren<QScrollArea*>()) {
+        const bool bar = area->horizontalScrollBarPolicy() != Qt::ScrollBarAlwaysOff;
+        if (area->isVisible() && !bar && area->widget()->width() > area->viewport()->width())
+            found << area->objectName();
     }
     return found;
 }
@@ -103,16 +111,20 @@ QStringList untold(const QWidget* window) {
 }
 
 TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
+    QStringList shortened = cutOnPurpose;
+    // The screen here is narrower than that window at the largest scale.
+    if (GetParam().scale == 3)
+        shortened << QStringLiteral("downloadFile") << QStringLiteral("downloadText");
     for (const Page& page : allPages()) {
         SCOPED_TRACE(page.name);
         const std::unique_ptr<QWidget> window = page.open();
         keepPicture(window.get(), page.name);
         // The design's rows leave up to two pixels less than the tallest sign's ink.
-        EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, cutOnPurpose), QStringList());
+        EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, shortened), QStringList());
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
-        EXPECT_EQ(unreachable(window.get()), QStringList());
+        EXPECT_EQ(sideways(window.get()), QStringList());
     }
 }
 
@@ -195,6 +207,46 @@ TEST_P(Geometry, TheLastCardIsShownWhole) {
     EXPECT_GT(area->viewport()->height() + row, area->height());
 }
 
+std::unique_ptr<QWidget> opened(const std::string& name) {
+    const auto& pages = allPages();
+    return std::find_if(pages.begin(), pages.end(),
+                        [&name](const Page& page) { return page.name == name; })
+        ->open();
+}
+
+TEST_P(Geometry, FieldsListsAndButtonsAreOfOneHeightAndSoAreTheHeadsOfLists) {
+    const std::unique_ptr<QWidget> window = opened("mainWindow");
+    for (const char* name : {"projectSearch", "journalKind", "journalFilter", "journalClear",
+                             "account.userId", "firstPage", "skin"})
+        EXPECT_EQ(child<QWidget>(window.get(), name)->height(), scaled(28)) << name;
+    auto* search = child<QWidget>(window.get(), "projectSearch");
+    search->hasFocus() ? search->clearFocus() : search->setFocus();
+    settle();
+    EXPECT_EQ(search->height(), scaled(28)) << "with the focus and without";
+    const std::unique_ptr<QWidget> files = opened("fileDialog");
+    const int head = child<QTreeView>(files.get(), "fileList")->header()->height();
+    for (const char* name : {"projectList", "journalView"})
+        EXPECT_EQ(child<QTreeView>(window.get(), name)->header()->height(), head) << name;
+}
+
+/// A caption stands beside the first line of what it names.
+TEST_P(Geometry, CaptionsStandBesideTheFirstLine) {
+    const std::unique_ptr<QWidget> window = opened("mainWindow");
+    const auto* details = child<QLabel>(window.get(), "detailFile")->parentWidget();
+    const auto* form = details->findChild<QFormLayout*>();
+    bool wrapped = false;
+    for (int row = 0; row < form->rowCount(); ++row) {
+        const auto* caption =
+            static_cast<QLabel*>(form->itemAt(row, QFormLayout::LabelRole)->widget());
+        const auto* text =
+            static_cast<QLabel*>(form->itemAt(row, QFormLayout::FieldRole)->widget());
+        EXPECT_EQ(caption->y(), text->y());
+        EXPECT_TRUE(caption->alignment() & text->alignment() & Qt::AlignTop);
+        wrapped |= text->height() > 1.5 * text->fontMetrics().height();
+    }
+    EXPECT_TRUE(wrapped) << "one of them has several lines";
+}
+
 /// Somebody has doubled the font; the sizes of the dialog are given.
 TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
     for (const Page& page : allPages()) {
@@ -273,16 +325,20 @@ Lines measuresOf(const QWidget* window) {
         const QString name = widget->objectName();
         if (!widget->isVisible() || name.isEmpty() || name.startsWith(QLatin1String("qt_")))
             continue;
-        QString line =
-            QStringLiteral("%1: font %2, at least %3x%4")
-                .arg(name)
-                .arg(QFontInfo(widget->font()).pixelSize())
-                .arg(widget->minimumSizeHint().expandedTo(widget->minimumSize()).width())
-                .arg(widget->minimumSizeHint().expandedTo(widget->minimumSize()).height());
-        if (const auto* view = qobject_cast<const QTreeView*>(widget)) {
+        const auto* view = qobject_cast<const QTreeView*>(widget);
+        // What a view needs at least depends on which of its bars are there.
+        const QSize least =
+            (view ? QSize() : widget->minimumSizeHint()).expandedTo(widget->minimumSize());
+        QString line = QStringLiteral("%1: font %2, at least %3x%4")
+                           .arg(name)
+                           .arg(QFontInfo(widget->font()).pixelSize())
+                           .arg(least.width())
+                           .arg(least.height());
+        if (view) {
             line += QStringLiteral(", rows %1, columns").arg(view->sizeHintForRow(0));
             for (int i = 0; i < view->header()->count(); ++i)
-                if (view->header()->sectionResizeMode(i) == QHeaderView::Interactive)
+                if (view->header()->sectionResizeMode(i) == QHeaderView::Interactive &&
+                    !(view->header()->stretchLastSection() && i + 1 == view->header()->count()))
                     line += QStringLiteral(" %1").arg(view->header()->sectionSize(i));
         }
         found.push_back(line.toStdString());
@@ -301,18 +357,12 @@ QVector<QImage> dockTitles(QWidget* window) {
 
 TEST_P(LargeFont, IsFollowedByAMainWindowThatIsOpen) {
     if (GetParam().scale != 1) return;  // the window would take up the host's font with its scale
-    const auto open = [] {
-        const auto& pages = allPages();
-        return std::find_if(pages.begin(), pages.end(),
-                            [](const Page& page) { return page.name == std::string("mainWindow"); })
-            ->open();
-    };
-    std::unique_ptr<QWidget> opened = open();
-    const Lines large = measuresOf(opened.get());
-    const QVector<QImage> largeTitles = dockTitles(opened.get());
-    opened.reset();
+    std::unique_ptr<QWidget> first = opened("mainWindow");
+    const Lines large = measuresOf(first.get());
+    const QVector<QImage> largeTitles = dockTitles(first.get());
+    first.reset();
     QApplication::setFont(before);
-    const std::unique_ptr<QWidget> window = open();
+    const std::unique_ptr<QWidget> window = opened("mainWindow");
     const Lines usual = measuresOf(window.get());
     ASSERT_GT(usual.size(), 30u);
     QApplication::setFont(doubled);

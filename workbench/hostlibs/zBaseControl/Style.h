@@ -41,7 +41,7 @@ QFont fitting(QFont font, int needed, int room);
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
 /// The arrow of a field that drops something down.
-void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
+void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up = false);
 
 /// @param radius in design pixels. @return what a window with rounded corners covers.
 QRegion roundedRegion(const QRect& rect, double radius);
