@@ -147,7 +147,8 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                   const QWidget* widget) const {
     const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
-    if (type == CT_PushButton) return found.expandedTo({scaled(76), scaled(28)});
+    if (type == CT_PushButton)
+        return found.expandedTo({qMax(scaled(76), size.width() + scaled(28)), scaled(28)});
     if (type == CT_ComboBox) return found.expandedTo({0, scaled(28)});
     if (type == CT_ToolButton && hasTextBesideIcon(option))
         return size + QSize(scaled(20), scaled(14));
