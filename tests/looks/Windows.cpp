@@ -85,6 +85,17 @@ std::unique_ptr<QWidget> largeOpenDialog() {
     return window;
 }
 
+std::unique_ptr<QWidget> login() {
+    return shown(std::make_unique<workbench::LoginWindow>());
+}
+
+std::unique_ptr<QWidget> largeLogin() {
+    std::unique_ptr<QWidget> window = login();
+    window->setFixedSize(workbench::roomFor(360), workbench::roomFor(230));
+    settle();
+    return window;
+}
+
 std::unique_ptr<QWidget> download() {
     auto window = std::make_unique<workbench::DownloadWindow>(
         QStringLiteral("青羊区社区卫生服务中心医技楼.GCFX"), nullptr);
@@ -123,7 +134,7 @@ const std::vector<Page>& allPages() {
         {"chooser", [] { return shown(std::make_unique<xzGcLxDialog>(nullptr)); }},
         {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
         {"fileDialog", largeOpenDialog},
-        {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"login", largeLogin},
         {"download", download},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
@@ -134,7 +145,7 @@ const std::vector<Page>& allPages() {
 const std::vector<Page>& windowsOfTheWorkbench() {
     static const std::vector<Page> pages = {
         {"fileDialog", openDialog},
-        {"login", [] { return shown(std::make_unique<workbench::LoginWindow>()); }},
+        {"login", login},
         {"download", download},
         {"information", [] { return box("info"); }},
         {"longMessage",

@@ -92,8 +92,6 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     copy->setObjectName(QStringLiteral("copyVersions"));
     auto* close = buttons->addButton(said("关闭"), QDialogButtonBox::AcceptRole);
     close->setObjectName(QStringLiteral("closeAbout"));
-    for (QPushButton* button : {copy, close})
-        button->setMinimumWidth(button->sizeHint().width() + scaled(16));
     close->setDefault(true);
     close->setFocus();
     connect(copy, &QPushButton::clicked, this,

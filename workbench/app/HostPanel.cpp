@@ -132,8 +132,8 @@ void HostPanel::adaptToScale() {
 QSize HostPanel::minimumSizeHint() const {
     const int needed =
         widget()->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width();
-    return {qMin(needed, screen()->availableSize().width() / 4),
-            QScrollArea::minimumSizeHint().height()};
+    const int room = qMax(scaled(220), screen()->availableSize().width() / 4);
+    return {qMin(needed, room), QScrollArea::minimumSizeHint().height()};
 }
 
 bool HostPanel::event(QEvent* event) {

@@ -150,7 +150,7 @@ void JournalPanel::showOnlyKindOfCurrent() {
 }
 
 void JournalPanel::adaptToScale() {
-    layout()->setContentsMargins(scaled(12), scaled(8), scaled(12), scaled(8));
+    layout()->setContentsMargins(scaled(16), scaled(8), scaled(16), scaled(8));
     layout()->setSpacing(scaled(8));
     text->parentWidget()->layout()->setSpacing(scaled(8));
     kind->setMinimumWidth(roomFor(110));

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -42,34 +43,36 @@ const char* const pictureProperty = "picture";
 const int messageMs = 8000;
 
 /// What the skin leaves to the window's parts: lines between them, and fields and switches that
-/// stand out from a dark ground. "@name" stands for a colour and "#n#" for n design pixels.
+/// stand out from a dark ground. "@name" stands for a colour, "#n#" for n design pixels and "~n~"
+/// for n lines.
 QString partSheet() {
     QString sheet = QStringLiteral(R"(
 QSplitter::handle{background:@line;width:#1#px}
-QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #6#px;spacing:#4#px}
-QToolButton{padding:#5#px #8#px;border:none;border-radius:#4#px;color:@text}
-QToolButton:hover{background:@title}
-QToolButton:pressed{background:@pressed}
-QToolButton:checked{background:@selected}
-QToolButton:disabled{color:@faint}
+QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #8#px;spacing:#4#px}
 QMenuBar{border-bottom:#1#px solid @line}
 QStatusBar{border-top:#1#px solid @line}
 QStatusBar::item{border:none}
-QLineEdit,QPlainTextEdit{background:@field;border:#1#px solid @border;border-radius:#4#px;
-padding:#3#px #4#px}
+QLineEdit,QPlainTextEdit{background:@field;border:~1~px solid @border;border-radius:#4#px;
+padding:~3~px ~4~px}
 QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
-QLineEdit:focus,QPlainTextEdit:focus{border:#2#px solid @focus;padding:#2#px #3#px}
+QLineEdit:focus,QPlainTextEdit:focus{border:~2~px solid @focus;padding:~2~px ~3~px}
+QLineEdit{padding:~1~px ~4~px;min-height:@heightpx}
+QLineEdit:focus{padding:0 ~3~px}
 QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
 )");
     const std::pair<QLatin1String, Tint> tints[] = {
-        {QLatin1String("@line"), Tint::Divider},      {QLatin1String("@title"), Tint::Hover},
-        {QLatin1String("@text"), Tint::Text},         {QLatin1String("@field"), Tint::Field},
+        {QLatin1String("@line"), Tint::Divider},      {QLatin1String("@field"), Tint::Field},
         {QLatin1String("@border"), Tint::Border},     {QLatin1String("@focus"), Tint::AccentLine},
-        {QLatin1String("@pressed"), Tint::Pressed},   {QLatin1String("@selected"), Tint::Selected},
         {QLatin1String("@disabled"), Tint::Disabled}, {QLatin1String("@faint"), Tint::Faint}};
     for (const auto& tint : tints) sheet.replace(tint.first, colour(tint.second).name());
-    for (const int size : {1, 2, 3, 4, 5, 6, 8})
+    const int line = qMax(1, scaled(1));
+    // As high as buttons and lists, and as the text of a large font needs.
+    const int height = QFontMetrics(QApplication::font()).height() + scaled(8);
+    sheet.replace(QLatin1String("@height"), QString::number(qMax(scaled(28), height) - 4 * line));
+    for (const int size : {1, 2, 3, 4, 8}) {
         sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
+        sheet.replace(QStringLiteral("~%1~").arg(size), QString::number(size * line));
+    }
     return sheet;
 }
 
@@ -259,6 +262,8 @@ void MainWindow::adaptToLook() {
     for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
         if (!part->isWindow()) part->setStyleSheet(sheet);
     setWindowIcon(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), QSize(64, 64), 1));
+    for (auto* label : statusBar()->findChildren<QLabel*>())
+        label->setContentsMargins(scaled(8), 0, scaled(8), 0);
     installation->setMinimumWidth(scaled(120));  // cut with dots, rather than a window too wide
     const int side = roomFor(18);
     tools->setIconSize({side, side});

@@ -21,13 +21,6 @@ QLabel* noticeLabel(const char* name) {
     return label;
 }
 
-/// Gives a button its text, and room around it.
-void label(QPushButton* button, const char* chinese) {
-    button->setText(said(chinese));
-    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + scaled(28));
-    button->setMinimumHeight(scaled(28));
-}
-
 }  // namespace
 
 NoticeBar::NoticeBar(QWidget* parent)
@@ -72,14 +65,13 @@ void NoticeBar::say() {
         delete old;
     }
     for (int i = 0; i < notice.actions.size(); ++i) {
-        auto* button = new QPushButton;
-        label(button, notice.actions[i].text);
+        auto* button = new QPushButton(said(notice.actions[i].text));
         button->setObjectName(QStringLiteral("noticeAction%1").arg(i));
         // A copy: the work may tell something else.
         connect(button, &QPushButton::clicked, this, [work = notice.actions[i].work] { work(); });
         buttons->addWidget(button);
     }
-    label(closing, "知道了");
+    closing->setText(said("知道了"));
     buttons->addWidget(closing);
     buttons->addStretch();
 }

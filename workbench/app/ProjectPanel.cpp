@@ -193,7 +193,10 @@ QWidget* ProjectPanel::makeDetails() {
         facts.last()->setObjectName(QLatin1String(name));
         facts.last()->setWordWrap(true);
         facts.last()->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        form->addRow(QString::fromUtf8(caption), facts.last());
+        auto* label = new QLabel(QString::fromUtf8(caption));
+        label->setAlignment(Qt::AlignTop);  // beside the first line of several
+        facts.last()->setAlignment(Qt::AlignTop);
+        form->addRow(label, facts.last());
     }
     layout->addLayout(form);
     layout->addWidget(new QLabel(QStringLiteral("创建请求")));
@@ -218,8 +221,8 @@ void ProjectPanel::adaptToScale() {
     header->setMinimumSectionSize(scaled(90));
     header->resizeSection(Kind, roomFor(110));
     header->resizeSection(Created, roomFor(130));
-    list->setMinimumWidth(scaled(300));
-    search->parentWidget()->layout()->setContentsMargins(scaled(12), scaled(8), 0, 0);
+    list->setMinimumWidth(scaled(280));
+    search->parentWidget()->layout()->setContentsMargins(scaled(16), scaled(8), 0, 0);
     search->parentWidget()->layout()->setSpacing(scaled(8));
     request->setMinimumHeight(roomFor(120));
     title->setFont(TBaseTool::GetDefFont(roomFor(16), QFont::Bold));

@@ -22,6 +22,7 @@ DownloadWindow::DownloadWindow(const QString& fileName, QWidget* parent)
     setWindowTitle(QStringLiteral("下载云盘文件"));
     setModal(true);
     auto* caption = new zBaseLabel(fileName, this);
+    caption->setObjectName(QStringLiteral("downloadFile"));
     caption->setFont(TBaseTool::GetDefFont(roomFor(14), QFont::Bold));
     caption->setTextFormat(Qt::PlainText);  // names of files may look like markup
     caption->setMinimumWidth(roomOnScreen(*this, 360, 0).width() - scaled(40));

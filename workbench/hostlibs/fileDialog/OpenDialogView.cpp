@@ -202,7 +202,7 @@ QWidget* OpenDialogView::nameRow() {
     if (!filter.suffixes.isEmpty()) filterBox->addItem(FileFilter::fromList({}).text());
     layout->addWidget(label);
     layout->addWidget(nameField, 1);
-    layout->addWidget(filterBox);
+    layout->addWidget(filterBox, 1);
     return row;
 }
 
@@ -231,15 +231,9 @@ QWidget* OpenDialogView::buttonRow() {
 
 void OpenDialogView::applyColours() {
     const QString listSheet =
-        QStringLiteral(
-            "QTreeView{background:%1;border:%5px solid %2;outline:0}"
-            "QHeaderView::section{background:%3;color:%4;border:none;"
-            "border-right:%5px solid %2;border-bottom:%5px solid %2;padding:%6px %7px}")
-            .arg(colour(Tint::Field).name(), colour(Tint::Line).name(), colour(Tint::Hover).name(),
-                 colour(Tint::Muted).name())
-            .arg(qMax(1, scaled(1)))
-            .arg(scaled(4))
-            .arg(scaled(6));
+        QStringLiteral("QTreeView{background:%1;border:%3px solid %2;outline:0}")
+            .arg(colour(Tint::Field).name(), colour(Tint::Line).name())
+            .arg(qMax(1, scaled(1)));
     setStyleSheet(fieldSheet() + listSheet + progressBarSheet());
     const int size = list->iconSize().width();
     model->setIcons(listIcon("folder", size, devicePixelRatioF()),

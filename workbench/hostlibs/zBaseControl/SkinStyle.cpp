@@ -61,6 +61,11 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
+bool hasTextBesideIcon(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    return button && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon;
+}
+
 }  // namespace
 
 // The style knows the screen's dots per inch only; the host's scale comes on top.
@@ -142,9 +147,21 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                   const QWidget* widget) const {
     const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
-    if (type == CT_PushButton) return found.expandedTo({scaled(76), scaled(28)});
+    if (type == CT_PushButton)
+        return found.expandedTo({qMax(scaled(76), size.width() + scaled(28)), scaled(28)});
+    if (type == CT_ComboBox) return found.expandedTo({0, scaled(28)});
+    if (type == CT_ToolButton && hasTextBesideIcon(option))
+        return size + QSize(scaled(20), scaled(14));
     if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));
     return found;
+}
+
+QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
+    const QRect found = QProxyStyle::subElementRect(element, option, widget);
+    if (element != SE_HeaderArrow) return found;
+    const QRect& rect = option->rect;
+    return {rect.right() - scaled(20), rect.top(), scaled(12), rect.height()};
 }
 
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -180,6 +197,8 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
         cut.text = cut.fontMetrics.elidedText(cut.text, Qt::ElideRight, cut.rect.width());
         return QProxyStyle::drawControl(element, &cut, painter, widget);
     }
+    if (element == CE_ToolButtonLabel && hasTextBesideIcon(option))
+        return drawToolButtonLabel(*painter, *static_cast<const QStyleOptionToolButton*>(option));
     const auto* dock = qstyleoption_cast<const QStyleOptionDockWidget*>(option);
     if (element == CE_DockWidgetTitle && dock)
         return drawDockTitle(*painter, *dock, widget->font());
@@ -235,8 +254,13 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         painter->fillRect(option->rect, colour(Tint::Divider));
         return;
     }
+    const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+    if (element == PE_IndicatorHeaderArrow && header)
+        return drawArrow(*painter, option->rect.center(), true,
+                         header->sortIndicator == QStyleOptionHeader::SortUp);
     if (element == PE_IndicatorCheckBox) return drawCheckBox(*painter, *option);
     if (element == PE_PanelScrollAreaCorner) return;
+    if (element == PE_PanelButtonTool) return drawToolButton(*painter, *option);
     if (element == PE_PanelButtonCommand) return drawPushButton(*painter, *option);
     if (element == PE_FrameMenu)
         return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);

@@ -33,6 +33,8 @@ class SkinStyle : public QProxyStyle {
                   QStyleHintReturn* more) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                            const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override;
     QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                          const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,

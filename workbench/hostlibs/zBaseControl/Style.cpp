@@ -137,13 +137,13 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
     return true;
 }
 
-void drawArrow(QPainter& painter, const QPoint& centre, bool enabled) {
+void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up) {
     const QColor pen = colour(enabled ? Tint::Muted : Tint::Faint);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(pen, scaled(15) / 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const int wide = scaled(4);
-    const int high = scaled(2);
+    const int high = scaled(up ? -2 : 2);
     painter.drawPolyline(QPolygonF({QPointF(centre.x() - wide, centre.y() - high),
                                     QPointF(centre.x(), centre.y() + high),
                                     QPointF(centre.x() + wide, centre.y() - high)}));

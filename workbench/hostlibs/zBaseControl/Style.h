@@ -45,7 +45,7 @@ int heightWithText(const QFontMetrics& font, double design);
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
 /// The arrow of a field that drops something down.
-void drawArrow(QPainter& painter, const QPoint& centre, bool enabled);
+void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up = false);
 
 /// @param radius in design pixels. @return what a window with rounded corners covers.
 QRegion roundedRegion(const QRect& rect, double radius);

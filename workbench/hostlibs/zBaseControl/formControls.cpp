@@ -58,6 +58,26 @@ void drawCheckBoxText(QPainter& painter, const QStyleOptionButton& option) {
     drawText(painter, option, option.rect, option.text);
 }
 
+void drawToolButton(QPainter& painter, const QStyleOption& option) {
+    Tint fill = Tint::None;
+    if (option.state & QStyle::State_MouseOver) fill = Tint::Hover;
+    if (option.state & QStyle::State_On) fill = Tint::Selected;
+    if (option.state & QStyle::State_Sunken) fill = Tint::Pressed;
+    if (option.state & QStyle::State_Enabled)
+        drawBox(painter, option.rect, colour(fill), Qt::transparent, kFieldRadius);
+}
+
+void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option) {
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QRect icon(option.rect.left() + scaled(8), option.rect.top(), option.iconSize.width(),
+                     option.rect.height());
+    option.icon.paint(&painter, icon, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    drawText(
+        painter, option,
+        {icon.right() + scaled(6), icon.top(), option.rect.right() - icon.right(), icon.height()},
+        option.text);
+}
+
 void drawPushButton(QPainter& painter, const QStyleOption& option) {
     Tint fill = Tint::Card;
     if (option.state & QStyle::State_MouseOver) fill = Tint::Hover;

@@ -16,6 +16,10 @@ void drawComboBoxText(QPainter& painter, const QStyleOptionComboBox& option, con
 void drawCheckBox(QPainter& painter, const QStyleOption& option);
 /// The text of a tick, cut with dots.
 void drawCheckBoxText(QPainter& painter, const QStyleOptionButton& option);
+/// The ground of a tool's button, which has none at rest.
+void drawToolButton(QPainter& painter, const QStyleOption& option);
+/// Icon and text of a tool's button, side by side.
+void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option);
 /// A push button but for its text.
 void drawPushButton(QPainter& painter, const QStyleOption& option);
 /// The ring around what the keys go to.
