@@ -27,6 +27,12 @@ TEST_F(MainWindowTest, ProjectFilesAreListedAndCountedAndOtherFilesOnlyListed) {
     EXPECT_EQ(text("projectCount"), QStringLiteral("工程文件：2 个"));
 }
 
+TEST_F(MainWindowTest, TheKeysOfANewWindowGoToTheListOfProjects) {
+    EXPECT_EQ(window->focusWidget(), list);
+    QTest::keyClick(window->focusWidget(), Qt::Key_End);
+    EXPECT_EQ(list->currentItem(), list->topLevelItem(list->topLevelItemCount() - 1));
+}
+
 TEST_F(MainWindowTest, TheChosenFileShowsWhatItHolds) {
     const struct {
         const char* file;

@@ -84,6 +84,7 @@ ProjectPanel::ProjectPanel(QWidget* parent)
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
     connect(&Surface::instance(), &Surface::languageChanged, this, &ProjectPanel::say);
+    setFocusProxy(list);
     adaptToScale();
     say();
 }
