@@ -66,7 +66,7 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     const int room = roomOnScreen(*this, 456, 0).width() - beside;
     const QRect needed = label->fontMetrics().boundingRect(
         QRect(0, 0, room, QWIDGETSIZE_MAX), Qt::TextWordWrap | Qt::TextWrapAnywhere, text);
-    label->setFixedWidth(qBound(scaled(220), needed.width() + scaled(4), room));
+    label->setFixedWidth(qMin(qMax(scaled(220), needed.width() + scaled(4)), room));
     label->setMinimumHeight(label->heightForWidth(label->width()));
 
     auto* row = new QHBoxLayout;
