@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <exception>
 
 namespace conformance {
@@ -79,6 +80,13 @@ bool runsEventLoop(const std::function<void()>& action) {
     const Probe probe;
     action();
     return probe.reached;
+}
+
+QString textFile(const QTemporaryDir& folder, const QString& name) {
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write("text") < 0)
+        throw NotReached{QStringLiteral("no temporary file can be written")};
+    return file.fileName();
 }
 
 void quietly(const std::function<void()>& action) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QStringList>
+#include <QTemporaryDir>
 #include <functional>
 
 #include "conformance.h"
@@ -30,6 +31,9 @@ void quietly(const std::function<void()>& action);
 /// @return what was reported to ProcExceptionNew since it was asked last: "function: text" each.
 ///         Stays empty where the host's own cannot be stood before; see docs/writing-a-host.md.
 QStringList takeReports();
+
+/// @return the path of a new file of the name in the folder: a text, whatever its name says.
+QString textFile(const QTemporaryDir& folder, const QString& name);
 
 /// A promise, and what looks at it.
 struct Promise {

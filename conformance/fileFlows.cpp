@@ -1,7 +1,6 @@
 #include <SharedInterface.h>
 #include <fileDialog.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -148,12 +147,8 @@ void workbookIsImported(const QString& workbook) {
 void textIsNotImported() {
     needFirstPage();
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("text.xlsx")));
-    expect(file.open(QIODevice::WriteOnly) && file.write("no workbook") > 0,
-           QStringLiteral("no temporary file can be written"));
-    file.close();
     const Opened opened;
-    const ExcelTypist typist({"btnSelFile", file.fileName()});
+    const ExcelTypist typist({"btnSelFile", textFile(folder, QStringLiteral("text.xlsx"))});
     opened.entry(excelEntry)->click();
     settle();
     expectTyped(typist);
@@ -175,11 +170,8 @@ void contractingFolderIsImported() {
 void tenderIsImported() {
     needFirstPage();
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("conformance.YFJZ")));
-    expect(file.open(QIODevice::WriteOnly), QStringLiteral("no temporary file can be written"));
-    file.close();
     const Opened opened;
-    const Typist typist(file.fileName());
+    const Typist typist(textFile(folder, QStringLiteral("conformance.YFJZ")));
     opened.entry(tenderEntry)->click();
     settle();
     expectTyped(typist);

@@ -1,5 +1,6 @@
 #include <SharedInterface.h>
 #include <fileDialog.h>
+#include <hostContract.h>
 #include <osgi.h>
 #include <zBaseControl.h>
 #include <zCpf.h>
@@ -203,12 +204,9 @@ void ownProjectInfo(const QString& project) {
 
 void otherFileInfo() {
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("notes.txt")));
-    expect(file.open(QIODevice::WriteOnly) && file.write("notes") > 0,
-           QStringLiteral("no temporary file can be written"));
-    file.close();
     QString name, kind, suffix, detail;
-    SharedInterface::GetFileInfo(file.fileName(), name, kind, suffix, detail);
+    SharedInterface::GetFileInfo(textFile(folder, QStringLiteral("notes.txt")), name, kind, suffix,
+                                 detail);
     expect((name + kind + suffix + detail).isEmpty(),
            QStringLiteral("GetFileInfo of a text file answers ") +
                quoted(QStringList{name, kind, suffix, detail}.join(QLatin1Char('|'))));
@@ -223,22 +221,16 @@ void noWorkbook() {
     expect(!LibXLExcel::Open(QStringLiteral("/nowhere/at/all.xlsx")),
            QStringLiteral("a workbook that does not exist can be opened"));
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("text.xlsx")));
-    expect(file.open(QIODevice::WriteOnly) && file.write("no workbook") > 0,
-           QStringLiteral("no temporary file can be written"));
-    file.close();
-    expect(!LibXLExcel::Open(file.fileName()),
+    expect(!LibXLExcel::Open(textFile(folder, QStringLiteral("text.xlsx"))),
            QStringLiteral("a text file with the suffix .xlsx can be opened"));
 }
-
-const int wholeProcess = 32;  // the largest program type
 
 void ownFiles(const Files& files) {
     if (files.project.isEmpty() && files.workbook.isEmpty())
         throw NotReached{QStringLiteral("no file was given: --project, --workbook")};
     if (!files.project.isEmpty()) {
         const int type = GetProgramTypeByFile(files.project);
-        expect(type > 0 && type <= wholeProcess,
+        expect(type > 0 && type <= newpro::WholeProcessProgram,
                QStringLiteral("GetProgramTypeByFile answers %1, which is no program type, to %2")
                    .arg(type)
                    .arg(files.project));

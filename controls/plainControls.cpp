@@ -204,8 +204,8 @@ RibbonNavigationBar::RibbonNavigationBar(int, int, int, QWidget* parent) : zBase
 QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
     auto* entry = new RibbonTab(tab);
     auto* action = new QWidgetAction(this);
-    for (QObject* named : {static_cast<QObject*>(entry), static_cast<QObject*>(action)})
-        named->setProperty("name", tab.text);
+    entry->setProperty("name", tab.text);
+    action->setProperty("name", tab.text);
     action->setText(tab.text);
     action->setDefaultWidget(entry);  // hides the entry
     panelLayout()->addWidget(entry);

@@ -7,13 +7,13 @@
 #include <QHBoxLayout>
 #include <QWidgetAction>
 
-/// @return a new entry of the ribbon, named and in its place, whose button does nothing yet. Its
-///         widget is a RibbonTab.
+/// @return a new entry of the ribbon, named and in its place, whose button does nothing yet.
+///         Its widget is a RibbonTab.
 inline QWidgetAction* placedEntry(RibbonNavigationBar* ribbon, const RIBBON::CentralTab& tab) {
     auto* entry = new RibbonTab(tab);
     auto* action = new QWidgetAction(ribbon);
-    for (QObject* named : {static_cast<QObject*>(entry), static_cast<QObject*>(action)})
-        named->setProperty("name", tab.text);
+    entry->setProperty("name", tab.text);
+    action->setProperty("name", tab.text);
     action->setText(tab.text);
     action->setDefaultWidget(entry);
     ribbon->panelLayout()->addWidget(entry);

@@ -28,11 +28,7 @@ using workbench::Scenario;
 using workbench::Stage;
 
 /// A step that finds no target after a fault need not be waited for.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int patienceAfterFault = 120;  // milliseconds; everything takes several times as long
-#else
 constexpr int patienceAfterFault = 30;  // milliseconds
-#endif
 constexpr int patience = 10000;
 
 QStringList* warnings = nullptr;

@@ -77,23 +77,8 @@ std::unique_ptr<QWidget> openDialog() {
     return shown(std::make_unique<workbench::OpenDialog>(nullptr, request));
 }
 
-/// As on a screen that holds every scale.
-std::unique_ptr<QWidget> largeOpenDialog() {
-    std::unique_ptr<QWidget> window = openDialog();
-    window->resize(workbench::roomFor(860), workbench::roomFor(560));
-    settle();
-    return window;
-}
-
 std::unique_ptr<QWidget> login() {
     return shown(std::make_unique<workbench::LoginWindow>());
-}
-
-std::unique_ptr<QWidget> largeLogin() {
-    std::unique_ptr<QWidget> window = login();
-    window->setFixedSize(workbench::roomFor(360), workbench::roomFor(230));
-    settle();
-    return window;
 }
 
 std::unique_ptr<QWidget> download() {
@@ -101,6 +86,20 @@ std::unique_ptr<QWidget> download() {
         QStringLiteral("青羊区社区卫生服务中心医技楼.GCFX"), nullptr);
     workbench::Host::instance().switches().cloud.slow = true;
     window->progress(1, 5);
+    return window;
+}
+
+/// As on a screen that holds every scale. @param width, height of the design.
+std::unique_ptr<QWidget> large(std::unique_ptr<QWidget> window, double width, double height) {
+    window->setFixedSize(workbench::roomFor(width), workbench::roomFor(height));
+    settle();
+    return window;
+}
+
+std::unique_ptr<QWidget> largeDownload() {
+    std::unique_ptr<QWidget> window = download();
+    child<QWidget>(window.get(), "downloadFile")->setMinimumWidth(workbench::roomFor(320));
+    settle();
     return window;
 }
 
@@ -133,9 +132,9 @@ const std::vector<Page>& allPages() {
         {"contracting", onContractingPage},
         {"chooser", [] { return shown(std::make_unique<xzGcLxDialog>(nullptr)); }},
         {"excel", [] { return shown(std::make_unique<importExcelSelFile>(nullptr)); }},
-        {"fileDialog", largeOpenDialog},
-        {"login", largeLogin},
-        {"download", download},
+        {"fileDialog", [] { return large(openDialog(), 860, 560); }},
+        {"login", [] { return large(login(), 360, 230); }},
+        {"download", largeDownload},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
         {"mainWindow", mainWindow}};

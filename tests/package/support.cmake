@@ -48,6 +48,16 @@ function(readme_block readme language start into)
     set(${into} "${text}" PARENT_SCOPE)
 endfunction()
 
+# guide_lines(START INTO): a code block of docs/writing-a-host.md, with the places that are here: what
+# is installed, and files of the host's.
+function(guide_lines start into)
+    readme_block(docs/writing-a-host.md "" "${start}" lines)
+    string(REPLACE /usr/ ${SCRATCH}/root/ lines "${lines}")
+    string(REPLACE A.GCFX ${REPOSITORY}/tests/conformance/project.GCFX lines "${lines}")
+    string(REPLACE B.xlsx ${REPOSITORY}/workbench/installation/Workbooks/教学楼安装清单.xls lines "${lines}")
+    set(${into} "${lines}" PARENT_SCOPE)
+endfunction()
+
 # The lines of README.md that the tests compile, in the folder that README_LINES names; the Chinese
 # one has the same.
 function(readme_lines file language start)

@@ -52,12 +52,13 @@ QToolBar{border:none;border-bottom:#1#px solid @line;padding:#4#px #8#px;spacing
 QMenuBar{border-bottom:#1#px solid @line}
 QStatusBar{border-top:#1#px solid @line}
 QStatusBar::item{border:none}
-QLineEdit,QPlainTextEdit{background:@field;border:~1~px solid @border;border-radius:#4#px;
-padding:~3~px ~4~px}
-QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
-QLineEdit:focus,QPlainTextEdit:focus{border:~2~px solid @focus;padding:~2~px ~3~px}
+QLineEdit,QPlainTextEdit{background:@field;border:~1~px solid @border;border-radius:#4#px}
 QLineEdit{padding:~1~px ~4~px;min-height:@heightpx}
+QPlainTextEdit{padding:~3~px ~4~px}
+QLineEdit:hover,QPlainTextEdit:hover{border-color:@focus}
+QLineEdit:focus,QPlainTextEdit:focus{border:~2~px solid @focus}
 QLineEdit:focus{padding:0 ~3~px}
+QPlainTextEdit:focus{padding:~2~px ~3~px}
 QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
 )");
     const std::pair<QLatin1String, Tint> tints[] = {

@@ -37,14 +37,13 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
 ///         the font of the application. Too small to read it does not get.
 /// @param needed what the text covers in this font, pixels.
 QFont fitting(QFont font, int needed, int room);
-/// @param design in design pixels. @return how high a line of text needs something to be, and that
-/// at
-///         the least.
+/// @param design in design pixels; the least height.
+/// @return how high something with a line of text in it has to be, pixels.
 int heightWithText(const QFontMetrics& font, double design);
 /// Draws a text that is cut already. @param place where the base line begins.
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
-/// The arrow of a field that drops something down.
+/// The arrow of a field that drops something down, or of a column that is sorted.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up = false);
 
 /// @param radius in design pixels. @return what a window with rounded corners covers.
