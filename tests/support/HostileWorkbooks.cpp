@@ -277,4 +277,26 @@ QByteArray compoundFile(const QString& stream, const QByteArray& content) {
     return header + backward + directory + table + list;
 }
 
+QByteArray smallCompoundFile(const QByteArray& content) {
+    const int sectors = (content.size() + 63) / 64;
+    QByteArray table(512, '\xFF');
+    for (int i = 0; i < sectors; ++i) put32(table, 4 * i, i == 0 ? endOfChain : quint32(i - 1));
+    const QByteArray padded = content.leftJustified(sectors * 64, '\0');
+    QByteArray backward;
+    for (int i = sectors - 1; i >= 0; --i) backward += padded.mid(i * 64, 64);
+
+    // Seven large sectors hold the small ones, the eighth their table; it is the file's first.
+    constexpr int large = 7 * 512;
+    QByteArray file =
+        compoundFile(QStringLiteral("Workbook"), backward.leftJustified(large, '\0') + table);
+    const int directory = 9 * 512;
+    put32(file, 60, 0);
+    put32(file, 64, 1);
+    put32(file, directory + 116, 7);
+    put32(file, directory + 120, large);
+    put32(file, directory + 128 + 116, quint32(sectors - 1));
+    put32(file, directory + 128 + 120, quint32(content.size()));
+    return file;
+}
+
 }  // namespace testing_support

@@ -41,4 +41,8 @@ QByteArray withPassword(QByteArray stream);
 ///         sectors of the stream lie in it from the last to the first: their order is free.
 QByteArray compoundFile(const QString& stream, const QByteArray& content);
 
+/// @param content up to 3584 bytes of a workbook. @return a compound file that keeps them in small
+///         sectors, as it keeps every stream below 4096 bytes; they lie from the last to the first.
+QByteArray smallCompoundFile(const QByteArray& content);
+
 }  // namespace testing_support

@@ -123,27 +123,89 @@ TEST(Workbook, ACutBinaryWorkbookDoesNotOpenWhereverItIsCut) {
     }
 }
 
-/// FreeXL would read as many bytes behind the name as the entry says.
-TEST(Workbook, ANameOfImpossibleLengthIsNotHandedToTheReader) {
-    const QByteArray globals =
-        (QByteArray::fromHex("31000020") + QByteArray(0x2000, '\0')).repeated(200);
+TEST(Workbook, ASmallWorkbookLiesInsideAnotherStream) {
     TemporaryInstallation installation;
-    // With more than is copied before the sheets, the reader gets the whole file.
-    for (const QByteArray& before : {QByteArray(), globals}) {
-        const QByteArray whole =
-            compoundFile(QStringLiteral("Workbook"), workbookStream(sheetNames(2), 0, before));
-        const int directory = int(qFromLittleEndian<quint32>(whole.constData() + 48) + 1) * 512;
-        for (const int entry : {0, 1, 2}) {  // the second is the workbook's own
-            for (const quint16 length : {18, 22, 64, 65, 1000, 32768, 65535}) {
-                QByteArray forged = whole;
-                qToLittleEndian(length, forged.data() + directory + 128 * entry + 64);
-                const bool opened = opens(installation.write(QStringLiteral("a.xls"), forged));
-                // Of the others a copy of the globals keeps nothing.
-                const bool copied = before.isEmpty() && entry != 1;
-                EXPECT_EQ(opened, copied || length <= 64)
-                    << before.size() << " " << entry << " " << length;
-            }
-        }
+    const QByteArray stream = workbookStream(sheetNames(3));
+    ASSERT_LT(stream.size(), 3584);
+    const QByteArray whole = smallCompoundFile(stream);
+    const auto opensWith = [&](int at, quint32 value) {
+        QByteArray forged = whole;
+        if (at >= 0) qToLittleEndian(value, forged.data() + at);
+        return opens(installation.write(QStringLiteral("a.xls"), forged));
+    };
+    const int root = 9 * 512, entry = root + 128;
+    EXPECT_TRUE(opensWith(-1, 0));
+    EXPECT_FALSE(opensWith(60, 8)) << "the directory in place of the table";
+    EXPECT_FALSE(opensWith(60, 0xFFFFFFF0)) << "the table lies outside";
+    EXPECT_FALSE(opensWith(root + 116, 1)) << "the small sectors lie elsewhere";
+    EXPECT_FALSE(opensWith(root + 120, 1 << 20)) << "more of them than the file holds";
+    EXPECT_FALSE(opensWith(entry + 116, 0xFFFFFFF0)) << "begins outside";
+    EXPECT_FALSE(opensWith(entry + 120, 30)) << "ends before its sheets";
+    EXPECT_FALSE(opens(
+        installation.write(QStringLiteral("a.xls"), smallCompoundFile(withPassword(stream)))));
+}
+
+TEST(Workbook, AnOldWorkbookHasAnotherName) {
+    TemporaryInstallation installation;
+    QByteArray stream = workbookStream();
+    stream[5] = 5;  // the version of 1995
+    const QByteArray whole = compoundFile(QStringLiteral("Book"), stream);
+    EXPECT_TRUE(opens(installation.write(QStringLiteral("a.xls"), whole)));
+    EXPECT_FALSE(opens(installation.write(
+        QStringLiteral("b.xls"), compoundFile(QStringLiteral("Book"), withPassword(stream)))));
+}
+
+/// With each of these FreeXL loses memory, or reads and writes where nothing is its own.
+TEST(Workbook, WhatTheReaderWouldBelieveIsNotHandedToIt) {
+    const auto forged = [](const QByteArray& stream, int at, const QByteArray& bytes) {
+        QByteArray file = compoundFile(QStringLiteral("Workbook"), stream);
+        const int directory = int(qFromLittleEndian<quint32>(file.constData() + 48) + 1) * 512;
+        return file.replace(directory + at, bytes.size(), bytes);
+    };
+    constexpr int nameSize = 64, unusedEntry = 256, ownEntry = 128, ownLength = ownEntry + 120;
+    const QByteArray whole = workbookStream();
+    const QByteArray sizedTwice = whole.chopped(4) + QByteArray::fromHex(
+                                                         "00020e00000000000300000000000600"
+                                                         "0000")
+                                                         .repeated(2);
+    const QByteArray impossibleFormat = QByteArray::fromHex("1e0406000000ffff0141");
+    const struct {
+        const char* title;
+        QByteArray file;
+        bool opens;
+    } rows[] = {
+        {"a sheet whose size comes twice", forged(sizedTwice, 0, {}), true},
+        {"a stream longer than the file", forged(sizedTwice, ownLength, {"\0\0\x10\0", 4}), false},
+        {"a format longer than its record",
+         forged(workbookStream(sheetNames(1), 0, impossibleFormat), 0, {}), true},
+        {"the root under an impossible name", forged(whole, nameSize, "\xFF\xFF"), true},
+        {"the stream under an impossible name", forged(whole, ownEntry + nameSize, "\xFF\xFF"),
+         false},
+        {"the stream under a name without end", forged(whole, ownEntry + nameSize, {"\x10\0", 2}),
+         false},
+        {"nothing under an impossible name", forged(whole, unusedEntry + nameSize, "\xFF\xFF"),
+         true},
+    };
+    TemporaryInstallation installation;
+    for (const auto& row : rows) {
+        EXPECT_EQ(opens(installation.write(QStringLiteral("a.xls"), row.file)), row.opens)
+            << row.title;
+    }
+}
+
+TEST(Workbook, AForgedFileIsNotReadForLong) {
+    constexpr int size = 50 * 1024 * 1024;
+    const QByteArray beginning = workbookStream().left(20);
+    const QByteArray sheet = workbookStream().mid(26, 26);
+    const QByteArray empty("\x01\0\0\0", 4);
+    TemporaryInstallation installation;
+    for (const QByteArray& record : {empty, sheet}) {
+        const QString path =
+            writeBinary(installation, "a.xls", beginning + record.repeated(size / record.size()));
+        QElapsedTimer timer;
+        timer.start();
+        opens(path);
+        EXPECT_LT(timer.elapsed(), 3000) << record.size();
     }
 }
 

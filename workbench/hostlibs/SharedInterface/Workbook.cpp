@@ -32,13 +32,13 @@ bool freexlOpens(const QString& path) {
     return opened;
 }
 
-// FreeXL steps over the records of every sheet, even where it keeps none: it gets the rest alone.
+// FreeXL believes what a file says of lengths, places and counts, and steps over the records of
+// every sheet: it gets nothing but a small file that is written here.
 bool isBinaryWorkbook(QFile& file) {
     const QByteArray globals = globalsAlone(file);
-    if (globals.isEmpty()) return hasSoundDirectory(file) && freexlOpens(file.fileName());
     QTemporaryFile copy;
-    return copy.open() && copy.write(globals) == globals.size() && copy.flush() &&
-           freexlOpens(copy.fileName());
+    return !globals.isEmpty() && copy.open() && copy.write(globals) == globals.size() &&
+           copy.flush() && freexlOpens(copy.fileName());
 }
 
 // Reads the central directory alone. A reader that walks from entry to entry would read through the
