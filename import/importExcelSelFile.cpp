@@ -205,12 +205,13 @@ void importExcelSelFile::loadGcmb(const QString& selectedPath) {
 
 void importExcelSelFile::slotGcmbTreeItemClicked(QTreeWidgetItem* item, int /*column*/) {
     guarded(excelSource, [&] {
-        if (!item || !m_pGcmbPopup || !m_pGcmbTree) return;
+        const Part<zBaseComboxPopup> popup(m_pGcmbPopup);
+        if (!item || !popup || !m_pGcmbTree) return;
         const QString path = item->data(0, entryPathRole).toString();
         if (!path.isEmpty()) {
             m_strGcmb = path;
-            m_pGcmbPopup->setDisplayText(item->data(0, nameRole).toString());
-            m_pGcmbPopup->hideDropDownPopup();
+            popup->setDisplayText(item->data(0, nameRole).toString());
+            popup->hideDropDownPopup();
             return;
         }
         const QPointer<QTreeWidget> tree(m_pGcmbTree);

@@ -78,25 +78,21 @@ QString describe(const Case& one) {
 }
 
 bool isService(int operation) {
-    static const QString services[] = {QStringLiteral("ProjectSettingHelper::"),
-                                       QStringLiteral("Communication::"),
-                                       QStringLiteral("AppPluginManager::"),
-                                       QStringLiteral("TranMiUtilAction::"),
-                                       QStringLiteral("LibXLExcel::"),
-                                       QStringLiteral("SharedInterface::"),
-                                       QStringLiteral("GetProgramTypeByFile("),
-                                       QStringLiteral("CpfMain::"),
-                                       QStringLiteral("UserInfo::"),
-                                       QStringLiteral("Users::"),
-                                       QStringLiteral("zFileDialog::"),
-                                       QStringLiteral("osgi::"),
-                                       QStringLiteral("FirstPagePlugin::"),
-                                       QStringLiteral("showInformation("),
-                                       QStringLiteral("showCritical("),
-                                       QStringLiteral("showInforByOneBtn(")};
+    static const QString looks[] = {QStringLiteral("ButtonStyleOption::"),
+                                    QStringLiteral("ComStyleOption::"),
+                                    QStringLiteral("FramelessDialog::"),
+                                    QStringLiteral("InterfaceAdaptation::"),
+                                    QStringLiteral("KVBaseDialog::"),
+                                    QStringLiteral("ProcExceptionNew("),
+                                    QStringLiteral("Ribbon"),
+                                    QStringLiteral("RoundedDialog::"),
+                                    QStringLiteral("SkinManager::"),
+                                    QStringLiteral("TBaseTool::"),
+                                    QStringLiteral("zBase"),
+                                    QStringLiteral("zTitleModal::")};
     const QString name = demangled(operationName(operation));
-    return std::any_of(std::begin(services), std::end(services),
-                       [&](const QString& service) { return name.startsWith(service); });
+    return std::none_of(std::begin(looks), std::end(looks),
+                        [&](const QString& prefix) { return name.startsWith(prefix); });
 }
 
 QString nameOf(int operation) {

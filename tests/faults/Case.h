@@ -71,8 +71,8 @@ struct Case {
 QString nameOf(Action action);
 QString describe(const Case& one);
 
-/// @return whether an operation is a service, which may answer otherwise or re-enter; the others
-///         make and dress widgets.
+/// @return whether an operation is a service, which may answer otherwise or re-enter, as a new one
+///         is until it is told otherwise; the others make and dress widgets.
 bool isService(int operation);
 
 /// @return the name of an operation as the journal has it.

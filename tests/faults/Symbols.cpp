@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QProcess>
+#include <algorithm>
 #include <cstdlib>
 #include <map>
 
@@ -84,6 +85,19 @@ QString enclosing(QString function) {
     function.remove(QLatin1String("(anonymous namespace)::"));
     function = function.left(function.indexOf(QLatin1Char('(')));
     return function.mid(function.lastIndexOf(QLatin1Char(' ')) + 1);
+}
+
+bool makesBaseOfWindow(const QString& operation, const QString& caller) {
+    static const struct {
+        QString base, window;
+    } made[] = {
+        {QStringLiteral("zBaseModal::zBaseModal"),
+         QStringLiteral("NewProCfgDialog::NewProCfgDialog")},
+        {QStringLiteral("zTitleModal::zTitleModal"), QStringLiteral("xzGcLxDialog::xzGcLxDialog")},
+    };
+    return std::any_of(std::begin(made), std::end(made), [&](const auto& each) {
+        return operation == each.base && caller == each.window;
+    });
 }
 
 }  // namespace faults

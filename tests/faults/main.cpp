@@ -39,7 +39,8 @@ using faults::Case;
 using faults::Outcome;
 using faults::playWith;
 
-constexpr int leakCheckEvery = 50;  // cases
+constexpr int leakCheckEvery = 50;      // cases
+constexpr int longestSilence = 120000;  // milliseconds; a case takes a hundredth of it
 
 bool leaks() {
 #if defined(__SANITIZE_ADDRESS__)
@@ -126,7 +127,11 @@ class Flows {
     /// Takes in what the worker has said. @return whether the flows are through.
     bool advance(int waitMs) {
         worker->waitForReadyRead(waitMs);
-        while (worker->canReadLine()) take(QString::fromUtf8(worker->readLine()).trimmed());
+        while (worker->canReadLine()) {
+            take(QString::fromUtf8(worker->readLine()).trimmed());
+            silence.start();
+        }
+        if (silence.hasExpired(longestSilence)) worker->kill();
         if (worker->state() != QProcess::NotRunning || worker->canReadLine()) return false;
         if (left.isEmpty()) return true;
         if (number < startedFrom) {
@@ -152,6 +157,7 @@ class Flows {
         if (quick) arguments.prepend(QStringLiteral("--quick"));
         worker->start(QCoreApplication::applicationFilePath(), arguments + left);
         worker->waitForStarted();
+        silence.start();
         startedFrom = from;
         number = from - 1;
     }
@@ -185,6 +191,7 @@ class Flows {
     QStringList left;  ///< The first is being played.
     const bool quick;
     std::unique_ptr<QProcess> worker;
+    QElapsedTimer silence;
     QString current = QStringLiteral("without a fault");
     int startedFrom = 0;  ///< The case that the first of these flows began with.
     int number = -1;      ///< The case that is being played.

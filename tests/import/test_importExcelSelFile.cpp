@@ -328,6 +328,9 @@ TEST_F(ExcelSelection, reports_exceptions_of_its_construction_and_stays_usable) 
             EXPECT_EQ(journalLines({"exception"}),
                       Lines{"exception " + std::string(call.reportedAs) + ": " + thrown.reported});
             throwNoMore();
+            // By it the importing plug-in is found.
+            const bool isChosen = call.reportedAs == std::string("importExcelSelFile::loadJjms");
+            EXPECT_EQ(dialog.GetAppGc(), isChosen ? QStringLiteral("Kvys") : QString());
             answerWith(installation.folder());
             ASSERT_TRUE(QMetaObject::invokeMethod(&dialog, "slotClickedSelExcelDir"));
             EXPECT_EQ(dialog.GetImportType(), 1);

@@ -3,8 +3,6 @@
 #include <QRegularExpression>
 #include <QVector>
 
-#include "dialog/NewProCfgDialog.h"
-#include "dialog/xzGcLxDialog.h"
 #include "tests/faults/Symbols.h"
 #include "tests/faults/interposer/places.h"
 #include "workbench/journal/Journal.h"
@@ -35,18 +33,6 @@ const QVector<QByteArray>& namesByOperation() {
     return names;
 }
 
-QByteArray constructorOf(const QMetaObject& meta) {
-    const QByteArray name = meta.className();
-    return name + "::" + name;
-}
-
-/// @return whether a call makes the base of the window's class from the window's own constructor.
-bool makesBaseOf(const QMetaObject& window, const QByteArray& name, const void* site) {
-    return name == constructorOf(*window.superClass()) &&
-           faults::enclosing(faults::functionAt(faults::offsetOf(site))) ==
-               QString::fromLatin1(constructorOf(window));
-}
-
 /// What Qt calls on the module's widgets is left to the fault matrix.
 void reached(int operation, const void* site, const void* const*) {
     const QByteArray& name = namesByOperation().at(operation);
@@ -55,8 +41,8 @@ void reached(int operation, const void* site, const void* const*) {
         workbench::Journal::instance().throwIfAsked(name.constData(), {});
     } catch (...) {
         ++thrown;
-        goesBack = makesBaseOf(NewProCfgDialog::staticMetaObject, name, site) ||
-                   makesBaseOf(xzGcLxDialog::staticMetaObject, name, site);
+        const QString caller = faults::enclosing(faults::functionAt(faults::offsetOf(site)));
+        goesBack = faults::makesBaseOfWindow(QString::fromUtf8(name), caller);
         throw;
     }
 }
