@@ -16,8 +16,9 @@ using AddTemplateRow = std::function<QTreeWidgetItem*(const QString& text, QTree
 
 /// Makes a row for every template file and every folder below `folder`, depth first; within a
 /// folder the files come before the folders, each by name without regard to case. Hidden entries
-/// are left out. A link to a folder that it lies in gets its row and is not entered. A folder that
-/// does not exist or cannot be read makes no rows.
+/// are left out. A link to a folder that it lies in gets its row and is not entered; nor is any
+/// link below another one, after a thousand of them: links that fork have more ways than anybody
+/// has time. A folder that does not exist or cannot be read makes no rows.
 void scanTemplateFolder(const QString& folder, QTreeWidgetItem* parent,
                         const AddTemplateRow& addRow);
 
