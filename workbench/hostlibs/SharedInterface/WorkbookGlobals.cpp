@@ -172,7 +172,7 @@ QVector<Entry> directoryOf(Sectors& sectors) {
     Stream<Sectors> stream(sectors, sectors.directory());
     const QByteArray bytes = stream.read(0, mostDirectorySectors * sectors.size());
     for (int at = 0; at + entrySize <= bytes.size(); at += entrySize)
-        directory.append({bytes.mid(at, entrySize)});
+        directory.append(Entry{bytes.mid(at, entrySize)});
     return directory;
 }
 
