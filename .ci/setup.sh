@@ -2,10 +2,10 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034  # whoever sources this uses some of the lists
 build_packages=(g++ cmake ninja-build pkg-config qtbase5-dev libqt5svg5-dev libfreexl-dev
-                libzip-dev libicu-dev fonts-noto-cjk)
+                libzip-dev libicu-dev fonts-noto-cjk qttranslations5-l10n)
 test_packages=(clang libgtest-dev librapidcheck-dev libvalijson-dev binutils dpkg-dev file
                at-spi2-core dbus gir1.2-atspi-2.0 python3-gi python3-jsonschema xvfb)
-qt6_packages=(qt6-base-dev qt6-svg-dev)
+qt6_packages=(qt6-base-dev qt6-svg-dev qt6-translations-l10n)
 lint_packages=(clang-format clang-tidy cppcheck shellcheck pyflakes3)
 bench_packages=(libbenchmark-dev libxdamage-dev libxtst-dev)
 tools_packages=(gcovr python3)

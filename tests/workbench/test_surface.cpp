@@ -4,10 +4,12 @@
 #include <QComboBox>
 #include <QDockWidget>
 #include <QGuiApplication>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QRegularExpression>
 #include <QTreeView>
+#include <memory>
 
 #include "tests/workbench/MainWindowFixture.h"
 #include "workbench/app/AboutDialog.h"
@@ -107,6 +109,27 @@ TEST_F(SurfaceTest, TheButtonsOfTheDocksSpeakTheWindowsLanguage) {
     expectAll(false);
     part<QAction>("language.zh")->trigger();
     expectAll(true);
+}
+
+TEST_F(SurfaceTest, TheMenusOfTextFieldsSpeakTheWindowsLanguage) {
+    const auto isMenuChinese = [] {
+        QLineEdit field;
+        const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+        int chinese = 0, texts = 0;
+        for (const QAction* action : menu->actions()) {
+            if (action->isSeparator()) continue;
+            ++texts;
+            if (isChinese(action->text())) ++chinese;
+        }
+        EXPECT_GT(texts, 5);
+        EXPECT_TRUE(chinese == 0 || chinese == texts) << chinese;
+        return chinese > 0;
+    };
+    EXPECT_TRUE(isMenuChinese());
+    part<QAction>("language.en")->trigger();
+    EXPECT_FALSE(isMenuChinese());
+    part<QAction>("language.zh")->trigger();
+    EXPECT_TRUE(isMenuChinese());
 }
 
 TEST_F(SurfaceTest, TheDialogStaysChinese) {

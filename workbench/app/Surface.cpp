@@ -2,7 +2,10 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLocale>
+
+#include "workbench/base/qtNames.h"
 
 namespace workbench {
 
@@ -25,10 +28,13 @@ void Surface::setLanguage(Language language) {
     for (int i = places.size() - 1; i >= 0; --i)
         if (!places[i].object) places.remove(i);
     for (Place& place : places) show(place);
+    if (!qtTexts.isEmpty()) translateQt();
     Q_EMIT languageChanged();
 }
 
 void Surface::adopt(QWidget* root) {
+    if (qtTexts.isEmpty() && qtTexts.load(QStringLiteral("qtbase_zh_CN"), qtTranslations()))
+        translateQt();
     QObjectList objects = root->findChildren<QObject*>();
     objects.prepend(root);
     for (QObject* object : qAsConst(objects)) {
@@ -37,6 +43,13 @@ void Surface::adopt(QWidget* root) {
         const auto* box = qobject_cast<QComboBox*>(object);
         for (int i = 0; box && i < box->count(); ++i) take(object, {}, i);
     }
+}
+
+void Surface::translateQt() {
+    if (current == Language::Chinese)
+        QCoreApplication::installTranslator(&qtTexts);
+    else
+        QCoreApplication::removeTranslator(&qtTexts);
 }
 
 void Surface::take(QObject* object, const QByteArray& property, int entry) {

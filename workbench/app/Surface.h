@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <QTranslator>
 #include <QVariant>
 #include <QVector>
 
@@ -21,7 +22,8 @@ class Surface : public QObject {
     Language language() const { return current; }
     void setLanguage(Language language);
     /// From now on the fixed texts of a widget, and of all that is in it, follow the language. A
-    /// text that changes later by itself is left to whoever changes it.
+    /// text that changes later by itself is left to whoever changes it. So do Qt's own texts, such as
+    /// the menus of text fields, where its translations are installed.
     void adopt(QWidget* root);
 
   Q_SIGNALS:
@@ -37,7 +39,9 @@ class Surface : public QObject {
     };
     void take(QObject* object, const QByteArray& property, int entry = -1);
     void show(Place& place) const;
+    void translateQt();
 
+    QTranslator qtTexts;
     Language current = Language::Chinese;
     QVector<Place> places;
 };

@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QKeySequence>
+#include <QLibraryInfo>
 #include <QMetaType>
 #include <QMouseEvent>
 #include <QVariant>
@@ -34,6 +35,11 @@ inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPos();
 }
 
+/// @return the folder of Qt's own translations.
+inline QString qtTranslations() {
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+}
+
 /// Draws in the screen's own pixels. To be called before there is an application.
 inline void useHighDpiPixmaps() {
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
@@ -57,6 +63,10 @@ inline int firstKeyOf(const QKeySequence& sequence) {
 
 inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPosition().toPoint();
+}
+
+inline QString qtTranslations() {
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
 }
 
 inline void useHighDpiPixmaps() {}
