@@ -1,12 +1,15 @@
 /// Rows that show a card: their place and height, their items, and what waits for them.
 #include "core/cardRow.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "core/listItemPool.h"
 #include "core/polish.h"
+#include "core/rowButtons.h"
 #include "core/scale.h"
 #include "tests/support/TestSupport.h"
 
@@ -163,6 +166,21 @@ TEST(Polish, WhenShownWaitsForTheShowing) {
     widget.show();
     EXPECT_TRUE(isPolished(widget));
     EXPECT_TRUE(isPolished(*part));
+}
+
+TEST(RowButtons, AreThePartsOfASplitButtonAndNoneWithoutARow) {
+    QWidget row;
+    auto* plain = new QPushButton(&row);
+    auto* split = new QPushButton(&row);
+    auto* part = new QPushButton;
+    (new QHBoxLayout(split))->addWidget(part);
+    EXPECT_EQ(newpro::rowButtons(&row), (QVector<QAbstractButton*>{plain, part}));
+    EXPECT_TRUE(newpro::rowButtons(nullptr).isEmpty());
+    newpro::offerToTab(nullptr, true);
+    newpro::offerToTab(&row, true);
+    EXPECT_EQ(part->focusPolicy(), Qt::TabFocus);
+    newpro::offerToTab(&row, false);
+    EXPECT_EQ(part->focusPolicy(), Qt::NoFocus);
 }
 
 TEST(Scaled, SizesFollowTheScreen) {

@@ -87,6 +87,20 @@ TEST(ElidedLabelPaints, DotsWhereTextIsLeftOut) {
     }
 }
 
+TEST(ElidedLabelPaints, WhatStandsBeforeTheDotsOnTheLineOfTheWholeText) {
+    const QString text(8, u'国');
+    const QFontMetrics metrics(TBaseTool::GetDefFont(16, QFont::Normal));
+    const int shown = metrics.horizontalAdvance(text.left(4));
+    const int dots = metrics.horizontalAdvance(QChar(0x2026));
+    const QSize size(shown + dots + metrics.height() / 4, 2 * metrics.height());
+    const QImage cut = painted(text, Qt::ElideRight, size);
+    const QImage whole =
+        painted(text, Qt::ElideRight, {2 * metrics.horizontalAdvance(text), size.height()});
+    const QRect before(0, 0, shown - 1, size.height());
+    EXPECT_NE(cut, whole.copy(QRect(QPoint(), size)));
+    EXPECT_EQ(cut.copy(before), whole.copy(before));
+}
+
 TEST(ElidedLabelPaints, MarkupAsTheTextThatItIs) {
     const QString markup = QStringLiteral("<b>x</b>");
     ElidedLabel label(markup, Qt::ElideRight, nullptr);

@@ -73,6 +73,13 @@ TEST_F(Card, TextsAreShownAsTheyAreAndNotAsMarkup) {
     EXPECT_EQ(label("lblDescription")->text(), QStringLiteral("说明：<i>斜</i>"));
 }
 
+TEST_F(Card, TheDescriptionIsThereBeforeTheCardIsShown) {
+    TaxTemplateInfo info = model(name);
+    info.description = QStringLiteral("短");
+    ProModelItemForm unshown(info, nullptr);
+    EXPECT_EQ(child<zBaseLabel>(&unshown, "lblDescription")->text(), QStringLiteral("说明：短"));
+}
+
 TEST_F(Card, ALongDescriptionIsCutAtTheRightToTheCardsWidthLessFiftyPixels) {
     TaxTemplateInfo info = model(name);
     info.description = QString(300, QChar(0x5b57));
