@@ -11,6 +11,7 @@ namespace faults {
 
 namespace {
 
+#ifdef GUARDS_ON_STACK
 /// Who reports what goes wrong in a function that is no reporting operation itself.
 QString reporterOf(const QString& function) {
     static const QHash<QString, QString> others = {
@@ -48,6 +49,7 @@ QString reporterOn(const QStringList& stack) {
     }
     return {};
 }
+#endif
 
 QString textOf(Action action) {
     return action == Action::ThrowOther ? QStringLiteral("未知异常") : QLatin1String(thrownText);
