@@ -16,6 +16,14 @@ struct Paints : QObject {
     int count = 0;
 };
 
+TEST_F(Keyboard, ACardThatIsClickedIsCurrentAndNotSelected) {
+    open();
+    QTest::mouseClick(card("lswGeneralTax", 1), Qt::LeftButton, Qt::NoModifier, QPoint(4, 4));
+    key(Qt::Key_Down);
+    EXPECT_EQ(cards()->currentRow(), 2);
+    EXPECT_TRUE(cards()->selectedItems().isEmpty());
+}
+
 TEST_F(Keyboard, OpensOnTheFirstCard) {
     open();
     EXPECT_EQ(focused(), cards());

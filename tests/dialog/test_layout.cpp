@@ -1,5 +1,6 @@
 /// Places, margins, pictures and types of the window's parts.
 #include <QLayout>
+#include <QScrollArea>
 #include <QSpacerItem>
 
 #include "tests/dialog/DialogFixture.h"
@@ -72,6 +73,14 @@ TEST_P(Places, TheMainPageStacksRowDividerAndPages) {
     EXPECT_EQ(divider->minimumHeight(), px(1));
     EXPECT_EQ(divider->maximumHeight(), px(1));
     EXPECT_TRUE(column->itemAt(4)->widget()->isAncestorOf(taxStack()));
+}
+
+TEST_P(Places, TheListsStandInTheirPageWithoutFrameOrPaperOfTheirOwn) {
+    auto* area = find<QScrollArea>("taxPageArea");
+    EXPECT_EQ(area->frameWidth(), 0);
+    EXPECT_FALSE(area->viewport()->autoFillBackground());
+    EXPECT_FALSE(area->widget()->autoFillBackground());
+    EXPECT_EQ(list("lswGeneralTax")->frameWidth(), 0);
 }
 
 TEST_P(Places, TheTaxRowEndsWithAStretchAndTheTenderButton) {

@@ -1,5 +1,8 @@
 #include <malloc.h>
 
+#include <QSignalSpy>
+#include <QTimer>
+
 #include "tests/dialog/HostileUse.h"
 
 namespace {
@@ -206,6 +209,23 @@ TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
     pick(contractingLabel);
     pick(budgetLabel);
     EXPECT_EQ(countOf("exception"), 0);
+}
+
+TEST_F(Robustness, AsTheLastWindowItEndsNoApplication) {
+    const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
+    make();
+    // Only an application that runs tells of its last window.
+    QTimer::singleShot(0, dialog.get(), [&] {
+        dialog->show();
+        settle();
+        click(child<zBaseButton>(card("lswGeneralTax", 0), "btnNewProject"));
+        EXPECT_FALSE(dialog->isVisible());
+        dialog->show();
+        dialog->close();
+        QCoreApplication::exit();
+    });
+    QApplication::exec();
+    EXPECT_EQ(ended.count(), 0);
 }
 
 }  // namespace

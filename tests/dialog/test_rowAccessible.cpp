@@ -67,4 +67,30 @@ TEST_F(Told, ACardCanBeFocused) {
     EXPECT_FALSE(state.selectable || state.expandable);
 }
 
+TEST_F(Told, ACardIsFocusedByOneActionAndCreatesByTheOther) {
+    open();
+    QAccessibleActionInterface* actions = toldOf(card("lswGeneralTax", 2))->actionInterface();
+    actions->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(cards()->currentRow(), 2);
+    EXPECT_TRUE(cards()->hasFocus());
+    EXPECT_TRUE(dialog->isVisible());
+    actions->doAction(QStringLiteral("no such action"));
+    EXPECT_TRUE(dialog->isVisible());
+    actions->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(countOf("SignalCreatePro"), 1);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(Told, TheRowThatBecomesTheCurrentOneIsScrolledTo) {
+    for (int i = 0; i < 60; ++i)
+        host.addTemplate(QStringLiteral("kvys"), QStringLiteral("%1.MODX").arg(i));
+    openTree();
+    QTreeWidgetItem* last = tree()->topLevelItem(tree()->topLevelItemCount() - 1);
+    const int room = tree()->viewport()->height();
+    ASSERT_GT(tree()->visualItemRect(last).top(), room);
+    tree()->setCurrentItem(last);
+    EXPECT_GE(tree()->visualItemRect(last).top(), 0);
+    EXPECT_LE(tree()->visualItemRect(last).bottom(), room);
+}
+
 }  // namespace
