@@ -22,8 +22,8 @@ class Surface : public QObject {
     Language language() const { return current; }
     void setLanguage(Language language);
     /// From now on the fixed texts of a widget, and of all that is in it, follow the language. A
-    /// text that changes later by itself is left to whoever changes it. So do Qt's own texts, such as
-    /// the menus of text fields, where its translations are installed.
+    /// text that changes later by itself is left to whoever changes it. So do Qt's own texts, such
+    /// as the menus of text fields, where its translations are installed.
     void adopt(QWidget* root);
 
   Q_SIGNALS:
