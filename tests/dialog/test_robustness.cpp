@@ -1,9 +1,15 @@
-#include <malloc.h>
-
 #include <QSignalSpy>
 #include <QTimer>
 
 #include "tests/dialog/HostileUse.h"
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+// Behind what it needs.
+#include <psapi.h>
+#else
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -108,6 +114,17 @@ TEST_F(Robustness, EveryHostCallOfTheLoaderMayThrowAndAReloadSucceeds) {
     }
 }
 
+/// @return what the process has taken of the heap, bytes.
+size_t heapInUse() {
+#ifdef Q_OS_WIN
+    PROCESS_MEMORY_COUNTERS counters{};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.PagefileUsage;
+#else
+    return mallinfo2().uordblks;
+#endif
+}
+
 TEST_F(Robustness, AThousandKindSwitchesKeepTheHeapFlat) {
     host.addTemplate(QStringLiteral("kvzcb"), QStringLiteral("u.MODX"));
     open();
@@ -119,7 +136,7 @@ TEST_F(Robustness, AThousandKindSwitchesKeepTheHeapFlat) {
             settle();
             clearJournal();
         }
-        return mallinfo2().uordblks;
+        return heapInUse();
     };
     const size_t before = switchKinds(60);
 #if !defined(__SANITIZE_ADDRESS__)

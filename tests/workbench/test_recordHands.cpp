@@ -12,6 +12,7 @@
 #include "dialog/xzGcLxDialog.h"
 #include "import/importExcelSelFile.h"
 #include "tests/workbench/RecordFixture.h"
+#include "workbench/app/Surface.h"
 #include "workbench/record/Recorder.h"
 
 namespace testing_support {

@@ -1,8 +1,3 @@
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 #include <QDir>
 #include <QProcess>
 #include <QThread>
@@ -12,6 +7,13 @@
 #include "tests/workbench/TemporaryFolders.h"
 #include "tests/workbench/Writer.h"
 #include "workbench/scenario/TemporaryCopy.h"
+
+#ifdef Q_OS_UNIX
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#endif
 
 namespace testing_support {
 
@@ -139,6 +141,8 @@ TEST_F(TemporaryCopyTest, TheNextStartRemovesTheCopyOfAKilledPlayAndNotOfALiving
     EXPECT_TRUE(QFileInfo::exists(copy + QStringLiteral("/models.json"))) << "it is in use";
 }
 
+#ifdef Q_OS_UNIX
+
 /// Who clears up may hold a new copy's lock for a moment: its file exists before it is locked.
 TEST_F(TemporaryCopyTest, IsMadeThoughSomebodyWhoClearsUpIsQuicker) {
     const QTemporaryDir source;
@@ -166,5 +170,7 @@ TEST_F(TemporaryCopyTest, IsMadeThoughSomebodyWhoClearsUpIsQuicker) {
     other.join();
     EXPECT_EQ(errors, QStringList());
 }
+
+#endif
 
 }  // namespace testing_support

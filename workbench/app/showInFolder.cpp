@@ -1,12 +1,18 @@
 #include "workbench/app/showInFolder.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QUrl>
+
+#ifdef Q_OS_WIN
+#include <QDir>
+#include <QProcess>
+#else
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#endif
 
 namespace workbench {
 
@@ -16,13 +22,23 @@ void openFolder(const QString& folder, const std::function<void(const QString&)>
     if (!QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) failed(folder);
 }
 
-}  // namespace
+#ifdef Q_OS_WIN
 
-void showInFolder(const QString& path, const std::function<void(const QString&)>& failed) {
-    const QFileInfo info(path);
-    const QString folder = info.isDir() ? path : info.path();
+void select(const QString& path, const std::function<void(const QString&)>& failed) {
+    // The comma stands outside of the quotes that a path with blanks gets.
+    QProcess explorer;
+    explorer.setProgram(QStringLiteral("explorer"));
+    explorer.setNativeArguments(
+        QStringLiteral("/select,\"%1\"").arg(QDir::toNativeSeparators(path)));
+    if (!explorer.startDetached()) openFolder(QFileInfo(path).path(), failed);
+}
+
+#else
+
+void select(const QString& path, const std::function<void(const QString&)>& failed) {
+    const QString folder = QFileInfo(path).path();
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (info.isDir() || !bus.isConnected()) return openFolder(folder, failed);
+    if (!bus.isConnected()) return openFolder(folder, failed);
     QDBusMessage show = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"),
         QStringLiteral("/org/freedesktop/FileManager1"),
@@ -34,6 +50,17 @@ void showInFolder(const QString& path, const std::function<void(const QString&)>
         if (asked->isError()) openFolder(folder, failed);
         asked->deleteLater();
     });
+}
+
+#endif
+
+}  // namespace
+
+void showInFolder(const QString& path, const std::function<void(const QString&)>& failed) {
+    if (QFileInfo(path).isDir())
+        openFolder(path, failed);
+    else
+        select(path, failed);
 }
 
 }  // namespace workbench
