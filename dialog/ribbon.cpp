@@ -63,8 +63,9 @@ void NewProCfgDialog::setKJMRWZ(QString name, bool checked) {
 QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page) {
     return operateOr<QAction*>(d, nullptr, [&](Parts& parts) {
         QStackedWidget* pages = parts.pageStack.need();
-        QAction* action = parts.ribbon->addTab(tab);
+        // Ahead of the host, which may throw: a page beside the stack would lie over its pages.
         if (page && pages->indexOf(page) < 0) pages->addWidget(page);
+        QAction* action = parts.ribbon->addTab(tab);
         if (!action) return action;  // the page stays, and the host has no entry for it
         if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
         connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);

@@ -1,6 +1,7 @@
 #include "tests/faults/Case.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "tests/faults/Symbols.h"
 #include "tests/faults/interposer/places.h"
@@ -15,18 +16,20 @@ QString callerOf(const Place& place) {
     return place.site == 0 ? QStringLiteral("Qt") : enclosing(functionAt(place.site));
 }
 
-QVector<Place> firstAndLastOfEach(const QVector<Place>& places) {
+/// A call that comes no more often is tried each time: it makes a thing of a few, such as an entry.
+constexpr int few = 4;
+
+/// @return the first and the last of each call, and all of a call that comes a few times.
+QVector<Place> chosenOf(const QVector<Place>& places) {
+    const auto timesOf = [&](const Place& place) {
+        return std::count_if(places.begin(), places.end(),
+                             [&](const Place& other) { return other.sameCall(place); });
+    };
     QVector<Place> chosen;
-    for (const Place& place : places) {
-        const auto last = std::find_if(chosen.begin(), chosen.end(), [&](const Place& other) {
-            return other.nth > 1 && other.sameCall(place);
-        });
-        if (last != chosen.end()) {
-            *last = place;
-        } else {
-            chosen.append(place);
-        }
-    }
+    std::copy_if(places.begin(), places.end(), std::back_inserter(chosen), [&](const auto& place) {
+        const auto times = timesOf(place);
+        return place.nth == 1 || place.nth == times || times <= few;
+    });
     return chosen;
 }
 
@@ -124,7 +127,7 @@ bool isEvent(int operation) {
 
 QVector<Case> casesFor(const QVector<Place>& places, bool quick, int turn) {
     QVector<Case> cases;
-    for (const Place& place : quick ? firstAndLastOfEach(places) : places) {
+    for (const Place& place : quick ? chosenOf(places) : places) {
         if (quick) {
             cases.append({place, throwing[turn % 4]});
             if (const int count = place.possible.size())
