@@ -34,10 +34,11 @@ void PricingModelCatalogue::load(const QString& appType, const Create& create,
                                  const ModeFilled& modeFilled) {
     const int filling = pool.filling();
     ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
-    if (!helper) return;
     // A copy: the host may rebuild its list while the cards ask for their configuration.
-    const QList<ProjectSettingSpace::ProTaxTemplateInfo> entries =
-        helper->GetProTaxTemplateInfoList(appType, appType);
+    QList<ProjectSettingSpace::ProTaxTemplateInfo> entries;
+    if (helper) entries = helper->GetProTaxTemplateInfoList(appType, appType);
+    // The host may have let the user pick another kind: then the lists are full, also of templates.
+    if (pool.filling() != filling) throw Gone();
     for (const ProjectSettingSpace::ProTaxTemplateInfo& entry : entries) {
         if (entry.taxMode < 0 || entry.taxMode >= taxModeCount) continue;
         const Part<QListWidget> list = lists[size_t(entry.taxMode)];

@@ -228,6 +228,34 @@ TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
     EXPECT_EQ(countOf("exception"), 0);
 }
 
+/// The answer may be empty: no card is made then that would tell that its list is another's.
+TEST_F(Robustness, AKindThatIsPickedWhileTheHostIsAskedForModelsShowsEachTemplateOnce) {
+    host.clearModels();
+    open();
+    addKindOnMainPage(contractingLabel);
+    const struct {
+        const char* asked;
+        bool configured;
+    } rows[] = {{"ProjectSettingHelper::GetProTaxTemplateInfoList", true},
+                {"ProjectSettingHelper::GetProjectSettingHelper", false}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.asked);
+        workbench::Host::instance().switches().configurationPresent = row.configured;
+        bool picked = false;
+        const QMetaObject::Connection connection = QObject::connect(
+            &workbench::Journal::instance(), &workbench::Journal::recorded, [&](const auto& line) {
+                if (picked || line.value(QLatin1String("name")) != QLatin1String(row.asked)) return;
+                picked = true;
+                entry(contractingLabel)->trigger();
+                entry(budgetLabel)->trigger();
+            });
+        ASSERT_TRUE(call("GetModelCfgAndInitData"));
+        QObject::disconnect(connection);
+        EXPECT_TRUE(picked);
+        EXPECT_EQ(list("lswTemplateEng")->count(), 1);
+    }
+}
+
 TEST_F(Robustness, AsTheLastWindowItEndsNoApplication) {
     const QSignalSpy ended(qApp, &QGuiApplication::lastWindowClosed);
     make();
