@@ -24,10 +24,10 @@ QVector<const void*> callers();
 ///         function around it; without arguments.
 QString enclosing(QString function);
 
-/// @param operation, caller qualified names. @return whether the operation makes the base of a
-/// window
-///         that a host makes itself, and is called by that window's own constructor: no guard can
-///         stand around it, and an exception is the host's own and goes back to it.
+/// @param operation, caller qualified names.
+/// @return whether the operation makes the base of a window that a host makes itself, and is called
+///         by that window's own constructor: no guard can stand around it, and an exception is the
+///         host's own and goes back to it.
 bool makesBaseOfWindow(const QString& operation, const QString& caller);
 
 }  // namespace faults

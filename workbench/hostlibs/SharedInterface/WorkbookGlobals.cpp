@@ -165,8 +165,7 @@ struct Entry {
     }
 };
 
-/// @return the directory's entries; a damaged chain, which may lead back into itself, ends
-/// somewhere.
+/// @return the entries of the directory. A damaged chain may lead back into itself: it is cut.
 QVector<Entry> directoryOf(Sectors& sectors) {
     QVector<Entry> directory;
     Stream<Sectors> stream(sectors, sectors.directory());
@@ -190,10 +189,9 @@ bool tellsWhatItIs(quint16 record) {
     return record == Beginning || record == Password || record == CodePage || record == SheetEntry;
 }
 
-/// @param length of the stream. @return the records before the texts that tell what the workbook
-/// is,
-///         ended, and an empty sheet for each entry in the list of sheets; empty where a record or
-///         an entry leads outside.
+/// @param length of the stream, bytes.
+/// @return the records before the texts that tell what the workbook is, ended, and an empty sheet
+///         for each entry in the list of sheets; empty where a record or an entry leads outside.
 template <typename AnySectors>
 QByteArray recordsOf(Stream<AnySectors> stream, qint64 length) {
     QByteArray records;
