@@ -76,10 +76,19 @@ void NoticeBar::say() {
     buttons->addStretch();
 }
 
-void NoticeBar::adaptToLook() {
-    const QSize size(scaled(22), scaled(22));
+void NoticeBar::drawPicture() {
+    const QSize size(roomFor(22), roomFor(22));
     picture->setPixmap(pixmapOf(skinPicture(QStringLiteral(":/Image/Workbench/critical.svg")), size,
                                 devicePixelRatioF()));
+}
+
+void NoticeBar::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange) drawPicture();
+}
+
+void NoticeBar::adaptToLook() {
+    drawPicture();
     layout()->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
     layout()->setSpacing(scaled(12));
     say();

@@ -33,9 +33,13 @@ class NoticeBar : public QWidget {
     /// Takes the place of the notice before.
     void tell(const Notice& notice);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     void say();
     void adaptToLook();
+    void drawPicture();
 
     Notice notice;
     QLabel* picture;

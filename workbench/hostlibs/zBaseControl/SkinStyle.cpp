@@ -109,28 +109,30 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     if (metric == PM_DockWidgetSeparatorExtent) return qMax(1, scaled(1));
     if (metric == PM_DockWidgetTitleMargin) return scaled(8);
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
+    if (size <= 0) return size;
     switch (metric) {
-        case PM_ButtonIconSize:
-        case PM_ButtonMargin:
-        case PM_CheckBoxLabelSpacing:
+        case PM_ButtonIconSize:  // what stands beside a text
         case PM_ExclusiveIndicatorHeight:
         case PM_ExclusiveIndicatorWidth:
         case PM_HeaderMarkSize:
         case PM_IndicatorHeight:
         case PM_IndicatorWidth:
         case PM_LargeIconSize:
+        case PM_ListViewIconSize:
+        case PM_SmallIconSize:
+        case PM_ToolBarIconSize:
+        case PM_TreeViewIndentation:
+            return roomFor(size);
+        case PM_ButtonMargin:
+        case PM_CheckBoxLabelSpacing:
         case PM_LayoutBottomMargin:
         case PM_LayoutHorizontalSpacing:
         case PM_LayoutLeftMargin:
         case PM_LayoutRightMargin:
         case PM_LayoutTopMargin:
         case PM_LayoutVerticalSpacing:
-        case PM_ListViewIconSize:
-        case PM_SmallIconSize:
-        case PM_ToolBarIconSize:
         case PM_ToolTipLabelFrameWidth:
-        case PM_TreeViewIndentation:
-            return size > 0 ? scaled(size) : size;
+            return scaled(size);
         default:
             return size;
     }
@@ -161,7 +163,7 @@ QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
     const QRect found = QProxyStyle::subElementRect(element, option, widget);
     if (element != SE_HeaderArrow) return found;
     const QRect& rect = option->rect;
-    return {rect.right() - scaled(20), rect.top(), scaled(12), rect.height()};
+    return {rect.right() - roomFor(20), rect.top(), roomFor(12), rect.height()};
 }
 
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -170,7 +172,7 @@ QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComple
     if (control == CC_ComboBox && part == SC_ComboBoxEditField && combo) {
         // The line that is written in has two pixels of its own beside its text.
         const int before = scaled(combo->editable ? 6 : 8);
-        return option->rect.adjusted(before, scaled(2), -scaled(24), -scaled(2));
+        return option->rect.adjusted(before, scaled(2), -roomFor(24), -scaled(2));
     }
     return QProxyStyle::subControlRect(control, option, part, widget);
 }
@@ -243,7 +245,7 @@ QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                           : which == SP_LineEditClearButton ? "clear"
                                                             : nullptr;
     if (!drawing) return QProxyStyle::standardIcon(which, option, widget);
-    const int side = scaled(16);
+    const int side = roomFor(16);
     return QIcon(pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
                           {side, side}, widget ? widget->devicePixelRatioF() : 1));
 }

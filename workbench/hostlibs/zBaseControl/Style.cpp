@@ -123,6 +123,10 @@ QFont fitting(QFont font, int needed, int room) {
     return font;
 }
 
+int heightOfSigns(const QFont& font) {
+    return qCeil(QFontInfo(font).pixelSize() * 1.15);
+}
+
 bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text) {
     const QFontMetrics metrics = painter.fontMetrics();
     const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
@@ -141,9 +145,9 @@ void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up) {
     const QColor pen = colour(enabled ? Tint::Muted : Tint::Faint);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(pen, scaled(15) / 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const int wide = scaled(4);
-    const int high = scaled(up ? -2 : 2);
+    painter.setPen(QPen(pen, roomFor(15) / 10.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const int wide = roomFor(4);
+    const int high = up ? -roomFor(2) : roomFor(2);
     painter.drawPolyline(QPolygonF({QPointF(centre.x() - wide, centre.y() - high),
                                     QPointF(centre.x(), centre.y() + high),
                                     QPointF(centre.x() + wide, centre.y() - high)}));

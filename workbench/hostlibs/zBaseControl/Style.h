@@ -37,6 +37,9 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
 ///         the font of the application. Too small to read it does not get.
 /// @param needed what the text covers in this font, pixels.
 QFont fitting(QFont font, int needed, int room);
+/// @return what a line of signs covers at most, pixels: a font's own height has room for other
+///         scripts too.
+int heightOfSigns(const QFont& font);
 /// @param design in design pixels; the least height.
 /// @return how high something with a line of text in it has to be, pixels.
 int heightWithText(const QFontMetrics& font, double design);

@@ -30,7 +30,7 @@ void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
 
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
     drawField(painter, option.rect, colour(Tint::Field), option.state);
-    drawArrow(painter, {option.rect.right() - scaled(12), option.rect.center().y()},
+    drawArrow(painter, {option.rect.right() - roomFor(12), option.rect.center().y()},
               option.state & QStyle::State_Enabled);
 }
 

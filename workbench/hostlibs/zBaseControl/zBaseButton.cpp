@@ -133,13 +133,15 @@ struct Content {
 
 /// @param iconWidth 0 without a picture. @param edge what stays free beside the content, pixels.
 Content contentOf(const QPushButton& button, int iconWidth, int edge, Qt::Alignment alignment) {
-    const int gap = iconWidth > 0 && !button.text().isEmpty() ? scaled(6) : 0;
-    const int wanted = textWidth(button, false);
     const QRect inside = button.rect().adjusted(edge, 0, -edge, 0);
+    const QFont low =
+        workbench::fitting(button.font(), workbench::heightOfSigns(button.font()), inside.height());
+    const int wanted = button.text().isEmpty() ? 0 : widthOf(low, button.text());
+    const int gap = iconWidth > 0 && wanted > 0 ? scaled(6) : 0;
     const QSize size(qMin(iconWidth + gap + wanted, inside.width()), inside.height());
     const QRect all = QStyle::alignedRect(button.layoutDirection(), alignment, size, inside);
     const QRect text = all.adjusted(iconWidth + gap, 0, 0, 0);
-    return {all, text, workbench::fitting(button.font(), wanted, text.width())};
+    return {all, text, workbench::fitting(low, wanted, text.width())};
 }
 
 void drawUnderline(QPainter& painter, const QRect& rect, const QRect& content) {

@@ -97,7 +97,7 @@ void zBaseCombox::paintEvent(QPaintEvent*) {
     state.setFlag(QStyle::State_HasFocus, hasFocus());
     state.setFlag(QStyle::State_MouseOver, underMouse() || view()->isVisible());
     workbench::drawField(painter, rect(), normalBackColor(), state);
-    const int arrowRoom = scaled(24);
+    const int arrowRoom = workbench::roomFor(24);
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect field =

@@ -62,8 +62,9 @@ void zBaseComboxPopup::paintEvent(QPaintEvent*) {
     state.setFlag(QStyle::State_HasFocus, hasFocus());
     state.setFlag(QStyle::State_MouseOver, underMouse() || popup->frame->isVisible());
     workbench::drawField(painter, rect(), normalBackColor(), state);
-    workbench::drawArrow(painter, QPoint(width() - scaled(12), height() / 2), isEnabled());
-    const QRect place = rect().adjusted(scaled(8), 0, -scaled(24), 0);
+    workbench::drawArrow(painter, QPoint(width() - workbench::roomFor(12), height() / 2),
+                         isEnabled());
+    const QRect place = rect().adjusted(scaled(8), 0, -workbench::roomFor(24), 0);
     painter.setPen(colour(isEnabled() ? Tint::Text : Tint::Faint));
     workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, popup->text);
 }

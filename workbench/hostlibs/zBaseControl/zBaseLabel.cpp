@@ -10,12 +10,20 @@ using workbench::Tint;
 
 namespace {
 
+bool isPlainLine(const QLabel& label) {
+    return !label.text().isEmpty() && !label.wordWrap() && label.textFormat() != Qt::RichText;
+}
+
 /// @return whether a text of one line is longer than there is room.
 bool isCut(const QLabel& label) {
-    if (label.text().isEmpty() || label.wordWrap() || label.textFormat() == Qt::RichText)
-        return false;
-    const int needed = label.fontMetrics().horizontalAdvance(label.text());
-    return needed > label.contentsRect().width() + 1;
+    return isPlainLine(label) &&
+           label.fontMetrics().horizontalAdvance(label.text()) > label.contentsRect().width() + 1;
+}
+
+/// @return whether a text of one line would lose its head and foot.
+bool isTooLow(const QLabel& label) {
+    return isPlainLine(label) &&
+           workbench::heightOfSigns(label.font()) > label.contentsRect().height();
 }
 
 /// Draws a text of several lines in the largest font in which all of it can be seen.
@@ -24,10 +32,10 @@ void drawWrapped(QLabel& label) {
     const int flags = int(label.alignment()) | Qt::TextWordWrap;
     QFont font = label.font();
     int size = QFontInfo(font).pixelSize();
-    const int smallest = size / 2;
+    const int smallest = qMin(size / 2, scaled(12));
     do font.setPixelSize(size);
     while (QFontMetrics(font).boundingRect(room, flags, label.text()).height() > room.height() &&
-           --size > smallest);
+           --size >= smallest);
     QPainter painter(&label);
     painter.setFont(font);
     painter.drawText(room, flags, label.text());
@@ -83,10 +91,12 @@ void zBaseLabel::paintEvent(QPaintEvent* event) {
     }
     if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
     if (wordWrap() && heightForWidth(width()) > height()) return drawWrapped(*this);
-    if (!isCut(*this)) return QLabel::paintEvent(event);
+    if (!isCut(*this) && !isTooLow(*this)) return QLabel::paintEvent(event);
     QPainter painter(this);
-    painter.setFont(workbench::fitting(font(), fontMetrics().horizontalAdvance(text()),
-                                       contentsRect().width()));
+    const QSize room = contentsRect().size();
+    const QFont low = workbench::fitting(font(), workbench::heightOfSigns(font()), room.height());
+    painter.setFont(
+        workbench::fitting(low, QFontMetrics(low).horizontalAdvance(text()), room.width()));
     workbench::drawLine(painter, contentsRect(), alignment(), text());
 }
 
