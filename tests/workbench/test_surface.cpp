@@ -3,7 +3,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFile>
 #include <QGuiApplication>
+#include <QJsonDocument>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
@@ -130,6 +132,16 @@ TEST_F(SurfaceTest, TheMenusOfTextFieldsSpeakTheWindowsLanguage) {
     EXPECT_FALSE(isMenuChinese());
     part<QAction>("language.zh")->trigger();
     EXPECT_TRUE(isMenuChinese());
+}
+
+/// What stands in messages and in the journal is the same with a window and without.
+TEST_F(SurfaceTest, ReasonsOfFilesStayAsTheyAre) {
+    QJsonParseError wrong;
+    QJsonDocument::fromJson("x", &wrong);
+    EXPECT_EQ(wrong.errorString(), QStringLiteral("illegal value"));
+    QFile missing(QStringLiteral("/nowhere"));
+    EXPECT_FALSE(missing.open(QIODevice::ReadOnly));
+    EXPECT_EQ(missing.errorString(), QStringLiteral("No such file or directory"));
 }
 
 TEST_F(SurfaceTest, TheDialogStaysChinese) {

@@ -15,7 +15,17 @@ const char* const saidProperties[] = {
     "text",    "title",           "windowTitle", "accessibleName",
     "toolTip", "placeholderText", "statusTip",   "accessibleDescription"};
 
+const char* const reasonContexts[] = {"QFile", "QIODevice", "QJsonParseError", "QProcess",
+                                      "QSaveFile"};
+
 }  // namespace
+
+QString QtTexts::translate(const char* context, const char* text, const char* disambiguation,
+                           int number) const {
+    for (const char* reasons : reasonContexts)
+        if (qstrcmp(context, reasons) == 0) return {};
+    return QTranslator::translate(context, text, disambiguation, number);
+}
 
 Surface& Surface::instance() {
     static Surface surface;

@@ -12,6 +12,14 @@ namespace workbench {
 
 enum class Language { Chinese, English };
 
+/// Qt's own texts, but for the reasons of files: these stand in messages that are the same in a
+/// terminal, in a file and in any other language.
+class QtTexts : public QTranslator {
+  public:
+    QString translate(const char* context, const char* text, const char* disambiguation,
+                      int number) const override;
+};
+
 /// What the window says. Its texts are written in Chinese where they are used, and surfaceTexts.cpp
 /// has the English of each. The dialog, and what the host shows over it, stays Chinese.
 class Surface : public QObject {
@@ -41,7 +49,7 @@ class Surface : public QObject {
     void show(Place& place) const;
     void translateQt();
 
-    QTranslator qtTexts;
+    QtTexts qtTexts;
     Language current = Language::Chinese;
     QVector<Place> places;
 };
