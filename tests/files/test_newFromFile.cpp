@@ -1,3 +1,6 @@
+#include <QDir>
+
+#include "files/historyLists.h"
 #include "tests/files/NewFromFileStage.h"
 
 namespace {
@@ -172,6 +175,40 @@ TEST(NewFromFile, ThePathIsHandedOnAsItWasChosen) {
                                     .toArray();
         EXPECT_EQ(args.at(2).toObject().value(QLatin1String("pro_file")).toString(), file) << name;
     }
+}
+
+/// Elsewhere such a path is the name of a file in the current folder.
+TEST(NewFromFile, APathOfWindowsIsHandedOnAsItWasTypedOrListed) {
+    const QString before = QDir::currentPath();
+    for (const FileFlow flow : everyFlow) {
+        for (const QString& written :
+             {QStringLiteral("D:\\工程\\a.GCFX"), QStringLiteral("d:\\b.GCFX"),
+              QStringLiteral("\\\\server\\share\\c.GCFX")}) {
+            for (const bool listed : {false, true}) {
+                SCOPED_TRACE(written.toStdString());
+                Stage stage(flow);
+                ASSERT_TRUE(QDir::setCurrent(stage.host.folder()));
+#ifdef Q_OS_WIN
+                const QString file =
+                    QDir::toNativeSeparators(stage.host.path(written.section('\\', -1)));
+#else
+                const QString& file = written;
+#endif
+                files_testing::writeBudgetProject(file);
+                if (listed) {
+                    newpro::refillHistory({QStringLiteral("bd##") + file}, stage.dialog.pages,
+                                          {true, true, true, true});
+                    stage.page.fileCombo->setCurrentIndex(0);
+                } else {
+                    stage.type(file);
+                }
+                EXPECT_EQ(stage.page.fileCombo->currentText(), file);
+                stage.run();
+                EXPECT_EQ(stage.createdFrom(), file);
+            }
+        }
+    }
+    QDir::setCurrent(before);
 }
 
 }  // namespace

@@ -266,6 +266,25 @@ TEST(Installation, HistoryIsKeptOnDiskAndMovesWithItsFolder) {
     EXPECT_EQ(installation.values().history, (QStringList{foreign, mine}));
 }
 
+TEST(Installation, DrivesOfEitherCaseAreOneFileInTheHistory) {
+    TemporaryInstallation installation;
+    workbench::Installation& values = installation.values();
+    const QString typed = QStringLiteral("d:\\工程\\a.GCFX");
+    const QString own = QStringLiteral("bd##d:/工程/a.GCFX");
+    const QString share = QStringLiteral("\\\\server\\share\\b.GCFX");
+    const QString otherName = QStringLiteral("d:\\工程\\A.GCFX");
+    for (const QString& entry : {typed, own, share, otherName})
+        EXPECT_EQ(values.addToHistory(entry), QString());
+    EXPECT_EQ(values.history, (QStringList{otherName, share, own, typed}));
+    const QString ownLarge = QStringLiteral("bd##D:/工程/a.GCFX");
+    const QString typedLarge = QStringLiteral("D:\\工程\\a.GCFX");
+    EXPECT_EQ(values.addToHistory(ownLarge), QString());
+    EXPECT_EQ(values.addToHistory(typedLarge), QString());
+    EXPECT_EQ(values.history, (QStringList{typedLarge, ownLarge, otherName, share}));
+    ASSERT_EQ(Host::instance().loadInstallation(installation.folder()), QString());
+    EXPECT_EQ(installation.values().history, (QStringList{typedLarge, ownLarge, otherName, share}));
+}
+
 TEST(Installation, AUnitSeparatorInAKeyIsNoStepOfItsPath) {
     TemporaryInstallation installation;
     installation.write(QStringLiteral("models.json"),

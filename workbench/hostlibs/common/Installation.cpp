@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
+#include <algorithm>
 
 #include "workbench/base/FileLock.h"
 #include "workbench/base/JsonReader.h"
@@ -189,8 +191,23 @@ QString changed(const QString& path, Change&& change) {
     }
 }
 
+/// @return an entry with a large letter for its drive: to Windows "d:" and "D:" are one.
+QString withLargeDrive(QString entry) {
+    static const QRegularExpression small(QStringLiteral(R"((?:^|##)([a-z]):[/\\])"));
+    const int letter = small.match(entry).capturedStart(1);
+    if (letter >= 0) entry[letter] = entry[letter].toUpper();
+    return entry;
+}
+
+void takeOut(const QString& entry, QStringList& history) {
+    const auto isIt = [same = withLargeDrive(entry)](const QString& other) {
+        return withLargeDrive(other) == same;
+    };
+    history.erase(std::remove_if(history.begin(), history.end(), isIt), history.end());
+}
+
 QStringList withAtHead(const QStringList& head, QStringList history) {
-    for (const QString& entry : head) history.removeAll(entry);
+    for (const QString& entry : head) takeOut(entry, history);
     return head + history;
 }
 
@@ -230,7 +247,7 @@ QString Installation::projectFolder() const {
 }
 
 QString Installation::addToHistory(const QString& entry) {
-    unwritten.removeAll(entry);
+    takeOut(entry, unwritten);
     unwritten.prepend(entry);
     history = withAtHead(unwritten, history);
     const auto merge = [this](const QString& path) {
