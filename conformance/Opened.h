@@ -9,7 +9,7 @@
 #include <QPointer>
 
 #include "Check.h"
-#include "Windows.h"
+#include "HostWindows.h"
 
 namespace conformance {
 

@@ -13,7 +13,7 @@
 #include <QWidgetAction>
 
 #include "Check.h"
-#include "Windows.h"
+#include "HostWindows.h"
 
 namespace conformance {
 

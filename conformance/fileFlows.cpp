@@ -6,7 +6,7 @@
 
 #include "Check.h"
 #include "FilePage.h"
-#include "Windows.h"
+#include "HostWindows.h"
 
 namespace conformance {
 

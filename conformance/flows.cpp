@@ -8,8 +8,8 @@
 #include <optional>
 
 #include "Check.h"
+#include "HostWindows.h"
 #include "Opened.h"
-#include "Windows.h"
 
 namespace conformance {
 

@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 #include "tests/looks/Contrast.h"
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 

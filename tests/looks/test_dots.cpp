@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 
 #include "core/ElidedLabel.h"
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "zBaseControl.h"
 
 namespace {

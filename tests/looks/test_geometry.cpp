@@ -17,7 +17,7 @@
 #include <QtMath>
 #include <algorithm>
 
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "tests/support/Looks.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/hostlibs/common/Skin.h"

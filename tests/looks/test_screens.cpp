@@ -4,7 +4,7 @@
 #include <QPlainTextEdit>
 
 #include "dialog/NewProCfgDialog.h"
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "tests/support/Looks.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"

@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "tests/reader/Reader.h"
 #include "workbench/app/MainWindow.h"
 

@@ -1,4 +1,4 @@
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 
 #include <QApplication>
 #include <QHelpEvent>
