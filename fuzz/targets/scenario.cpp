@@ -1,5 +1,6 @@
 /// Any bytes as a scenario file. What passes is applied to the host and judged as a journal.
 #include <QJsonArray>
+#include <algorithm>
 
 #include "fuzz/support.h"
 #include "fuzz/targets.h"

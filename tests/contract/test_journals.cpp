@@ -1,5 +1,6 @@
 #include <QMap>
 #include <QRegularExpression>
+#include <iostream>
 #include <map>
 #include <optional>
 

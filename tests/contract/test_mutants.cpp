@@ -1,6 +1,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
+#include <iostream>
 #include <map>
 #include <vector>
 

@@ -1,5 +1,6 @@
 #include <QSignalSpy>
 #include <QTimer>
+#include <algorithm>
 
 #include "tests/dialog/HostileUse.h"
 

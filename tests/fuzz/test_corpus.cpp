@@ -1,5 +1,6 @@
 #include <QDir>
 #include <QFile>
+#include <cstdio>
 #include <ostream>
 
 #include "fuzz/support.h"

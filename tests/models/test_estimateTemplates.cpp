@@ -1,6 +1,7 @@
 #include "models/estimateTemplates.h"
 
 #include <QDir>
+#include <algorithm>
 
 #include "tests/support/TestSupport.h"
 #include "workbench/hostlibs/common/Skin.h"

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTreeWidget>
+#include <algorithm>
 
 #include "tests/looks/EveryWindow.h"
 #include "tests/reader/Reader.h"

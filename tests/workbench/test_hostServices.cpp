@@ -1,4 +1,5 @@
 #include <QFile>
+#include <stdexcept>
 
 #include "kvcore.h"
 #include "osgi.h"

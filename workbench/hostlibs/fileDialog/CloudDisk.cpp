@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QTimer>
+#include <algorithm>
 
 #include "fileDialog.h"
 #include "workbench/base/fileAdvice.h"
