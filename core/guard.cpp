@@ -1,6 +1,7 @@
 #include "core/guard.h"
 
 #include <QString>
+#include <cstring>
 #include <stdexcept>
 #include <string>
 
@@ -10,8 +11,14 @@ namespace newpro {
 
 namespace {
 
+/// Some compilers name a function with its class.
+const char* withoutClass(const char* function) {
+    const char* colon = std::strrchr(function, ':');
+    return colon ? colon + 1 : function;
+}
+
 void report(const std::exception& exception, const Origin& origin) {
-    const std::string function = std::string(origin.source) + "::" + origin.function;
+    const std::string function = std::string(origin.source) + "::" + withoutClass(origin.function);
     ProcExceptionNew(exception, origin.source, origin.line, function.c_str());
 }
 

@@ -73,6 +73,11 @@ TEST_F(Guard, NamesSourceFunctionAndTheLineOfItsUse) {
                                         QStringLiteral("boom")}));
 }
 
+TEST_F(Guard, NamesTheFunctionWithoutItsClass) {
+    newpro::guarded({"Card", "newpro::Card::slot"}, [] { throw "boom"; });
+    EXPECT_EQ(journalLines(), Lines{"exception Card::slot: boom"});
+}
+
 TEST_F(Guard, WithAResultNamesTheLineOfItsUse) {
     const int line = __LINE__ + 1;
     newpro::guardedOr("Card", false, []() -> bool { throw "boom"; });
