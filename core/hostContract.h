@@ -116,8 +116,9 @@ inline constexpr auto feeMode = latin1("mJfms");                   ///< A FeeMod
 /// counts is the mode that the card holds, not the one picked in its menu.
 enum FeeMode { FeePerUnit = 0, FeeOfWholeProject = 1 };
 
-/// The fee modes as they stand in the configuration that the host supplies.
-inline const QString wholeProjectFee = QStringLiteral("整体计费");
-inline const QString perUnitFee = QStringLiteral("单独计费");
+/// The fee modes as they stand in the configuration that the host supplies: "整体计费" and
+/// "单独计费". In this form whoever includes this header may compile it in any character set.
+inline const QString wholeProjectFee = QStringLiteral(u"\u6574\u4F53\u8BA1\u8D39");
+inline const QString perUnitFee = QStringLiteral(u"\u5355\u72EC\u8BA1\u8D39");
 
 }  // namespace newpro
