@@ -39,12 +39,20 @@ conformance::Files filesOf(const SampleHost& sample) {
              QStringLiteral("企业云盘/造价一部/住宅项目/锦绣花园一标段.GCFX")}};
 }
 
+/// Where libraries are no ELF files nothing can stand before the host's own function.
+#ifdef __ELF__
+const QString unheard;
+#else
+const QString unheard = QStringLiteral("reports of exceptions are taken");
+#endif
+
 TEST(Conformance, TheWorkbenchKeepsEveryPromise) {
     const SampleHost sample;
     const QVector<Row> rows = conformance::checkHost(filesOf(sample));
     EXPECT_GE(rows.size(), 70);
     for (const Row& row : rows)
-        EXPECT_EQ(row.verdict, Verdict::Holds) << qPrintable(conformance::lineOf(row));
+        EXPECT_EQ(row.verdict, row.promise == unheard ? Verdict::NotReached : Verdict::Holds)
+            << qPrintable(conformance::lineOf(row));
 }
 
 /// @return the operations that the guide says the check changes something by.
