@@ -100,8 +100,10 @@ int watch(int argc, char** argv) {
 }
 
 int look(int argc, char** argv) {
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);  // nobody could close them
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -47,7 +47,8 @@ class Look : public QObject {
     void run(QStringList arguments, int first) {
         next = first;
         arguments += {QStringLiteral("--told"), QStringLiteral("--from"), QString::number(first)};
-        process.start(QCoreApplication::applicationFilePath(), arguments);
+        process.start(QCoreApplication::applicationFilePath(), arguments,
+                      QIODevice::ReadWrite | QIODevice::Text);
         silence.start();
         QEventLoop loop;
         connect(&process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), &loop,
