@@ -1,0 +1,7 @@
+# Sourced by windows/setup and windows/test.
+# shellcheck shell=bash
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
+. .ci/setup.sh
+
+# Where all of it lies, outside of the tree: about 6 GB after the set-up.
+export NEWPRO_WINDOWS=${NEWPRO_WINDOWS:-${XDG_CACHE_HOME:-$HOME/.cache}/newProDialog-windows}
