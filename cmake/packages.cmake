@@ -1,4 +1,5 @@
-# cpack --config BUILD/CPackConfig.cmake: each component as .tar.gz and, on Debian, as .deb.
+# cpack --config BUILD/CPackConfig.cmake: each component as .tar.gz and, on Debian, as .deb; for Windows
+# all of them, with the libraries that they need, as one .zip.
 set(CPACK_PACKAGE_VENDOR newProDialog)
 set(CPACK_PACKAGE_CONTACT "newProDialog <root@localhost>" CACHE STRING
     "Who is named as the maker of the packages")
@@ -8,11 +9,16 @@ set(CPACK_VERBATIM_VARIABLES ON)
 
 set(CPACK_GENERATOR TGZ)
 set(CPACK_ARCHIVE_COMPONENT_INSTALL ON)
+if(WIN32)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_ARCHIVE_COMPONENT_INSTALL OFF)
+    include(cmake/windows/libraries.cmake)
+endif()
 
 find_program(DPKG_DEB dpkg-deb)
 find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
 mark_as_advanced(DPKG_DEB DPKG_SHLIBDEPS)
-if(DPKG_DEB)
+if(DPKG_DEB AND NOT WIN32)
     list(APPEND CPACK_GENERATOR DEB)
     set(CPACK_DEB_COMPONENT_INSTALL ON)
     set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)

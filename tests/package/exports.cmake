@@ -1,8 +1,14 @@
 # Exactly the four public classes leave the library. Weak instantiations of Qt's and the standard
 # library's templates are not the module's and do not count.
-execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY}
-    OUTPUT_VARIABLE symbols RESULT_VARIABLE result)
-if(NOT result EQUAL 0)
+if(WIN32)
+    # "[   0] +base[   1] 0000 _ZN15NewProCfgDialog..." in the table of names
+    execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} COMMAND sed -n "/Name Pointer. Table/,/^$/s/^.* \\(_Z\\)/0 T _Z/p"
+                    COMMAND c++filt OUTPUT_VARIABLE symbols RESULTS_VARIABLE results)
+else()
+    execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY}
+        OUTPUT_VARIABLE symbols RESULTS_VARIABLE results)
+endif()
+if(NOT results MATCHES "^0(;0)*$")
     message(FATAL_ERROR "cannot read ${LIBRARY}")
 endif()
 

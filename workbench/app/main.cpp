@@ -14,10 +14,22 @@
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/TemporaryCopy.h"
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 namespace {
 
 using workbench::Command;
 using workbench::CommandLine;
+
+/// A window needs no console; one that was opened for nothing else goes.
+void leaveOwnConsole() {
+#ifdef Q_OS_WIN
+    DWORD processes[2];
+    if (GetConsoleProcessList(processes, 2) == 1) FreeConsole();
+#endif
+}
 
 int wrong(const QString& error) {
     workbench::complain(error);
@@ -69,6 +81,7 @@ bool readArguments(int& argc, char** argv, CommandLine& line, QString& error) {
 }
 
 int showWindow(const CommandLine& line) {
+    leaveOwnConsole();
     QString error;
     const QString folder =
         line.installation.isEmpty() ? workbench::workingInstallation(error) : line.installation;

@@ -52,9 +52,12 @@ SkinManager::SkinManager() {
 
 QFont TBaseTool::GetDefFont(int size, int weight) {
     static const QStringList families = {
-        QStringLiteral("Noto Sans CJK SC"),    QStringLiteral("Source Han Sans SC"),
-        QStringLiteral("Microsoft YaHei"),     QStringLiteral("PingFang SC"),
-        QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("sans-serif")};
+#ifdef Q_OS_WIN  // its own one, though another may be installed
+        QStringLiteral("Microsoft YaHei UI"), QStringLiteral("Microsoft YaHei"),
+#endif
+        QStringLiteral("Noto Sans CJK SC"),   QStringLiteral("Source Han Sans SC"),
+        QStringLiteral("PingFang SC"),        QStringLiteral("WenQuanYi Micro Hei"),
+        QStringLiteral("sans-serif")};
     QFont font;
     font.setFamily(families.first());
     font.setFamilies(families);
