@@ -4,7 +4,6 @@
 #include <zip.h>
 #include <zlib.h>
 
-#include <QFile>
 #include <QRandomGenerator>
 #include <QtEndian>
 #include <memory>
@@ -156,8 +155,7 @@ QByteArray sheetEntry(const QString& name, int offset) {
 }  // namespace
 
 void writePackage(const QString& path, const QVector<Part>& parts) {
-    zip_t* package =
-        zip_open(QFile::encodeName(path).constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
+    zip_t* package = zip_open(path.toUtf8().constData(), ZIP_CREATE | ZIP_TRUNCATE, nullptr);
     ASSERT_TRUE(package);
     for (const Part& part : parts) {
         zip_source_t* source = zip_source_function(package, feed, new Packed(packed(part)));

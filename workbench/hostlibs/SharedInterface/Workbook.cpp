@@ -94,9 +94,17 @@ bool isWorkbookPart(const QByteArray& part) {
     return !xml.hasError();
 }
 
+/// @return the path as libzip takes it.
+QByteArray nameOf(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toUtf8();
+#else
+    return QFile::encodeName(path);
+#endif
+}
+
 bool isPackageWorkbook(const QString& path) {
-    const Package package(zip_open(QFile::encodeName(path).constData(), ZIP_RDONLY, nullptr),
-                          &zip_discard);
+    const Package package(zip_open(nameOf(path).constData(), ZIP_RDONLY, nullptr), &zip_discard);
     if (!package) return false;
     const QByteArray types = partOf(package.get(), QStringLiteral("[Content_Types].xml"));
     const QString main = mainPartOf(types);
