@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QStyle>
 
-#include "tests/looks/Windows.h"
+#include "tests/looks/EveryWindow.h"
 #include "zBaseControl.h"
 
 namespace {
