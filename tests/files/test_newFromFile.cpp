@@ -189,8 +189,8 @@ TEST(NewFromFile, APathOfWindowsIsHandedOnAsItWasTypedOrListed) {
                 Stage stage(flow);
                 ASSERT_TRUE(QDir::setCurrent(stage.host.folder()));
 #ifdef Q_OS_WIN
-                const QString file =
-                    QDir::toNativeSeparators(stage.host.path(written.section('\\', -1)));
+                const QString file = QDir::toNativeSeparators(
+                    stage.host.path(written.section(QLatin1Char('\\'), -1)));
 #else
                 const QString& file = written;
 #endif
