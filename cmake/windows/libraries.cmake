@@ -1,6 +1,6 @@
 # What the program needs beside itself, as Windows looks there first: Qt with its plug-ins, and whatever
 # else its libraries are linked with and Windows does not have.
-set(plugins ${Qt5_DIR}/../../../plugins)
+set(plugins ${Qt${NEWPRO_QT}_DIR}/../../../plugins)
 foreach(plugin platforms/qwindows platforms/qoffscreen imageformats/qsvg iconengines/qsvgicon)
     get_filename_component(folder ${plugin} DIRECTORY)
     install(FILES ${plugins}/${plugin}.dll DESTINATION ${CMAKE_INSTALL_BINDIR}/${folder} COMPONENT workbench)

@@ -23,6 +23,16 @@ using testing_support::countOf;
 using testing_support::flowLines;
 using testing_support::Lines;
 
+/// @return a path with a drive and backslashes, which can be written to.
+QString pathOfWindows(const testing_support::TemporaryInstallation& host, const QString& written) {
+#ifdef Q_OS_WIN
+    return QDir::toNativeSeparators(host.path(written.section(QLatin1Char('\\'), -1)));
+#else
+    EXPECT_TRUE(QDir::setCurrent(host.folder()));
+    return written;
+#endif
+}
+
 TEST(NewFromFile, EveryFlowCreatesFromAFileOnACloudDisk) {
     for (FileFlow flow : everyFlow) {
         SCOPED_TRACE(int(flow));
@@ -177,7 +187,7 @@ TEST(NewFromFile, ThePathIsHandedOnAsItWasChosen) {
     }
 }
 
-/// Elsewhere such a path is the name of a file in the current folder.
+/// Where paths are others, this one is the name of a file in the current folder.
 TEST(NewFromFile, APathOfWindowsIsHandedOnAsItWasTypedOrListed) {
     const QString before = QDir::currentPath();
     for (const FileFlow flow : everyFlow) {
@@ -187,13 +197,7 @@ TEST(NewFromFile, APathOfWindowsIsHandedOnAsItWasTypedOrListed) {
             for (const bool listed : {false, true}) {
                 SCOPED_TRACE(written.toStdString());
                 Stage stage(flow);
-                ASSERT_TRUE(QDir::setCurrent(stage.host.folder()));
-#ifdef Q_OS_WIN
-                const QString file = QDir::toNativeSeparators(
-                    stage.host.path(written.section(QLatin1Char('\\'), -1)));
-#else
-                const QString& file = written;
-#endif
+                const QString file = pathOfWindows(stage.host, written);
                 files_testing::writeBudgetProject(file);
                 if (listed) {
                     newpro::refillHistory({QStringLiteral("bd##") + file}, stage.dialog.pages,
@@ -205,10 +209,10 @@ TEST(NewFromFile, APathOfWindowsIsHandedOnAsItWasTypedOrListed) {
                 EXPECT_EQ(stage.page.fileCombo->currentText(), file);
                 stage.run();
                 EXPECT_EQ(stage.createdFrom(), file);
+                QDir::setCurrent(before);
             }
         }
     }
-    QDir::setCurrent(before);
 }
 
 }  // namespace

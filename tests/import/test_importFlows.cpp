@@ -1,6 +1,7 @@
 #include "import/importFlows.h"
 
 #include <QDialog>
+#include <QFileInfo>
 
 #include "fileDialog.h"
 #include "import/importExcelSelFile.h"
@@ -343,7 +344,7 @@ TEST_F(TenderImport, starts_in_the_folder_that_was_used_last) {
     run();
     answerWith(QString());
     const Lines second = run();
-    EXPECT_EQ(second.at(4), asked("/data"));
+    EXPECT_EQ(second.at(4), asked(QFileInfo(file).absolutePath().toStdString()));
     EXPECT_EQ(countOf("SharedInterface::GetAppPath"), 0);
 }
 

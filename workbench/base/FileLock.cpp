@@ -24,6 +24,11 @@ bool isNamed(const QFile&) {
     return true;
 }
 
+/// @return whether the file that could not be opened may be one that its holder removes just now.
+bool isLeaving() {
+    return GetLastError() == ERROR_ACCESS_DENIED || GetLastError() == ERROR_SHARING_VIOLATION;
+}
+
 bool grab(const QFile& file, bool& taken) {
     OVERLAPPED start{};
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()));
@@ -39,6 +44,10 @@ bool grab(const QFile& file, bool& taken) {
 bool isNamed(const QFile& file) {
     struct stat now {};
     return fstat(file.handle(), &now) == 0 && now.st_nlink > 0;
+}
+
+bool isLeaving() {
+    return false;
 }
 
 bool grab(const QFile& file, bool& taken) {
@@ -69,7 +78,7 @@ FileLock::~FileLock() {
 FileLock::Attempt FileLock::attempt() {
     if (!file.open(QIODevice::ReadWrite)) {
         problem = file.errorString();
-        return Attempt::Impossible;
+        return isLeaving() ? Attempt::Taken : Attempt::Impossible;
     }
     bool taken = false;
     const bool grabbed = grab(file, taken);

@@ -1,7 +1,9 @@
 #include "workbench/base/wholeFile.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
+#include <QThread>
 #include <filesystem>
 
 #include "workbench/base/FileLock.h"
@@ -77,6 +79,18 @@ void claim(const fs::path& part, const fs::path& name, std::error_code& failure)
         fs::rename(part, name, failure);
 }
 
+/// @return whether the name may be another's only because somebody reads the file: Windows has to
+/// be
+///         asked again then.
+bool isInUse(const std::error_code& failure) {
+#ifdef Q_OS_WIN
+    return failure == std::errc::permission_denied;
+#else
+    Q_UNUSED(failure)
+    return false;
+#endif
+}
+
 QString textOf(const std::error_code& failure) {
     return failure ? QString::fromLocal8Bit(failure.message().c_str()) : QString();
 }
@@ -111,8 +125,13 @@ QString makeFile(const QString& path, const QByteArray& content) {
 
 QString putInPlace(const QString& from, const QString& to) {
     std::error_code failure;
-    fs::rename(pathOf(from), pathOf(to), failure);
-    return textOf(failure);
+    QElapsedTimer waited;
+    waited.start();
+    for (;;) {
+        fs::rename(pathOf(from), pathOf(to), failure);
+        if (!isInUse(failure) || waited.elapsed() >= writerPatience) return textOf(failure);
+        QThread::msleep(1);
+    }
 }
 
 QString replaceFile(const QString& path, const QByteArray& content) {
