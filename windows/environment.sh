@@ -3,5 +3,5 @@
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit
 . .ci/setup.sh
 
-# Where all of it lies, outside of the tree: about 6 GB after the set-up.
+# Where all of it lies, outside of the tree.
 export NEWPRO_WINDOWS=${NEWPRO_WINDOWS:-${XDG_CACHE_HOME:-$HOME/.cache}/newProDialog-windows}

@@ -158,6 +158,11 @@ const std::vector<Page>& windowsOfTheWorkbench() {
     return pages;
 }
 
+QFont doubled(QFont font) {
+    font.setPixelSize(2 * font.pixelSize());
+    return font;
+}
+
 QString tipOf(QWidget* widget, const QPoint& place) {
     // A tip that is told to go stays for a while.
     const auto tips = [] {

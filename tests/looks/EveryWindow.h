@@ -24,6 +24,9 @@ const std::vector<Page>& allPages();
 /// @return the windows that the workbench adds, each as large as it opens by itself.
 const std::vector<Page>& windowsOfTheWorkbench();
 
+/// @return the font that somebody has who doubled it.
+QFont doubled(QFont font);
+
 /// @return the tip that a widget shows to a mouse that rests at a place in it; empty for none.
 QString tipOf(QWidget* widget, const QPoint& place);
 

@@ -241,9 +241,7 @@ TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
         SCOPED_TRACE(page.name);
         const std::unique_ptr<QWidget> window = page.open();
         const QFont before = QApplication::font();
-        QFont large = before;
-        large.setPixelSize(2 * before.pixelSize());
-        QApplication::setFont(large);
+        QApplication::setFont(looks_tests::doubled(before));
         testing_support::settle();
         keepPicture(window.get(), page.name, "-doubled");
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
@@ -259,11 +257,7 @@ class LargeFont : public Geometry {
     ~LargeFont() override { QApplication::setFont(before); }
 
     const QFont before = QApplication::font();
-    const QFont doubled = [this] {
-        QFont font = before;
-        font.setPixelSize(2 * before.pixelSize());
-        return font;
-    }();
+    const QFont doubled = looks_tests::doubled(before);
 };
 
 /// The same before the window is opened.

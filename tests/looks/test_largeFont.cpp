@@ -26,9 +26,7 @@ class LargerFont : public testing::Test {
     ~LargerFont() override { QApplication::setFont(before); }
 
     void enlarge() {
-        QFont font = before;
-        font.setPixelSize(2 * before.pixelSize());
-        QApplication::setFont(font);
+        QApplication::setFont(looks_tests::doubled(before));
         testing_support::settle();
     }
 

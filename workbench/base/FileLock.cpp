@@ -77,8 +77,9 @@ FileLock::~FileLock() {
 
 FileLock::Attempt FileLock::attempt() {
     if (!file.open(QIODevice::ReadWrite)) {
+        const bool leaving = isLeaving();  // before anything else asks the system
         problem = file.errorString();
-        return isLeaving() ? Attempt::Taken : Attempt::Impossible;
+        return leaving ? Attempt::Taken : Attempt::Impossible;
     }
     bool taken = false;
     const bool grabbed = grab(file, taken);

@@ -79,9 +79,7 @@ void claim(const fs::path& part, const fs::path& name, std::error_code& failure)
         fs::rename(part, name, failure);
 }
 
-/// @return whether the name may be another's only because somebody reads the file: Windows has to
-/// be
-///         asked again then.
+/// @return whether somebody may be reading what was to be replaced: Windows is asked again then.
 bool isInUse(const std::error_code& failure) {
 #ifdef Q_OS_WIN
     return failure == std::errc::permission_denied;
