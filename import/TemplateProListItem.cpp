@@ -10,6 +10,7 @@
 #include "SharedInterface.h"
 #include "core/ElidedLabel.h"
 #include "core/guard.h"
+#include "core/part.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
 #include "zCpf.h"
@@ -18,6 +19,7 @@ namespace {
 
 using newpro::ElidedLabel;
 using newpro::guarded;
+using newpro::Part;
 using newpro::scaled;
 
 const char templateCardSource[] = "TemplateProListItem";
@@ -57,13 +59,13 @@ QString plainToolTip(const QString& text) {
 struct TemplateProListItem::Form {
     QVBoxLayout* verticalLayout_3 = nullptr;
     QHBoxLayout* horizontalLayout_2 = nullptr;
-    ElidedLabel* lblTitle = nullptr;
-    zBaseButton* btnNewProject = nullptr;
+    Part<ElidedLabel> lblTitle;
+    Part<zBaseButton> btnNewProject;
     QVBoxLayout* verticalLayout_2 = nullptr;
-    ElidedLabel* lblDescription = nullptr;
-    ElidedLabel* lblPath = nullptr;
-    ElidedLabel* label_2 = nullptr;
-    ElidedLabel* label = nullptr;
+    Part<ElidedLabel> lblDescription;
+    Part<ElidedLabel> lblPath;
+    Part<ElidedLabel> label_2;
+    Part<ElidedLabel> label;
 
     void build(TemplateProListItem* card);
     void buildTitleRow(TemplateProListItem* card);
@@ -103,7 +105,7 @@ void TemplateProListItem::Form::buildTitleRow(TemplateProListItem* card) {
     lblTitle->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     btnNewProject = new zBaseButton(QStringLiteral("新建"), card);
     // Before anything else can fail: a card that cannot show its file still offers it.
-    QObject::connect(btnNewProject, &QPushButton::clicked, card,
+    QObject::connect(btnNewProject.need(), &QPushButton::clicked, card,
                      &TemplateProListItem::slotNewProject);
     btnNewProject->setObjectName(QStringLiteral("btnNewProject"));
     btnNewProject->setAutoDefault(false);
@@ -214,8 +216,8 @@ void TemplateProListItem::showFile() {
 
 void TemplateProListItem::slotNewProject() {
     const QPointer<QWidget> button(ui->btnNewProject);
-    guarded(templateCardSource, [this] {
-        ui->btnNewProject->setEnabled(false);
+    guarded(templateCardSource, [this, &button] {
+        if (button) button->setEnabled(false);
         Q_EMIT signalCreateProByTemaplte(m_strFile);
     });
     if (button) button->setEnabled(true);

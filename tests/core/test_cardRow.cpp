@@ -105,6 +105,14 @@ TEST_F(CardRows, HaveTheirStyleAndLeaveNoRequestInTheQueue) {
     EXPECT_TRUE(text->isVisible());
 }
 
+TEST_F(CardRows, AreOneStopOfTheKeyboardTheirButtonsArePassedBy) {
+    auto card = std::make_unique<QWidget>();
+    const auto* button = new QPushButton(card.get());
+    ASSERT_NE(button->focusPolicy(), Qt::NoFocus);
+    newpro::appendCard(&list, std::make_unique<QListWidgetItem>(), std::move(card));
+    EXPECT_EQ(button->focusPolicy(), Qt::NoFocus);
+}
+
 /// A card whose place in memory is taken by the next one.
 class PlacedCard : public QLabel {
   public:

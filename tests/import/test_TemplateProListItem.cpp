@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QSignalSpy>
+#include <memory>
 
 #include "import/TemplateProListItem.h"
 #include "tests/support/TestSupport.h"
@@ -276,6 +277,74 @@ TEST_F(TemplateCard, reports_every_kind_of_exception_once_and_still_offers_its_f
         const QSignalSpy created(&card, &TemplateProListItem::signalCreateProByTemaplte);
         click(newButton(&card));
         EXPECT_EQ(created.count(), 1);
+    }
+}
+
+/// Throws at the nth of these: a card gets its title, a layout gets another one in it. (Not where a
+/// widget gets a part: Qt does not take back its own constructors.)
+class FailingEvents : public QObject {
+  public:
+    explicit FailingEvents(int nth) : left(nth) { qApp->installEventFilter(this); }
+    bool threw() const { return left <= 0; }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto wanted =
+            watched->isWidgetType() ? QEvent::WindowTitleChange : QEvent::ChildAdded;
+        if (event->type() == wanted && --left == 0) throw QStringLiteral("event");
+        return false;
+    }
+
+  private:
+    int left;
+};
+
+/// Everything that a host may call, on a card that may have been built only in part.
+void useEverything(TemplateProListItem& card, const QString& file) {
+    const QSignalSpy created(&card, &TemplateProListItem::signalCreateProByTemaplte);
+    EXPECT_TRUE(QMetaObject::invokeMethod(&card, "InitWidgetDisplay"));
+    EXPECT_TRUE(QMetaObject::invokeMethod(&card, "slotNewProject"));
+    card.show();
+    settle();
+    doubleClick(&card);
+    ASSERT_EQ(created.count(), 2);
+    EXPECT_EQ(created.at(0).at(0).toString(), file);
+    const auto* button = card.findChild<zBaseButton*>();
+    EXPECT_TRUE(!button || button->isEnabled());
+    EXPECT_EQ(countOf("exception"), 1);
+}
+
+TEST_F(TemplateCard, offers_its_file_however_little_of_it_was_built) {
+    // Neither layouts nor parts; no parts; its title and its button alone.
+    const int labels[] = {0, 0, 1};
+    for (int nth = 1; nth <= 3; ++nth) {
+        SCOPED_TRACE(nth);
+        clearJournal();
+        auto failing = std::make_unique<FailingEvents>(nth);
+        TemplateProListItem card(file);
+        ASSERT_TRUE(failing->threw());
+        failing.reset();
+        EXPECT_EQ(card.findChildren<QLabel*>().size(), labels[nth - 1]);
+        useEverything(card, file);
+    }
+}
+
+TEST_F(TemplateCard, stays_usable_whichever_host_call_of_it_throws) {
+    SharedInterface::firstOpenClose = 1;
+    for (const char* call :
+         {"InterfaceAdaptation::getInstance", "InterfaceAdaptation::getResolutionRatioH",
+          "CpfMain::GetInstance", "CpfMain::GetAreaConfigValue"}) {
+        bool whole = false;
+        for (int nth = 1; !whole; ++nth) {
+            SCOPED_TRACE(std::string(call) + " #" + std::to_string(nth));
+            clearJournal();
+            throwNoMore();
+            throwAt(call, workbench::ThrowRule::As::StdException, nth);
+            TemplateProListItem card(file, QString(), QString(), nullptr);
+            whole = workbench::Host::instance().switches().throws.constFirst().seen < nth;
+            throwNoMore();
+            ASSERT_FALSE(whole && nth == 1) << "it is never called";
+            if (!whole) useEverything(card, file);
+            ASSERT_FALSE(HasFatalFailure());
+        }
     }
 }
 
