@@ -80,6 +80,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
 
     // Template tree (templateTree.cpp).
     void createTemplateTree();
+    void followSkin();
     void clearTemplateTree();
     void fillTemplateTree();
     void fitTemplateTree();
@@ -104,6 +105,7 @@ class NewProCfgDialogPrivate : public newpro::CreationDialog,
     newpro::Part<QListWidget> lswTemplateEng;
     bool showImportTender = true;
     newpro::Part<QTreeWidget> templateTree;
+    QMetaObject::Connection skin;  ///< Of the template tree, which a fault may put off.
     bool templateTreeHasFile = false;
     int hostMode = 0;
     AppPluginManager* plugins = nullptr;

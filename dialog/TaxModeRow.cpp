@@ -60,7 +60,7 @@ TaxModeRow::TaxModeRow(QWidget* parent) : zBasePanelH(parent), importTender(new 
 
 void TaxModeRow::check(int page) {
     for (int other : {GeneralPage, SimplePage, BusinessPage, TemplatePage}) {
-        button(other)->setChecked(other == page);
+        setChecked(other, other == page);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "dialog/TaxPageArea.h"
 
 #include <QScrollBar>
-#include <QStackedWidget>
 
 #include "core/guard.h"
 #include "core/scale.h"
@@ -38,7 +37,7 @@ TaxPageArea::TaxPageArea(QStackedWidget* pages, QWidget* parent)
     viewport()->setAutoFillBackground(false);
     setWidget(stack);
     stack->setAutoFillBackground(false);
-    connect(stack, &QStackedWidget::currentChanged, this, [this] {
+    connect(pages, &QStackedWidget::currentChanged, this, [this] {
         guarded({"TaxPageArea", "TaxPageArea"}, [this] {
             fitStack();
             verticalScrollBar()->setValue(0);

@@ -2,8 +2,9 @@
 #pragma once
 
 #include <QScrollArea>
+#include <QStackedWidget>
 
-class QStackedWidget;
+#include "core/part.h"
 
 namespace newpro {
 
@@ -20,7 +21,7 @@ class TaxPageArea : public QScrollArea {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    QStackedWidget* stack;
+    const Part<QStackedWidget> stack;
 };
 
 }  // namespace newpro

@@ -176,7 +176,7 @@ void NewProCfgDialog::InitWidgetDisplay() {
         parts.taxPageStack->setCurrentIndex(newpro::GeneralPage);
         parts.taxRow->check(newpro::GeneralPage);
         for (int page = 0; page < newpro::taxPageCount; ++page) {
-            connect(parts.taxRow->button(page), &QAbstractButton::clicked, this,
+            connect(parts.taxRow->button(page).need(), &QAbstractButton::clicked, this,
                     [this, page] { slotCalculationTaxClicked(page); });
         }
     });

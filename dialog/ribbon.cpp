@@ -132,7 +132,7 @@ void NewProCfgDialogPrivate::dispatch(QAction* action) {
 void NewProCfgDialogPrivate::leavePage(int page) {
     if (!taxRow->isChecked(page) && taxPageStack->currentIndex() != page) return;
     taxRow->check(newpro::GeneralPage);
-    taxRow->button(page)->setChecked(false);
+    taxRow->setChecked(page, false);
     taxPageStack->slideInIdx(newpro::GeneralPage);
 }
 

@@ -96,7 +96,8 @@ QWidget* NewProCfgDialog::addMoBanWidget() {
     const std::shared_ptr<Parts> held = d;
     operate(held, [](Parts& parts) {
         if (!parts.templateTree) parts.createTemplateTree();
-        parts.fillTemplateTree();
+        // A host that fails to name its skins costs no template.
+        newpro::withEnd([&] { parts.followSkin(); }, [&] { parts.fillTemplateTree(); });
     });
     // Also after an exception: the pages behind the tree keep their numbers.
     return held->templateTree;
@@ -125,13 +126,17 @@ void NewProCfgDialogPrivate::createTemplateTree() {
             });
         },
         Qt::DirectConnection);
+}
+
+void NewProCfgDialogPrivate::followSkin() {
+    if (skin) return;
     const auto dress = [this] {
         guarded({dialogSource, "addMoBanWidget"},
                 [this] { templateTree->setStyleSheet(q->setTreeStyleSheet() + darkRowStyle()); });
     };
     dress();
-    QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged, templateTree.need(),
-                     dress);
+    skin = QObject::connect(SkinManager::instance(), &SkinManager::signalSkinChanged,
+                            templateTree.need(), dress);
 }
 
 void NewProCfgDialogPrivate::fitTemplateTree() {

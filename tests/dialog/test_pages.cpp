@@ -270,6 +270,27 @@ TEST_F(Pages, TheTreeFollowsTheSkinWhileTheDialogIsOpen) {
     workbench::Host::instance().setSkin(QStringLiteral("dark"));
 }
 
+TEST_F(Pages, TheTreeIsFilledAndFollowsTheSkinLaterWhereTheHostFailsToNameItsSkinsAtFirst) {
+    host.addTemplate(QStringLiteral("kvys"), QStringLiteral("t.MODX"));
+    for (const char* skin : {"dark", "contrast"}) {
+        throwAt("SkinManager::instance", workbench::ThrowRule::As::StdException);
+        make();
+        throwNoMore();
+        EXPECT_EQ(reports(), Lines{"NewProCfgDialog NewProCfgDialog::addMoBanWidget: boom"});
+        EXPECT_EQ(tree()->topLevelItemCount(), 1);
+        dialog->show();
+        settle();
+        const QString before = tree()->styleSheet();
+        addKindOnMainPage(contractingLabel);
+        pick(contractingLabel);
+        pick(budgetLabel);
+        workbench::Host::instance().setSkin(QLatin1String(skin));
+        settle();
+        EXPECT_NE(tree()->styleSheet(), before) << skin;
+        EXPECT_EQ(tree()->topLevelItemCount(), 1);
+    }
+}
+
 /// Collects which of some pages get their style.
 class StyledPages : public QObject {
   public:

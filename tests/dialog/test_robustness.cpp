@@ -227,9 +227,43 @@ TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
     pick(contractingLabel);
     pick(budgetLabel);
     EXPECT_EQ(countOf("exception"), 0);
+    const QString light = tree()->styleSheet();
+    workbench::Host::instance().setSkin(QStringLiteral("dark"));
+    EXPECT_NE(tree()->styleSheet(), light) << "the new one follows the skin as well";
 }
 
 /// The answer may be empty: no card is made then that would tell that its list is another's.
+TEST_F(Robustness, TheTaxPagesMayGoBeforeTheDialog) {
+    open();
+    delete taxStack();
+    useEverything();
+}
+
+TEST_F(Robustness, ButtonsOfTheTaxModesMayGoBeforeTheDialog) {
+    for (const char* gone : taxButtons) {
+        SCOPED_TRACE(gone);
+        open();
+        addKindOnMainPage(contractingLabel);
+        delete button(gone);
+        clearJournal();
+        pick(contractingLabel);
+        EXPECT_EQ(countOf("ProjectSettingHelper::GetProTaxTemplateInfoList"), 1);
+        pick(budgetLabel);
+        EXPECT_EQ(countOf("ProjectSettingHelper::GetProTaxTemplateInfoList"), 2);
+        for (int page = 0; page < 5; ++page) {
+            QMetaObject::invokeMethod(dialog.get(), "slotCalculationTaxClicked", Q_ARG(int, page));
+            EXPECT_EQ(taxStack()->currentIndex(), page);
+            for (const char* other : taxButtons) {
+                const auto* left = dialog->findChild<zBaseButton*>(QLatin1String(other));
+                if (!left || other == taxButtons[4]) continue;
+                EXPECT_EQ(left->isChecked(), other == taxButtons[page]) << other;
+            }
+        }
+        useEverything();
+        host.switches().firstPage = workbench::FirstPage::Ready;
+    }
+}
+
 TEST_F(Robustness, AKindThatIsPickedWhileTheHostIsAskedForModelsShowsEachTemplateOnce) {
     host.clearModels();
     open();

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Geometry is not journalled, but it can fail like every other host operation.
+/// Geometry and skins are not journalled, but they can fail like every other host operation.
 void throwIfAsked(const char* name, const QJsonArray& args = {}) {
     if (workbench::Host::instance().switches().throws.isEmpty()) return;
     workbench::Journal::instance().throwIfAsked(name, args);
@@ -36,6 +36,7 @@ void InterfaceAdaptation::closeMaxDialogMode() {
 }
 
 SkinManager* SkinManager::instance() {
+    throwIfAsked("SkinManager::instance");
     static SkinManager manager;
     return &manager;
 }
