@@ -1,6 +1,7 @@
 /// A page that starts from an existing project file.
 #pragma once
 
+#include "core/part.h"
 #include "zBaseControl.h"
 
 namespace newpro {
@@ -23,6 +24,7 @@ class FileChooserPage : public zBaseWidget {
   public:
     FileChooserPage(const FileChooserConfig& config, QWidget* parent);
 
+    // Each null where the host has deleted it.
     zBaseWidget* pathPanel() const { return panel; }
     zBaseCombox* fileCombo() const { return combo; }
     zBaseButton* browseButton() const { return browse; }
@@ -39,10 +41,10 @@ class FileChooserPage : public zBaseWidget {
     void placeInColumn(QLayout* captionRow, QLayout* buttonRow, int gap);
     void placeInGrid(QLayout* captionRow, QLayout* buttonRow, int gap);
 
-    zBaseWidget* panel;
-    zBaseCombox* combo;
-    zBaseButton* browse;
-    zBaseButton* create;
+    const Part<zBaseWidget> panel;
+    const Part<zBaseCombox> combo;
+    const Part<zBaseButton> browse;
+    const Part<zBaseButton> create;
 };
 
 }  // namespace newpro

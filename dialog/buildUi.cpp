@@ -184,17 +184,16 @@ void NewProCfgDialog::InitWidgetDisplay() {
 
 void NewProCfgDialog::initConnect() {
     operate(d, [this](Parts& parts) {
+        const auto listen = [this](const QAbstractButton* to, void (NewProCfgDialog::*slot)()) {
+            if (to) connect(to, &QAbstractButton::clicked, this, slot, Qt::UniqueConnection);
+        };
         if (newpro::FileChooserPage* page = parts.auditPage) {
-            connect(page->newButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::xjshButtonSlot, Qt::UniqueConnection);
-            connect(page->browseButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::slotScanXjsh, Qt::UniqueConnection);
+            listen(page->newButton(), &NewProCfgDialog::xjshButtonSlot);
+            listen(page->browseButton(), &NewProCfgDialog::slotScanXjsh);
         }
         if (newpro::FileChooserPage* page = parts.contractingPage) {
-            connect(page->newButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::xjZcbButtonSlot, Qt::UniqueConnection);
-            connect(page->browseButton(), &QAbstractButton::clicked, this,
-                    &NewProCfgDialog::slotScanXjZcb, Qt::UniqueConnection);
+            listen(page->newButton(), &NewProCfgDialog::xjZcbButtonSlot);
+            listen(page->browseButton(), &NewProCfgDialog::slotScanXjZcb);
         }
     });
 }

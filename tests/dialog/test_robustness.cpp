@@ -239,6 +239,21 @@ TEST_F(Robustness, TheTaxPagesMayGoBeforeTheDialog) {
     useEverything();
 }
 
+TEST_F(Robustness, PartsOfAFilePageMayGoBeforeTheDialog) {
+    for (const char* gone : {"fileCombo", "browseButton", "newButton"}) {
+        SCOPED_TRACE(gone);
+        open();
+        pick(auditLabel);
+        auto* page = find<QWidget>("auditPage");
+        child<QWidget>(page, "fileCombo")->setFocus();
+        delete child<QWidget>(page, gone);
+        QTest::keyClick(page, Qt::Key_Return);
+        EXPECT_TRUE(dialog->isVisible());
+        useEverything();
+        host.switches().firstPage = workbench::FirstPage::Ready;
+    }
+}
+
 TEST_F(Robustness, ButtonsOfTheTaxModesMayGoBeforeTheDialog) {
     for (const char* gone : taxButtons) {
         SCOPED_TRACE(gone);
