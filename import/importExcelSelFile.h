@@ -60,9 +60,9 @@ class NEWPRO_EXPORT importExcelSelFile : public zTitleModal {
     QPointer<zBaseCombox> m_pJjmsCombo;
     QPointer<zBaseComboxPopup> m_pGcmbPopup;  ///< The layout's, as is the tree.
     QPointer<QTreeWidget> m_pGcmbTree;
-    zBaseButton* m_pBtnSelFile = nullptr;
-    zBaseButton* m_pBtnSelDir = nullptr;
-    zBaseWidget* m_pYsTile = nullptr;
-    zBaseWidget* m_pZcbTile = nullptr;
+    QPointer<zBaseButton> m_pBtnSelFile;
+    QPointer<zBaseButton> m_pBtnSelDir;
+    QPointer<zBaseWidget> m_pYsTile;
+    QPointer<zBaseWidget> m_pZcbTile;
     bool m_bYsSelected = true;
 };

@@ -156,6 +156,52 @@ TEST_F(TypeChooser, has_a_fixed_size_and_shows_all_of_it_at_every_scale) {
     }
 }
 
+/// Everything that a host or a user may do with a chooser, whole or not.
+void useEverything(xzGcLxDialog& chooser) {
+    EXPECT_EQ(countOf("exception"), 1);
+    for (const char* function : {"CreateUI", "InitUI"})
+        EXPECT_TRUE(QMetaObject::invokeMethod(&chooser, function));
+    for (const auto& [name, result] : {std::pair("BtnYs", 4), std::pair("BtnZcb", 16)}) {
+        chooser.show();
+        settle();
+        EXPECT_FALSE(chooser.grab().isNull());
+        click(child<zBaseButton>(&chooser, name));
+        EXPECT_EQ(chooser.result(), result);
+    }
+    EXPECT_EQ(countOf("exception"), 1);
+}
+
+TEST_F(TypeChooser, stays_usable_whichever_question_for_a_size_throws) {
+    for (const char* call : scalingCalls) {
+        std::unique_ptr<xzGcLxDialog> made;
+        const auto make = [&] {
+            clearJournal();
+            made = std::make_unique<xzGcLxDialog>(nullptr);
+        };
+        EXPECT_GT(withEveryCallThrowing(call, make, [&] { useEverything(*made); }), 10);
+    }
+}
+
+/// Throws when the estimate's button is hidden.
+struct FailingHide : QObject {
+    FailingHide() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::HideToParent &&
+            watched->objectName() == QLatin1String("BtnGs"))
+            throw QStringLiteral("event");
+        return false;
+    }
+};
+
+TEST_F(TypeChooser, stays_usable_without_its_last_button) {
+    clearJournal();
+    auto failing = std::make_unique<FailingHide>();
+    xzGcLxDialog made(nullptr);
+    failing.reset();
+    EXPECT_FALSE(made.findChild<zBaseButton*>(QStringLiteral("BtnQx")));
+    useEverything(made);
+}
+
 TEST_F(TypeChooser, has_its_caption_over_a_divider_over_the_buttons) {
     const QLayout* outer = dialog.layout();
     const QLayout* heading = outer->itemAt(0)->layout();

@@ -338,6 +338,58 @@ TEST_F(ExcelSelection, reports_exceptions_of_its_construction_and_stays_usable) 
     }
 }
 
+/// Everything that a host or a user may do with a dialog, whole or not; at last a folder is chosen.
+void useEverything(importExcelSelFile& dialog, const QString& folder) {
+    dialog.show();
+    settle();
+    for (QWidget* tile : dialog.findChildren<zBaseWidget*>()) {
+        for (const QEvent::Type type : {QEvent::Enter, QEvent::Leave})
+            ExcelSelection::send(tile, type);
+        QTest::mouseClick(tile, Qt::LeftButton);
+    }
+    const QString types[] = {QStringLiteral("Kvzcb"), QStringLiteral("Kvys")};
+    for (const QString& type : types) {
+        for (const char* function : {"loadJjms", "loadGcmb", "updateModeSelection"})
+            EXPECT_TRUE(QMetaObject::invokeMethod(&dialog, function, Q_ARG(QString, type)));
+    }
+    dialog.grab();
+    auto* button = dialog.findChild<zBaseButton*>(QStringLiteral("btnSelDir"));
+    if (button && button->isVisible()) {
+        click(button);
+    } else {
+        EXPECT_TRUE(QMetaObject::invokeMethod(&dialog, "slotClickedSelExcelDir"));
+    }
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.GetPath(), folder);
+}
+
+TEST_F(ExcelSelection, stays_usable_whichever_question_for_a_size_throws) {
+    for (const char* call : scalingCalls) {
+        std::unique_ptr<importExcelSelFile> dialog;
+        const auto make = [&] {
+            clearJournal();
+            dialog = std::make_unique<importExcelSelFile>(nullptr);
+        };
+        const auto use = [&] {
+            EXPECT_EQ(countOf("exception"), 1);
+            answerWith(installation.folder());
+            useEverything(*dialog, installation.folder());
+            EXPECT_EQ(countOf("exception"), 1);
+        };
+        EXPECT_GT(withEveryCallThrowing(call, make, use), 40);
+    }
+}
+
+TEST_F(ExcelSelection, may_lose_any_of_its_parts) {
+    for (const char* gone : {"ysTile", "zcbTile", "m_pJjmsCombo", "btnSelFile", "btnSelDir"}) {
+        SCOPED_TRACE(gone);
+        importExcelSelFile dialog(nullptr);
+        delete child<QWidget>(&dialog, gone);
+        answerWith(installation.folder());
+        useEverything(dialog, installation.folder());
+    }
+}
+
 TEST_F(ExcelSelection, reports_exceptions_of_its_slots_and_succeeds_the_second_time) {
     const QString path = installation.write(QStringLiteral("a.xlsx"), smallestWorkbook());
     const struct {

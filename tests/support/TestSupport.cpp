@@ -142,6 +142,23 @@ void throwNoMore() {
     Host::instance().switches().throws.clear();
 }
 
+int withEveryCallThrowing(const char* call, const std::function<void()>& make,
+                          const std::function<void()>& use) {
+    const std::vector<Thrown>& kinds = thrownKinds();
+    for (int nth = 1;; ++nth) {
+        const Thrown& thrown = kinds[size_t(nth) % kinds.size()];
+        SCOPED_TRACE(std::string(call) + " #" + std::to_string(nth) + " throws " + thrown.name);
+        throwNoMore();
+        throwAt(call, thrown.as, nth);
+        make();
+        const bool threw = Host::instance().switches().throws.constFirst().seen >= nth;
+        throwNoMore();
+        if (!threw) return nth - 1;
+        use();
+        if (testing::Test::HasFatalFailure()) return nth;
+    }
+}
+
 const std::vector<Thrown>& thrownKinds() {
     static const std::vector<Thrown> kinds = {
         {As::Literal, "a character string", "boom"},

@@ -110,6 +110,14 @@ struct Thrown {
     const char* reported;
 };
 const std::vector<Thrown>& thrownKinds();
+/// What a window asks the host for hundreds of times, from everywhere.
+inline const char* const scalingCalls[] = {"InterfaceAdaptation::getResolutionRatioH",
+                                           "InterfaceAdaptation::getInstance"};
+/// Runs `make` once for each call of a host operation that it makes: that one throws, and the kinds
+/// of exceptions take turns. @param use runs after each, when nothing throws any more.
+/// @return how many calls there were.
+int withEveryCallThrowing(const char* call, const std::function<void()>& make,
+                          const std::function<void()>& use);
 
 /// Clicks with the left button in the middle of a visible, enabled widget; else fails the test.
 void click(QWidget* widget);
