@@ -34,13 +34,16 @@ std::optional<ExcelChoice> chooseExcelSource() {
                        selection->GetJjms(), selection->GetGcmb()};
 }
 
+QString tenderStartFolder() {
+    const QString folder = zFileDialog::getCurrentPath();
+    return folder.isEmpty() ? SharedInterface::GetAppPath() : folder;
+}
+
 /// Lets the user choose a tendering-data file. @param window may go while the host is asked.
 /// @return its path; empty when cancelled.
-QString chooseTenderFile(const QPointer<QWidget>& window) {
+QString chooseTenderFile(const QPointer<QWidget>& window, const QString& folder) {
     QStringList filter{QStringLiteral("云南省电子招投标数据标准"), QStringLiteral("YFJZ"),
                        QStringLiteral("YFJT")};
-    QString folder = zFileDialog::getCurrentPath();
-    if (folder.isEmpty()) folder = SharedInterface::GetAppPath();
     return zFileDialog::getOpenFileName(window, folder, &filter, CloudDisks, QString(), true,
                                         QString(), true, OpenFile);
 }
@@ -79,8 +82,10 @@ void importTender(CreationDialog& dialog) {
     const QPointer<QWidget> window(dialog.widget()->window());
     dialog.acceptDialog();
     if (!hostIsReady()) return;
+    const QString folder = tenderStartFolder();
     QString file;
-    withEnd([&] { file = chooseTenderFile(window); }, [&] { resetCloudState(file); });
+    // Whatever comes of the file dialog; before it opens, there is nothing to forget.
+    withEnd([&] { file = chooseTenderFile(window, folder); }, [&] { resetCloudState(file); });
     if (file.isEmpty()) return;
     SharedInterface::ReplaceFunLog(GNSJ_XJGC, importLogColumn, tenderImported);
     if (plugins) plugins->notify(QString(), BudgetProgram);

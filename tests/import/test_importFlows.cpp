@@ -339,6 +339,19 @@ TEST_F(TenderImport, resets_the_cloud_state_also_when_the_file_dialog_throws) {
     }
 }
 
+TEST_F(TenderImport, leaves_the_cloud_state_alone_when_no_file_dialog_opens) {
+    for (const char* call : {"zFileDialog::getCurrentPath", "SharedInterface::GetAppPath"}) {
+        SCOPED_TRACE(call);
+        zFileDialog::userId = QStringLiteral("u1");
+        throwAt(call, workbench::ThrowRule::As::StdException);
+        clearJournal();
+        EXPECT_THROW(newpro::importTender(dialog), std::exception);
+        throwNoMore();
+        EXPECT_EQ(zFileDialog::userId, QStringLiteral("u1"));
+        EXPECT_EQ(flowLines().back(), "call " + std::string(call) + "()");
+    }
+}
+
 TEST_F(TenderImport, starts_in_the_folder_that_was_used_last) {
     answerWith(file);
     run();
