@@ -9,7 +9,7 @@ namespace newpro {
 
 namespace {
 
-constexpr int mostLinksFollowed = 1000;
+constexpr int mostRepeats = 1000;
 
 bool isTemplateFile(const QString& name) {
     // The suffix deliberately counts in upper case only: the tree shows what the host itself wrote.
@@ -73,19 +73,21 @@ class Scan {
         return false;
     }
 
-    /// Folders that link to one another have far more paths than folders: below a link, one on a
-    /// loop is entered once a scan, and no more than so many links are followed in all.
+    /// Folders that link to one another have far more paths than folders: what was entered below a
+    /// link is not entered there again where it is on a loop, and else only so often in all.
     bool mayFollow(const QString& target) {
         if (linksWalked == 0) return true;
-        if (onLoops.contains(target) && enteredBelowLinks.contains(target)) return false;
-        enteredBelowLinks.insert(target);
-        return ++linksFollowed <= mostLinksFollowed;
+        if (!enteredBelowLinks.contains(target)) {
+            enteredBelowLinks.insert(target);
+            return true;
+        }
+        return !onLoops.contains(target) && ++repeats <= mostRepeats;
     }
 
     const AddTemplateRow& addRow;
-    QStringList walked;     ///< The folders from the first one down to the current one.
-    int linksWalked = 0;    ///< How many of them are links.
-    int linksFollowed = 0;  ///< Below links, in the whole scan.
+    QStringList walked;   ///< The folders from the first one down to the current one.
+    int linksWalked = 0;  ///< How many of them are links.
+    int repeats = 0;      ///< Folders entered again below links, in the whole scan.
     QSet<QString> enteredBelowLinks;
     QSet<QString> onLoops;  ///< Folders from which a way leads back to themselves.
 };
