@@ -141,6 +141,23 @@ TEST_F(TemporaryCopyTest, TheNextStartRemovesTheCopyOfAKilledPlayAndNotOfALiving
     EXPECT_TRUE(QFileInfo::exists(copy + QStringLiteral("/models.json"))) << "it is in use";
 }
 
+TEST_F(TemporaryCopyTest, TheNextStartRemovesWhatAKilledGalleryLeft) {
+    QProcess gallery;
+    gallery.start(QStringLiteral(PROGRAM), {QStringLiteral("gallery"), QStringLiteral("--pictures"),
+                                            folder.filePath(QStringLiteral("pictures"))});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return copies().size() == 2; }, patienceMs))
+        << "of the installation, and for the pictures";
+    gallery.kill();
+    gallery.waitForFinished(patienceMs);
+    const QStringList left = copies();
+    EXPECT_EQ(left.size(), 2);
+
+    Play living(folder.path(), QStringLiteral("living"));
+    ASSERT_TRUE(living.isInTheMiddle());
+    for (const QString& name : left)
+        EXPECT_FALSE(QFileInfo::exists(folder.filePath(name))) << name.toStdString();
+}
+
 #ifdef Q_OS_UNIX
 
 /// Who clears up may hold a new copy's lock for a moment: its file exists before it is locked.

@@ -3,13 +3,13 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPainter>
-#include <QTemporaryDir>
 
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/common/hostSwitches.h"
 #include "workbench/scenario/Player.h"
+#include "workbench/scenario/TemporaryCopy.h"
 #include "zBaseControl.h"
 
 namespace workbench {
@@ -31,7 +31,8 @@ struct GalleryColumn {
 /// is.
 QString pictured(const Scenario& scenario, const QString& skin, double scale, GalleryColumn& column,
                  QStringList& names) {
-    const QTemporaryDir folder;
+    const TemporaryFolder folder;
+    if (!folder.error().isEmpty()) return folder.error();
     PlayOptions options;
     options.installation = sampleInstallation();
     options.pictureFolder = folder.path();

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include "workbench/app/MainWindow.h"
@@ -129,15 +128,16 @@ Verdict verdictOf(QProcess& program, const QStringList& differs) {
 /// Plays the file in a process of its own, out of sight: nobody's mouse gets between.
 /// @param file where the recording stands.
 Verdict verify(const RecordOptions& options, const QString& file, const Recording& recording) {
-    const QTemporaryDir folder;
-    const QString journal = folder.filePath(QStringLiteral("journal"));
+    const QString unplayable = QStringLiteral("it could not be played");
+    const TemporaryFolder folder;
+    if (!folder.error().isEmpty()) return {unplayable, {folder.error()}};
+    const QString journal = folder.path() + QStringLiteral("/journal");
     QProcess program;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     program.setProcessEnvironment(environment);
     program.start(options.program, {QStringLiteral("play"), file, QStringLiteral("--installation"),
                                     options.installation, QStringLiteral("--journal"), journal});
-    const QString unplayable = QStringLiteral("it could not be played");
     if (!program.waitForFinished(-1))
         return {unplayable, {options.program + QStringLiteral(": ") + program.errorString()}};
     QVector<QJsonObject> played;

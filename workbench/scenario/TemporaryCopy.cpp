@@ -87,8 +87,7 @@ QString copyFolderWhole(const QString& source, const QString& target) {
 }
 
 // The lock comes first: its file is what tells a folder of ours from any other.
-TemporaryCopy::TemporaryCopy(const QString& source)
-    : place(freshPlace()), lock(place + lockSuffix) {
+TemporaryFolder::TemporaryFolder() : place(freshPlace()), lock(place + lockSuffix) {
     if (QDir::tempPath().isEmpty()) {
         problem = QStringLiteral("the system's temporary folder does not exist");
         return;
@@ -99,19 +98,19 @@ TemporaryCopy::TemporaryCopy(const QString& source)
         return;
     }
     made = QDir().mkdir(place) && QFile::setPermissions(place, onlyMine);
-    if (made)
-        problem = copyFolder(source, folder());
-    else
-        problem = QStringLiteral("%1: the folder cannot be made").arg(place);
+    if (!made) problem = QStringLiteral("%1: the folder cannot be made").arg(place);
 }
 
-TemporaryCopy::~TemporaryCopy() {
+TemporaryFolder::~TemporaryFolder() {
     if (made) QDir(place).removeRecursively();
 }
 
-QString TemporaryCopy::folder() const {
+QString TemporaryFolder::path() const {
     return QDir(place).canonicalPath();
 }
+
+TemporaryCopy::TemporaryCopy(const QString& source)
+    : problem(place.error().isEmpty() ? copyFolder(source, place.path()) : place.error()) {}
 
 void removeAbandonedCopies() {
     static const QRegularExpression ours(QStringLiteral("^newpro-workbench-[0-9a-f]{16}\\.lock$"));

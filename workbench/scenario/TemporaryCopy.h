@@ -1,4 +1,5 @@
-/// Copies of an installation, so that nothing that is done in them reaches the original.
+/// Copies of an installation, so that nothing that is done in them reaches the original, and other
+/// folders for a while.
 #pragma once
 
 #include <QString>
@@ -12,19 +13,19 @@ namespace workbench {
 /// @return empty, or why the copy could not be made.
 QString copyFolderWhole(const QString& source, const QString& target);
 
-/// A copy below the system's temporary folder, from here to the end of the scope. Beside it lies a
+/// A folder below the system's temporary one, from here to the end of the scope. Beside it lies a
 /// file that is locked for as long: a killed process leaves the two behind, and no lock.
-class TemporaryCopy {
+class TemporaryFolder {
   public:
-    explicit TemporaryCopy(const QString& source);
-    ~TemporaryCopy();
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    /// @return empty, or why the copy could not be made.
+    /// @return empty, or why the folder could not be made.
     QString error() const { return problem; }
-    /// @return the copy's folder, absolute and without trailing separator.
-    QString folder() const;
+    /// @return absolute and without trailing separator.
+    QString path() const;
 
   private:
     const QString place;
@@ -33,7 +34,22 @@ class TemporaryCopy {
     bool made = false;
 };
 
-/// Removes the temporary copies of processes that have been killed. A folder without such a file
+/// A copy in such a folder.
+class TemporaryCopy {
+  public:
+    explicit TemporaryCopy(const QString& source);
+
+    /// @return empty, or why the copy could not be made.
+    QString error() const { return problem; }
+    /// @return the copy's folder, absolute and without trailing separator.
+    QString folder() const { return place.path(); }
+
+  private:
+    const TemporaryFolder place;
+    const QString problem;
+};
+
+/// Removes the temporary folders of processes that have been killed. A folder without such a file
 /// beside it is not one of ours, and one whose file is locked is in use.
 void removeAbandonedCopies();
 
