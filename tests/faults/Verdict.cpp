@@ -19,6 +19,8 @@ QString reporterOf(const QString& function) {
          QStringLiteral("NewProCfgDialog::addOneRowItem")},
         {QStringLiteral("NewProCfgDialogPrivate::createTemplateTree"),
          QStringLiteral("NewProCfgDialog::addMoBanWidget")},
+        {QStringLiteral("NewProCfgDialogPrivate::followSkin"),
+         QStringLiteral("NewProCfgDialog::addMoBanWidget")},
         {QStringLiteral("newpro::fillTemplateList"),
          QStringLiteral("NewProCfgDialog::LoadTemplateProInfo")},
         {QStringLiteral("ProModelItemForm::splitButton"),
