@@ -96,7 +96,9 @@ QString watch(const RecordOptions& options, RecordingFile& file, Recording& into
 }
 
 QStringList linesOf(const QByteArray& utf8) {
-    return QString::fromUtf8(utf8).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return QString::fromUtf8(utf8)
+        .remove(QLatin1Char('\r'))
+        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 /// What a play of the recording has come to.

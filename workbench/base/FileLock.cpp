@@ -6,6 +6,8 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #include <windows.h>
+
+#include "workbench/base/fileSystem.h"
 #else
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -17,25 +19,35 @@ namespace workbench {
 
 namespace {
 
+enum class Attempt { Held, Taken, Denied, Impossible };
+
+const QLatin1String takenText("another program is at work here");
+
 #ifdef Q_OS_WIN
 
-// An open file cannot be removed: what is locked is what the name stands for.
-bool isNamed(const QFile&) {
-    return true;
+/// Nobody can open the file while its holder has it open, nor remove it.
+Attempt take(QFile& file, QString& problem) {
+    const HANDLE handle =
+        CreateFileW(systemPath(file.fileName()).c_str(), GENERIC_READ | GENERIC_WRITE | DELETE, 0,
+                    nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        const DWORD refusal = GetLastError();
+        const bool taken = refusal == ERROR_SHARING_VIOLATION;
+        problem = taken ? QString(takenText) : qt_error_string(int(refusal));
+        if (taken) return Attempt::Taken;
+        return refusal == ERROR_ACCESS_DENIED ? Attempt::Denied : Attempt::Impossible;
+    }
+    const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), 0);
+    if (file.open(descriptor, QIODevice::ReadWrite, QFile::AutoCloseHandle)) return Attempt::Held;
+    problem = file.errorString();
+    return Attempt::Impossible;
 }
 
-/// @return whether the file that could not be opened may be one that its holder removes just now.
-bool isLeaving() {
-    return GetLastError() == ERROR_ACCESS_DENIED || GetLastError() == ERROR_SHARING_VIOLATION;
-}
-
-bool grab(const QFile& file, bool& taken) {
-    OVERLAPPED start{};
+/// It is gone as soon as it is closed.
+void removeOpen(QFile& file) {
+    FILE_DISPOSITION_INFO gone{TRUE};
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(file.handle()));
-    const DWORD how = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
-    if (LockFileEx(handle, how, 0, 1, 0, &start)) return true;
-    taken = GetLastError() == ERROR_LOCK_VIOLATION || GetLastError() == ERROR_IO_PENDING;
-    return false;
+    SetFileInformationByHandle(handle, FileDispositionInfo, &gone, sizeof gone);
 }
 
 #else
@@ -46,57 +58,48 @@ bool isNamed(const QFile& file) {
     return fstat(file.handle(), &now) == 0 && now.st_nlink > 0;
 }
 
-bool isLeaving() {
-    return false;
+Attempt take(QFile& file, QString& problem) {
+    if (!file.open(QIODevice::ReadWrite)) {
+        problem = file.errorString();
+        return Attempt::Impossible;
+    }
+    const bool locked = flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
+    if (locked && isNamed(file)) return Attempt::Held;
+    const bool taken = locked || errno == EWOULDBLOCK;
+    problem = taken ? QString(takenText) : qt_error_string();
+    file.close();
+    return taken ? Attempt::Taken : Attempt::Impossible;
 }
 
-bool grab(const QFile& file, bool& taken) {
-    if (flock(file.handle(), LOCK_EX | LOCK_NB) == 0) return true;
-    taken = errno == EWOULDBLOCK;
-    return false;
+void removeOpen(QFile& file) {
+    QFile::remove(file.fileName());
 }
 
 #endif
 
 constexpr int glanceMs = 1;
+// Windows also denies a file that its holder is just removing, which takes no time.
+constexpr int mostDenials = 100;
 
 }  // namespace
 
 FileLock::~FileLock() {
     if (!file.isOpen()) return;
-    // Removed while it is still locked, where that can be done: a file that the next one has opened
-    // must not be taken from under it.
-    const bool removed = QFile::remove(file.fileName());
+    // While it is still locked: a file that the next one has opened must not be taken from under
+    // it.
+    removeOpen(file);
     file.close();
-#ifdef Q_OS_WIN
-    if (!removed) QFile::remove(file.fileName());
-#else
-    Q_UNUSED(removed)
-#endif
-}
-
-FileLock::Attempt FileLock::attempt() {
-    if (!file.open(QIODevice::ReadWrite)) {
-        const bool leaving = isLeaving();  // before anything else asks the system
-        problem = file.errorString();
-        return leaving ? Attempt::Taken : Attempt::Impossible;
-    }
-    bool taken = false;
-    const bool grabbed = grab(file, taken);
-    if (grabbed && isNamed(file)) return Attempt::Held;
-    problem =
-        taken || grabbed ? QStringLiteral("another program is at work here") : qt_error_string();
-    file.close();
-    return taken || grabbed ? Attempt::Taken : Attempt::Impossible;
 }
 
 bool FileLock::lock(int patience) {
     QElapsedTimer waited;
     waited.start();
-    for (;;) {
-        const Attempt result = attempt();
-        if (result != Attempt::Taken) return result == Attempt::Held;
-        if (waited.elapsed() >= patience) return false;
+    for (int denials = 0;;) {
+        const Attempt result = take(file, problem);
+        if (result == Attempt::Held) return true;
+        denials = result == Attempt::Denied ? denials + 1 : 0;
+        const bool hopeless = result == Attempt::Impossible || denials > mostDenials;
+        if (hopeless || waited.elapsed() >= patience) return false;
         QThread::msleep(glanceMs);
     }
 }

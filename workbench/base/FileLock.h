@@ -8,7 +8,7 @@
 
 namespace workbench {
 
-/// Held by the system on an open file, so that a killed holder leaves no lock behind, and nobody
+/// Held by the system with an open file, so that a killed holder leaves no lock behind, and nobody
 /// has to judge by age or process number whether one is stale. The file itself goes with the lock;
 /// one that a killed holder left is used again.
 class WORKBENCH_API FileLock {
@@ -26,9 +26,6 @@ class WORKBENCH_API FileLock {
     QString error() const { return problem; }
 
   private:
-    enum class Attempt { Held, Taken, Impossible };
-    Attempt attempt();
-
     QFile file;
     QString problem;
 };

@@ -10,6 +10,8 @@
 #include <cmath>
 #include <limits>
 
+#include "workbench/base/fileSystem.h"
+
 namespace workbench {
 
 namespace {
@@ -125,7 +127,7 @@ int badlyEncoded(const QByteArray& text) {
 
 JsonFile::JsonFile(const QString& path) : path(path) {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!openPatiently(file, QIODevice::ReadOnly)) {
         fail(0, QStringLiteral("file"), QStringLiteral("cannot be read: ") + file.errorString());
     }
     bytes = file.readAll();

@@ -25,11 +25,6 @@ WORKBENCH_API bool writeAll(QFile& file, const QByteArray& content);
 /// @return empty, or the reason. A file that has the name already is left alone.
 WORKBENCH_API QString makeFile(const QString& path, const QByteArray& content);
 
-/// Gives a file of the same folder a name in one step: at every moment the name stands for a whole
-/// file, the one that had it before or this one.
-/// @return empty, or the reason; nothing has changed then.
-WORKBENCH_API QString putInPlace(const QString& from, const QString& to);
-
 /// Gives a file another content. Whoever opens it finds the old or the new one.
 /// The caller holds the lock of `lockOfFolder`, and has since it read what it changes.
 /// @return empty, or the reason; the old content then stays.

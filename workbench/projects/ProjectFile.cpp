@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include "workbench/base/fileSystem.h"
 #include "workbench/base/wholeFile.h"
 #include "workbench/projects/creationRequest.h"
 #include "workbench/projects/fileKind.h"
@@ -56,7 +57,7 @@ std::optional<ProjectFile> ProjectFile::read(const QString& path, QString* error
     QString wrong;
     QJsonObject content;
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly)) {
+    if (openPatiently(file, QIODevice::ReadOnly)) {
         content = contentOf(file, wrong);
         if (wrong.isEmpty()) wrong = damageOf(content);
     } else {

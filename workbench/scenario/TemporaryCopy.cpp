@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QRandomGenerator>
 #include <QRegularExpression>
-#include <filesystem>
 
+#include "workbench/base/fileSystem.h"
 #include "workbench/base/wholeFile.h"
 
 #ifdef Q_OS_UNIX
@@ -34,15 +34,11 @@ void copyTree(const fs::path& from, const fs::path& to) {
     }
 }
 
-fs::path pathOf(const QString& path) {
-    return fs::u8path(path.toStdString());
-}
-
 /// @return empty, or why the copy could not be made.
 QString copyFolder(const QString& source, const QString& target) {
     if (!QDir(source).exists()) return QStringLiteral("%1: no such folder").arg(source);
     try {
-        copyTree(pathOf(source), pathOf(target));
+        copyTree(systemPath(source), systemPath(target));
     } catch (const fs::filesystem_error& failure) {
         return QString::fromLocal8Bit(failure.what());
     }
@@ -80,15 +76,13 @@ QString copyFolderWhole(const QString& source, const QString& target) {
     QDir(part).removeRecursively();
     const QString problem = copyFolder(source, part);
     if (!problem.isEmpty()) return problem;
-    std::error_code failure;
-    fs::rename(pathOf(part), pathOf(target), failure);
-    if (!failure) return {};
-    return QStringLiteral("%1: %2").arg(target, QString::fromLocal8Bit(failure.message().c_str()));
+    const QString refusal = giveName(part, target);
+    return refusal.isEmpty() ? refusal : QStringLiteral("%1: %2").arg(target, refusal);
 }
 
 // The lock comes first: its file is what tells a folder of ours from any other.
 TemporaryFolder::TemporaryFolder() : place(freshPlace()), lock(place + lockSuffix) {
-    if (QDir::tempPath().isEmpty()) {
+    if (!QFileInfo(QDir::tempPath()).isDir()) {
         problem = QStringLiteral("the system's temporary folder does not exist");
         return;
     }

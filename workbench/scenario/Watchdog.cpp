@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "workbench/base/fileSystem.h"
+
 namespace workbench {
 
 Watchdog::Watchdog(std::chrono::milliseconds patience, const QString& folder)
-    : patience(patience),
-      folder(std::filesystem::u8path(folder.toStdString())),
-      thread([this] { watch(); }) {}
+    : patience(patience), folder(systemPath(folder)), thread([this] { watch(); }) {}
 
 Watchdog::~Watchdog() {
     {

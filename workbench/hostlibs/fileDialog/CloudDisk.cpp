@@ -11,6 +11,7 @@
 
 #include "fileDialog.h"
 #include "workbench/base/fileAdvice.h"
+#include "workbench/base/fileSystem.h"
 #include "workbench/base/wholeFile.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/projects/fileKind.h"
@@ -126,7 +127,7 @@ bool isCurrent(const QFileInfo& copy, const QFileInfo& original) {
 QString copyInParts(QFile& from, QFile& to, const Progress& progress) {
     constexpr qint64 largestPart = 1024 * 1024;
     constexpr qint64 fewestParts = 20;  // what is told looks like a movement
-    if (!from.open(QIODevice::ReadOnly)) return from.errorString();
+    if (!openPatiently(from, QIODevice::ReadOnly)) return from.errorString();
     if (!to.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return to.errorString();
     const qint64 total = from.size();
     const qint64 part = qBound(qint64(1), total / fewestParts, largestPart);
@@ -154,7 +155,7 @@ QString copied(const QString& from, const QString& to, const Progress& progress)
     QFile part(unfinished(to));
     QString reason = copyInParts(source, part, progress);
     part.close();
-    if (reason.isEmpty()) reason = putInPlace(part.fileName(), to);
+    if (reason.isEmpty()) reason = giveName(part.fileName(), to);
     if (!reason.isEmpty()) part.remove();
     return reason;
 }
