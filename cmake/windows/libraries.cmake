@@ -5,6 +5,9 @@ foreach(plugin platforms/qwindows platforms/qoffscreen imageformats/qsvg iconeng
     install(FILES ${Qt${NEWPRO_QT}_DIR}/../../../plugins/${plugin}.dll
         DESTINATION ${CMAKE_INSTALL_BINDIR}/${folder} COMPONENT workbench)
 endforeach()
+# Qt looks for its texts in the folder above that of its libraries.
+install(FILES ${Qt${NEWPRO_QT}_DIR}/../../../translations/qtbase_zh_CN.qm
+    DESTINATION translations COMPONENT workbench)
 # Debian's compiler keeps the libraries of the language beside itself.
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++-6.dll
     OUTPUT_VARIABLE language OUTPUT_STRIP_TRAILING_WHITESPACE)
