@@ -172,6 +172,7 @@ TEST(BrowseThenCreate, AFileThatVanishesAfterTheChoiceIsToldAndCanBeChosenAgain)
     }
 }
 
+#ifdef Q_OS_UNIX
 TEST(BrowseThenCreate, ALinkWhoseFileIsGoneIsNotFound) {
     BrowseStage stage(FileFlow::Audit);
     const QString file = stage.host.write(QStringLiteral("a.GCFX"));
@@ -185,6 +186,7 @@ TEST(BrowseThenCreate, ALinkWhoseFileIsGoneIsNotFound) {
               (Lines{files_testing::service,
                      boxLine(QStringLiteral("找不到该文件，请检查文件路径是否正确"))}));
 }
+#endif
 
 TEST(BrowseThenCreate, LongAndStrangeNamesComeThroughUnchanged) {
     const QString suffix = QStringLiteral(".GCFX");
@@ -192,7 +194,7 @@ TEST(BrowseThenCreate, LongAndStrangeNamesComeThroughUnchanged) {
         QString(250, QLatin1Char('n')) + suffix,  // 255 bytes, the longest that a disk takes
         QStringLiteral("锦江区第三中学").repeated(11).left(83) + suffix,
         QStringLiteral("😀👷 e\u0301") + suffix,
-        QStringLiteral("单引'双\" `$(a)` %1 #b%20c&d") + suffix,
+        testing_support::allowedName(QStringLiteral("单引'双\" `$(a)` %1 #b%20c&d")) + suffix,
         QStringLiteral(" 两头有空 ") + suffix,
     };
     for (FileFlow flow : {FileFlow::Settlement, FileFlow::Audit, FileFlow::Contracting}) {

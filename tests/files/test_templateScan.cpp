@@ -88,6 +88,8 @@ TEST_F(TemplateScan, AMissingFolderAndAFileMakeNoRows) {
     EXPECT_EQ(scan(QStringLiteral("")), Lines{});
 }
 
+#ifdef Q_OS_UNIX
+
 TEST_F(TemplateScan, AnUnreadableFolderIsARowWithoutChildren) {
     make("x/d.MODX");
     const QString closed = folder.filePath(QStringLiteral("x"));
@@ -111,6 +113,8 @@ TEST_F(TemplateScan, AnUnreadableTopFolderMakesNoRows) {
     QFile::setPermissions(top, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
+#endif
+
 TEST_F(TemplateScan, AFolderWithoutARowIsNotEntered) {
     make("x/d.MODX");
     make("a.MODX");
@@ -125,14 +129,17 @@ TEST_F(TemplateScan, AFolderWithoutARowIsNotEntered) {
 }
 
 TEST_F(TemplateScan, NamesOfAnyCharactersComeThrough) {
-    const std::string names[] = {"单引'双\" .MODX", "😀.MODX", "a b  c.MODX",
-                                 std::string(250, 'n') + ".MODX"};
+    const std::string names[] = {
+        testing_support::allowedName(QStringLiteral("单引'双\" .MODX")).toStdString(), "😀.MODX",
+        "a b  c.MODX", std::string(250, 'n') + ".MODX"};
     for (const std::string& name : names) {
         make(name.c_str());
         EXPECT_EQ(scan(), Lines{"0 " + name + " = /" + name});
         ASSERT_TRUE(QFile::remove(folder.filePath(QString::fromStdString(name))));
     }
 }
+
+#ifdef Q_OS_UNIX
 
 TEST_F(TemplateScan, ALinkToAnotherFolderIsEntered) {
     make("there/d.MODX");
@@ -245,5 +252,7 @@ TEST_F(TemplateScan, ABrokenLinkIsNoFile) {
     link(folder.filePath(QStringLiteral("none.MODX")), "a.MODX");
     EXPECT_EQ(scan(), Lines{});
 }
+
+#endif
 
 }  // namespace

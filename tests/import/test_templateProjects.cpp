@@ -69,8 +69,10 @@ TEST_F(Templates, are_the_files_with_the_suffix_hidden_ones_included) {
     add(QStringLiteral("c.MODX.bak"), 5);
     add(QStringLiteral("dMODX"), 4);
     add(QStringLiteral("folder.MODX/inner.MODX"), 3);
+#ifdef Q_OS_UNIX
     ASSERT_TRUE(QFile::link(installation.path(QStringLiteral("MBSC/kvys/a.MODX")),
                             installation.path(QStringLiteral("MBSC/kvys/link.MODX"))));
+#endif
     fill();
     // A folder's name filter does not look at the case, unlike the template tree.
     EXPECT_EQ(titles(), QStringList({QStringLiteral("a"), QStringLiteral(".hidden"),

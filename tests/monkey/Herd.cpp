@@ -4,7 +4,11 @@
 #include <QRegularExpression>
 #include <QTimer>
 
+#include "tests/support/systemTexts.h"
+
 namespace monkey {
+
+using testing_support::outputText;
 
 namespace {
 
@@ -18,7 +22,7 @@ const qint64 patienceMs =
 QString lastWords(QProcess& process, const QString& end) {
     static const QRegularExpression headline(
         QStringLiteral("ERROR: .*|.*runtime error: .*|terminate called .*"));
-    const QString said = QString::fromUtf8(process.readAllStandardError());
+    const QString said = outputText(process.readAllStandardError());
     const QRegularExpressionMatch match = headline.match(said);
     if (match.hasMatch()) return match.captured();
     return end + QLatin1String(": ") + said.trimmed().section(QLatin1Char('\n'), -1);
@@ -71,7 +75,7 @@ QString faultOf(const QString& file, const Traps& traps) {
         return QStringLiteral("hang: no end");
     }
     const QString fault =
-        QString::fromUtf8(process.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
+        outputText(process.readAllStandardOutput()).section(QLatin1Char('\n'), 0, 0);
     if (!fault.isEmpty()) return fault;
     const bool well = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     return well ? QString() : told(process);
@@ -113,7 +117,7 @@ void Herd::listen(Child& child) {
     child.sinceWord.start();
     child.said += child.process.readAllStandardOutput();
     for (int end; (end = child.said.indexOf('\n')) >= 0; child.said.remove(0, end + 1))
-        hear(child, QString::fromUtf8(child.said.left(end)));
+        hear(child, outputText(child.said.left(end + 1)).chopped(1));
 }
 
 void Herd::hear(Child& child, const QString& line) {

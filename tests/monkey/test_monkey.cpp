@@ -18,7 +18,7 @@ Ran runProgram(const char* program, const QStringList& arguments) {
     process.start(QLatin1String(program), arguments);
     EXPECT_TRUE(process.waitForFinished(110000)) << process.errorString().toStdString();
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput())};
+    return {process.exitCode(), testing_support::outputText(process.readAllStandardOutput())};
 }
 
 class MonkeyTest : public testing::Test {

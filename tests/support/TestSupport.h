@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "SharedInterface.h"
+#include "tests/support/systemTexts.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/journal/Journal.h"
 

@@ -32,13 +32,9 @@ inline Ran runProgram(const QStringList& arguments,
     program.start(QStringLiteral(PROGRAM), arguments);
     EXPECT_TRUE(program.waitForFinished(100000)) << program.errorString().toStdString();
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    // By its size: else a NUL would end the text. Lines end as the system's do.
-    const auto text = [](const QByteArray& utf8) {
-        return QString::fromUtf8(utf8.constData(), utf8.size())
-            .replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    };
-    return {program.exitCode(), text(program.readAllStandardOutput()),
-            text(program.readAllStandardError())};
+    using testing_support::outputText;
+    return {program.exitCode(), outputText(program.readAllStandardOutput()),
+            outputText(program.readAllStandardError())};
 }
 
 }  // namespace workbench_test

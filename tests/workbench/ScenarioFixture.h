@@ -27,7 +27,8 @@ class ScenarioTest : public testing::Test {
         QString error;
         const bool read = workbench::readScenario(file, scenario, error);
         EXPECT_EQ(read, error.isEmpty());
-        return error.remove(folder.path() + QLatin1Char('/')).toStdString();
+        return error.remove(QDir::toNativeSeparators(folder.path() + QLatin1Char('/')))
+            .toStdString();
     }
 
     workbench::PlayResult play(const std::string& members) {

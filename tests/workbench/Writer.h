@@ -32,7 +32,7 @@ class Writer {
     /// @return whether the process ended by itself and said that all went well.
     bool finish() {
         EXPECT_TRUE(process.waitForFinished(patienceMs));
-        EXPECT_EQ(process.readAllStandardError().toStdString(), "");
+        EXPECT_EQ(outputText(process.readAllStandardError()).toStdString(), "");
         return process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     }
 
@@ -53,7 +53,7 @@ class Writer {
     /// @return what was told in whole lines.
     QStringList lines() {
         told += process.readAllStandardOutput();
-        return QString::fromUtf8(told.left(told.lastIndexOf('\n') + 1))
+        return outputText(told.left(told.lastIndexOf('\n') + 1))
             .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
 

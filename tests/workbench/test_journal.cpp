@@ -104,7 +104,7 @@ TEST(Journal, AFileThatCannotBeWrittenIsReported) {
     const QString path = installation.path(QStringLiteral("no/such/folder"));
     EXPECT_FALSE(Journal::instance().setFile(path));
     EXPECT_EQ(Journal::instance().fileError(),
-              path + QStringLiteral(": No such file or directory"));
+              path + QStringLiteral(": ") + testing_support::noSuchFolder());
     Journal::instance().setFile(QString());
 }
 

@@ -202,7 +202,9 @@ TEST_F(RecordTest, TheChooser) {
         choose("BtnQx");
         const auto driver = whenModal<NewProCfgDialog>([this](NewProCfgDialog* shown) {
             dialog = shown;
-            click(workbench::newButtonOf(model("2022工程总承包清单计价（税率9%）【初设后】")));
+            const char* const name = "2022工程总承包清单计价（税率9%）【初设后】";
+            ASSERT_TRUE(QTest::qWaitFor([&] { return model(name) != nullptr; }));
+            click(workbench::newButtonOf(model(name)));
         });
         choose("BtnZcb");
     });
@@ -322,7 +324,7 @@ TEST_F(RecordTest, WhatIsWrongBeforehandIsToldBeforeTheWindowOpens) {
     EXPECT_EQ(report, options.installation + QStringLiteral(": no such folder"));
     options.file = folder.filePath(QStringLiteral("none/recorded.json"));
     EXPECT_EQ(recordScenario(options, report), 2);
-    EXPECT_EQ(report, options.file + QStringLiteral(": No such file or directory"));
+    EXPECT_EQ(report, options.file + QStringLiteral(": ") + noSuchFolder());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList());
 }
 

@@ -91,6 +91,7 @@ TEST_F(RecordHandsTest, APathThatIsDroppedOnItsField) {
 TEST_F(RecordHandsTest, AWindowThatIsMinimisedAndRestoredWasOpenedOnce) {
     const int code = record([this] {
         inDialog([this](NewProCfgDialog* shown) {
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(shown));
             shown->windowHandle()->showMinimized();
             settle();
             shown->windowHandle()->showNormal();

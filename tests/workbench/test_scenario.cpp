@@ -106,7 +106,7 @@ TEST_F(ScenarioTest, AFileThatIsNotThereIsAnError) {
     QString error;
     const QString file = folder.filePath(QStringLiteral("none.json"));
     EXPECT_FALSE(workbench::readScenario(file, scenario, error));
-    EXPECT_TRUE(error.startsWith(file)) << error.toStdString();
+    EXPECT_TRUE(error.startsWith(QDir::toNativeSeparators(file))) << error.toStdString();
 }
 
 TEST_F(ScenarioTest, TheInstallationIsFoundFromTheFileOn) {

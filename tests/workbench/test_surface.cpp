@@ -141,7 +141,7 @@ TEST_F(SurfaceTest, ReasonsOfFilesStayAsTheyAre) {
     EXPECT_EQ(wrong.errorString(), QStringLiteral("illegal value"));
     QFile missing(QStringLiteral("/nowhere"));
     EXPECT_FALSE(missing.open(QIODevice::ReadOnly));
-    EXPECT_EQ(missing.errorString(), QStringLiteral("No such file or directory"));
+    EXPECT_EQ(missing.errorString(), noSuchFile());
 }
 
 TEST_F(SurfaceTest, TheDialogStaysChinese) {
