@@ -2,6 +2,7 @@
 #include "tests/workbench/Writer.h"
 #include "workbench/base/FileLock.h"
 #include "workbench/base/wholeFile.h"
+#include "workbench/scenario/TemporaryCopy.h"
 
 namespace testing_support {
 
@@ -169,6 +170,26 @@ TEST_F(Durability, AFileKeepsItsPermissions) {
     ASSERT_TRUE(QFile::setPermissions(historyFile(), shared));
     EXPECT_EQ(installation.values().addToHistory(QStringLiteral("a")), QString());
     EXPECT_EQ(QFile::permissions(historyFile()), shared);
+}
+
+TEST_F(Durability, PathsMayBeLongerThanWindowsTakesThemAsTheyAre) {
+    QString deep = installation.folder();
+    for (const char letter : {'a', 'b', 'c'})
+        deep += QLatin1Char('/') + QString(100, QLatin1Char(letter));
+    ASSERT_TRUE(QDir().mkpath(deep));
+    const QString file = deep + QStringLiteral("/file");
+    EXPECT_EQ(workbench::makeFile(file, "old"), QString());
+    EXPECT_NE(workbench::makeFile(file, "other"), QString()) << "the name is taken";
+    {
+        FileLock lock(workbench::lockOfFolder(file));
+        EXPECT_TRUE(lock.lock(0)) << lock.error().toStdString();
+        EXPECT_EQ(workbench::replaceFile(file, "new"), QString());
+    }
+    EXPECT_EQ(contentOf(file), QByteArray("new"));
+    EXPECT_EQ(filesIn(deep), QStringList{QStringLiteral("file")});
+    const QString copy = QFileInfo(deep).path() + QStringLiteral("/copy");
+    EXPECT_EQ(workbench::copyFolderWhole(deep, copy), QString());
+    EXPECT_EQ(contentOf(copy + QStringLiteral("/file")), QByteArray("new"));
 }
 
 TEST_F(Durability, ALockEndsWithItsHolderHoweverThatEnds) {
