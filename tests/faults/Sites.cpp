@@ -72,10 +72,11 @@ QVector<Place> readSites() {
                        {QStringLiteral("-d"), QStringLiteral("--no-show-raw-insn"),
                         QStringLiteral(FAULTY_MODULE)});
     disassembler.waitForFinished(-1);
-    // "   12345:	call   23456 <symbol>", also by way of "symbol@plt"; jumps end a function.
+    // "   12345:	call   23456 <symbol>", also by way of "symbol@plt"; jumps end a function. LLVM's
+    // writes "callq" and puts the spaces elsewhere.
     static const QRegularExpression call(
-        QStringLiteral("^ *[0-9a-f]+:\\t(?:call|jmp) .*<([A-Za-z0-9_]+)(?:@plt)?>"));
-    static const QRegularExpression instruction(QStringLiteral("^ *([0-9a-f]+):\\t"));
+        QStringLiteral("^ *[0-9a-f]+:\\s+(?:call|jmp)q?\\s.*<([A-Za-z0-9_]+)(?:@plt)?>"));
+    static const QRegularExpression instruction(QStringLiteral("^ *([0-9a-f]+):\\s"));
     QVector<Place> sites;
     int called = -1;
     for (const QByteArray& line : disassembler.readAllStandardOutput().split('\n')) {
@@ -110,6 +111,7 @@ int siteCount() {
 
 QStringList unreached(const QVector<Place>& reached) {
     QStringList missing;
+    if (sites().isEmpty()) missing += QStringLiteral("no call found in the module's code");
     for (int i = 0; i < operationCount(); ++i) {
         const auto isOfIt = [i](const Place& place) { return place.operation == i; };
         if (!isKnown({}, i) && std::none_of(reached.begin(), reached.end(), isOfIt))
