@@ -35,6 +35,8 @@ zBaseButton* buttonOf(QAction* action) {
 template <typename Apply>
 void NewProCfgDialogPrivate::forEntries(const QString& name, Apply&& apply) {
     for (QAction* action : pageOfAction.keys()) {
+        // It may have gone, with the dialog or alone, while the host had to do with another.
+        if (!pageOfAction.contains(action)) continue;
         QWidget* tab = tabOf(action);
         if (tab && tab->property(nameProperty).toString() == name) apply(tab);
     }
@@ -65,11 +67,13 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
         QStackedWidget* pages = parts.pageStack.need();
         // Ahead of the host, which may throw: a page beside the stack would lie over its pages.
         if (page && pages->indexOf(page) < 0) pages->addWidget(page);
+        const QPointer<QWidget> shown(page);
         QAction* action = parts.ribbon->addTab(tab);
         if (!action) return action;  // the page stays, and the host has no entry for it
+        parts.ribbon.need();         // where it has gone, the entry has, too
         if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
         connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
-        parts.pageOfAction.insert(action, page);
+        parts.pageOfAction.insert(action, shown);
         parts.actionOfTab.insert(tab.text, action);
         // The ribbon owns the action, and the host may take it out again.
         connect(action, &QObject::destroyed, this, [this, action, text = tab.text] {
@@ -176,11 +180,12 @@ void NewProCfgDialogPrivate::askTenderImport() {
 }
 
 void NewProCfgDialogPrivate::runImport(QAction* action, void (NewProCfgDialog::*slot)()) {
+    const QString importName = action->property(nameProperty).toString();
     const QString kindName = newpro::kindName(kind.programType);
     QAction* kindAction = actionOfTab.value(kindName);
     if (kindAction) {
         q->setKJMRWZ(kindName, true);
-        q->setKJMRWZ(action->property(nameProperty).toString(), false);
+        q->setKJMRWZ(importName, false);
     }
     (q.need()->*slot)();
     if (!kindAction) return;

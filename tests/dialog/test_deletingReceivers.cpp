@@ -115,4 +115,45 @@ TEST_F(DeletingReceiver, OfAnEntryThatItsHostTakesOut) {
     EXPECT_EQ(boldEntries(), QStringList{contractingLabel});
 }
 
+TEST_F(DeletingReceiver, OfAnImportsEntryWhileTheKindsOneGetsItsMarkBack) {
+    for (const QString& import : {excelLabel, tenderLabel}) {
+        SCOPED_TRACE(import.toStdString());
+        open();
+        host.switches().firstPage = workbench::FirstPage::Absent;
+        const QPointer<QAction> taken(entry(import));
+        QObject::connect(entryButton(budgetLabel), &QAbstractButton::toggled, [taken](bool on) {
+            if (on) delete taken;
+        });
+        click(entryButton(import));
+        settle();
+        EXPECT_FALSE(taken);
+        EXPECT_EQ(countOf("osgi::ObjectHelper::GetService"), 1) << "the import begins";
+        EXPECT_EQ(countOf("exception"), 0);
+    }
+}
+
+/// Deletes a page as soon as the ribbon has begun with its entry.
+struct PageRemover : QObject {
+    explicit PageRemover(QWidget* page) : page(page) {}
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ChildAdded) delete page;
+        return false;
+    }
+    QPointer<QWidget> page;
+};
+
+TEST_F(DeletingReceiver, OfThePageWhoseEntryIsAdded) {
+    auto* page = new QWidget;
+    PageRemover remover(page);
+    find<QWidget>("ribbon")->installEventFilter(&remover);
+    QAction* added = dialog->addXjPage({QString(), estimateLabel, 0}, page);
+    ASSERT_FALSE(remover.page);
+    ASSERT_TRUE(added);
+    QWidget* shown = pageStack()->currentWidget();
+    pick(estimateLabel);
+    EXPECT_EQ(pageStack()->currentWidget(), shown);
+    EXPECT_EQ(boldEntries(), QStringList{estimateLabel});
+    EXPECT_EQ(countOf("exception"), 0);
+}
+
 }  // namespace

@@ -108,6 +108,33 @@ TEST_F(TypeChooser, answers_0_when_its_window_is_closed) {
     EXPECT_EQ(countOf("exception"), 0);
 }
 
+TEST_F(TypeChooser, answers_0_when_it_is_deleted_while_it_is_open) {
+    using Delete = std::function<void(xzGcLxDialog*, QWidget*)>;
+    const std::pair<const char*, Delete> table[] = {
+        {"the chooser", [](xzGcLxDialog* chooser, QWidget*) { delete chooser; }},
+        {"its parent", [](xzGcLxDialog*, QWidget* parent) { delete parent; }},
+        {"the chooser as it closes",
+         [](xzGcLxDialog* chooser, QWidget*) {
+             QObject::connect(chooser, &QDialog::finished, [chooser] { delete chooser; });
+             click(child<zBaseButton>(chooser, "BtnYs"));
+         }},
+        {"its parent as it closes", [](xzGcLxDialog* chooser, QWidget* parent) {
+             QObject::connect(chooser, &QDialog::finished, [parent] { delete parent; });
+             chooser->close();
+         }}};
+    for (const auto& [what, deleteIt] : table) {
+        SCOPED_TRACE(what);
+        const QPointer<QWidget> parent(new QWidget);
+        const QPointer<xzGcLxDialog> chooser(new xzGcLxDialog(parent));
+        const auto driver = whenModal<xzGcLxDialog>(
+            [&, &act = deleteIt](xzGcLxDialog* open) { act(open, parent); });
+        EXPECT_EQ(chooser->exec(), 0);
+        EXPECT_FALSE(chooser);
+        EXPECT_EQ(countOf("exception"), 0);
+        delete parent;
+    }
+}
+
 TEST_F(TypeChooser, tells_that_it_has_finished_when_its_window_is_closed) {
     QSignalSpy finished(&dialog, &QDialog::finished);
     dialog.show();
