@@ -64,6 +64,16 @@ void answerBroken() {
     for (auto& suffixes : installation.suffixes) suffixes.append(QString());
 }
 
+/// @return the window that could be taken away: the dialog, or the chooser as long as there is
+///         none.
+QWidget* windowOf(const Stage& stage) {
+    if (stage.dialog) return stage.dialog;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->inherits("xzGcLxDialog")) return window;
+    }
+    return nullptr;
+}
+
 void runEventLoop() {
     QEventLoop loop;
     QTimer::singleShot(0, &loop, &QEventLoop::quit);
@@ -130,14 +140,14 @@ void deleteAll(const Widgets& widgets) {
 
 bool canAct(Action action, const Stage& stage) {
     if (action < Action::PickKinds) return true;
-    // A dialog that is being made cannot be taken away: it is nobody's yet.
+    // A window that is being made cannot be taken away: it is nobody's yet.
+    if (action == Action::DeleteDialog) return windowOf(stage);
+    if (action == Action::DeleteParent) return stage.mainWindow && windowOf(stage);
     const QWidget* dialog = stage.dialog;
     if (!dialog) return false;
     switch (action) {
         case Action::PickKinds:
             return dialog->isVisible() && dialog->isEnabled() && !kindEntries(dialog).isEmpty();
-        case Action::DeleteParent:
-            return stage.mainWindow;
         case Action::DeleteCards:
             return !cardsOf(dialog).isEmpty();
         case Action::DeletePages:
@@ -164,7 +174,7 @@ void act(Action action, Stage& stage) {
         case Action::PickKinds:
             return pickKinds(stage.dialog);
         case Action::DeleteDialog:
-            delete stage.dialog;
+            delete windowOf(stage);
             return;
         case Action::DeleteParent:
             delete stage.mainWindow;

@@ -98,6 +98,10 @@ bool isService(int operation) {
                         [&](const QString& prefix) { return name.startsWith(prefix); });
 }
 
+bool reenters(int operation) {
+    return tellsItsEnd(operation) || nameOf(operation).endsWith(QLatin1String("MaxDialogMode"));
+}
+
 QString nameOf(int operation) {
     const QString signature = demangled(operationName(operation));
     return signature.left(signature.indexOf(QLatin1Char('(')));

@@ -54,7 +54,7 @@ struct Place {
     int operation = 0;
     quintptr site = 0;  ///< Offset in the module to which the call returns.
     int nth = 1;        ///< From 1.
-    /// What a service can do there beside throwing: there is a dialog to be deleted, or a card.
+    /// What can be done there beside throwing: there is a dialog to be deleted, or a card.
     QVector<Action> possible;
 
     bool sameCall(const Place& other) const {
@@ -74,6 +74,10 @@ QString describe(const Case& one);
 /// @return whether an operation is a service, which may answer otherwise or re-enter, as a new one
 ///         is until it is told otherwise; the others make and dress widgets.
 bool isService(int operation);
+
+/// @return whether an operation that is no service may do something else before it comes to its
+///         end: run an event loop, or call receivers that delete something.
+bool reenters(int operation);
 
 /// @return the name of an operation as the journal has it.
 QString nameOf(int operation);

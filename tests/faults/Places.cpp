@@ -69,17 +69,25 @@ PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act,
                        std::function<bool(Action, const QStringList&)> canAct)
     : wanted(wanted), act(std::move(act)), canAct(std::move(canAct)) {
     watch = this;
-    setPlaceListener(&PlaceWatch::reached);
+    setPlaceListener(&PlaceWatch::reached, &PlaceWatch::ended);
 }
 
 PlaceWatch::~PlaceWatch() {
-    setPlaceListener(nullptr);
+    setPlaceListener(nullptr, nullptr);
     watch = nullptr;
 }
 
 void PlaceWatch::reached(int operation, const void* site, const void* const* frame) {
+    if (watch->isPending && operation == watch->wanted.place.operation) ++watch->inner;
     if (watch->counting && calledByModule(operation, site))
         watch->note(operation, placeOf(operation, site, frame));
+}
+
+void PlaceWatch::ended(int operation) {
+    if (!watch->isPending || operation != watch->wanted.place.operation) return;
+    if (watch->inner-- > 0) return;
+    watch->isPending = false;
+    watch->actQuietly();
 }
 
 void PlaceWatch::note(int operation, const void* site) {
@@ -95,9 +103,10 @@ void PlaceWatch::note(int operation, const void* site) {
 
 QVector<Action> PlaceWatch::possibleAt(int operation) const {
     QVector<Action> possible;
-    if (!isService(operation)) return possible;
+    if (!isService(operation) && !reenters(operation)) return possible;
     const QStringList stack = functionsOnStack();
-    for (int i = int(Action::AnswerMissing); i <= int(Action::DeletePages); ++i) {
+    const Action first = isService(operation) ? Action::AnswerMissing : Action::RunEventLoop;
+    for (int i = int(first); i <= int(Action::DeletePages); ++i) {
         if (canAct(Action(i), stack)) possible.append(Action(i));
     }
     return possible;
@@ -106,11 +115,11 @@ QVector<Action> PlaceWatch::possibleAt(int operation) const {
 void PlaceWatch::fire() {
     hasFired = true;
     frames = functionsOnStack();
-    {
-        // What the action does itself is no call of this run.
-        const QScopedValueRollback<bool> quiet(counting, false);
-        act();
-    }
+    // A widget must not go before its operation has come to its end, neither by the action itself
+    // nor by what comes in an event loop.
+    isPending = (deletes(wanted.action) || onlyDelays(wanted.action)) &&
+                tellsItsEnd(wanted.place.operation);
+    if (!isPending) actQuietly();
     switch (wanted.action) {
         case Action::ThrowLiteral:
             throw static_cast<const char*>(thrownText);
@@ -123,6 +132,12 @@ void PlaceWatch::fire() {
         default:
             break;
     }
+}
+
+void PlaceWatch::actQuietly() {
+    // What the action does itself is no call of this run.
+    const QScopedValueRollback<bool> quiet(counting, false);
+    act();
 }
 
 }  // namespace faults

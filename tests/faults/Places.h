@@ -15,7 +15,7 @@ class PlaceWatch {
     /// @param wanted what to do at which place; Action::None only records.
     /// @param act    called there, before an exception is thrown; does what is no exception.
     /// @param canAct whether an action can be done, with the module's functions on the stack; where
-    ///               the watch only records, each service is noted with what it can do.
+    ///               the watch only records, each place is noted with what it can do.
     PlaceWatch(const Case& wanted, std::function<void()> act,
                std::function<bool(Action, const QStringList&)> canAct);
     ~PlaceWatch();
@@ -32,9 +32,11 @@ class PlaceWatch {
 
   private:
     static void reached(int operation, const void* site, const void* const* frame);
+    static void ended(int operation);
     void note(int operation, const void* site);
     QVector<Action> possibleAt(int operation) const;
     void fire();
+    void actQuietly();
 
     const Case wanted;
     const std::function<void()> act;
@@ -44,6 +46,8 @@ class PlaceWatch {
     QStringList frames;
     bool counting = false;
     bool hasFired = false;
+    bool isPending = false;  ///< The action waits for the end of the operation.
+    int inner = 0;           ///< Calls of the same operation inside of that one.
 };
 
 /// The text that the thrown exceptions carry.

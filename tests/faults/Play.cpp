@@ -45,14 +45,38 @@ bool isOpening(const Scenario& flow) {
            flow.steps[1].verb == QLatin1String("close");
 }
 
+const QString entryKey = QStringLiteral("entry");
+
 bool beginsWithDialog(const Scenario& flow) {
-    return flow.steps[0].verb == QLatin1String("open") && flow.steps[0].args.isEmpty();
+    return flow.steps[0].verb == QLatin1String("open") &&
+           !flow.steps[0].args.contains(QLatin1String("dialog"));
 }
 
-bool makesImportDialog(const QStringList& stack) {
-    return std::any_of(stack.begin(), stack.end(), [](const QString& function) {
-        return function.contains(QLatin1String("importExcelSelFile::importExcelSelFile("));
+workbench::Step stepAt(const char* verb, const QString& entry) {
+    return {QLatin1String(verb), {{entryKey, entry}}};
+}
+
+/// What stands for the opening in a dialog that is open: the entry that it starts with is picked.
+void leaveOutOpening(Scenario& flow) {
+    const workbench::Step opening = flow.steps.takeFirst();
+    const QString entry = opening.args.value(entryKey).toString();
+    if (!entry.isEmpty()) flow.steps.prepend(stepAt("ribbon", entry));
+}
+
+bool standsIn(const QStringList& stack, const char* part) {
+    return std::any_of(stack.begin(), stack.end(), [part](const QString& function) {
+        return function.contains(QLatin1String(part));
     });
+}
+
+/// A window cannot be taken away while its constructor runs, as it is nobody's yet, nor anything of
+/// it while its destructor runs.
+bool canDelete(Action action, const QStringList& stack) {
+    if (!deletes(action)) return true;
+    if (standsIn(stack, "~NewProCfgDialog(") || standsIn(stack, "xzGcLxDialog::xzGcLxDialog("))
+        return false;
+    return !(action == Action::DeleteParent &&
+             standsIn(stack, "importExcelSelFile::importExcelSelFile("));
 }
 
 QString messageOf(QJsonObject entry, const QString& folder) {
@@ -110,9 +134,7 @@ class Run {
           watch(
               wanted, [this] { actOrWait(); },
               [this](Action action, const QStringList& stack) {
-                  // A window cannot be taken away while its constructor runs: it is nobody's yet.
-                  return canAct(action, stage) &&
-                         !(action == Action::DeleteParent && makesImportDialog(stack));
+                  return canAct(action, stage) && canDelete(action, stack);
               }) {
         options.leaveDialog = true;
         warnings = &outcome.warnings;
@@ -214,7 +236,8 @@ class Run {
     Record playFaulty() {
         const auto opened = [this] { watch.count(true); };
         const bool closes = flow.steps.constLast().verb == QLatin1String("close");
-        if (!deletes(wanted.action) || !closes) return playOnce(flow, opened);
+        if (!deletes(wanted.action) || !closes || !beginsWithDialog(flow))
+            return playOnce(flow, opened);
         Scenario open = flow;
         open.steps.removeLast();
         const Record record = playOnce(open, opened);
@@ -224,36 +247,37 @@ class Run {
         return playOnce(closing, [] {});
     }
 
-    /// A user who works on in a dialog that has lost a part of itself, and closes it.
+    /// A user who works on in a dialog that has lost a part of itself. Without pages it is of no
+    /// more use, and is closed.
     void workOn() {
         const bool hasModels = switches.configurationPresent && !installation.models.isEmpty();
-        const auto step = [](const char* verb, const QString& entry) {
-            return workbench::Step{QLatin1String(verb), {{QStringLiteral("entry"), entry}}};
-        };
         Scenario further = flow;
-        further.steps = {step("ribbon", QStringLiteral("总承包工程")),
-                         step("ribbon", QStringLiteral("预算工程"))};
+        further.steps = {stepAt("ribbon", QStringLiteral("总承包工程")),
+                         stepAt("ribbon", QStringLiteral("预算工程"))};
         // Without models there are no tax modes to be pressed.
         if (hasModels) {
-            further.steps += step("taxMode", QStringLiteral("简易计税"));
-            further.steps += step("taxMode", QStringLiteral("一般计税"));
+            further.steps += stepAt("taxMode", QStringLiteral("简易计税"));
+            further.steps += stepAt("taxMode", QStringLiteral("一般计税"));
         }
         const bool withPages = wanted.action == Action::DeleteCards;
         outcome.goneOn = playOnce(
             further, [] {}, withPages ? patience : patienceAfterFault);
         if (!stage.dialog) return;
-        // Without pages a window keeps few of its promises; cards have been made anew.
-        if (withPages) outcome.broken += brokenPromises(stage.dialog);
-        if (withPages && hasModels && !canAct(Action::DeleteCards, stage))
+        if (!withPages) {
+            stage.dialog->close();
+            return;
+        }
+        outcome.broken += brokenPromises(stage.dialog);
+        if (hasModels && !canAct(Action::DeleteCards, stage))
             outcome.broken += QStringLiteral("no cards");
-        stage.dialog->close();
     }
 
-    /// In the dialog itself where it is still open.
+    /// In the dialog itself where it is still open, also with cards that were made anew.
     Scenario secondTry() {
         Scenario again = flow;
-        if (outcome.dialogLeft && beginsWithDialog(flow) && !deletes(wanted.action)) {
-            again.steps.removeFirst();
+        const bool open = stage.dialog && stage.dialog->isVisible();
+        if (outcome.dialogLeft && open && beginsWithDialog(flow)) {
+            leaveOutOpening(again);
         } else {
             delete stage.dialog;
         }

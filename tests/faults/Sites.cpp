@@ -72,8 +72,8 @@ QVector<Place> readSites() {
                        {QStringLiteral("-d"), QStringLiteral("--no-show-raw-insn"),
                         QStringLiteral(FAULTY_MODULE)});
     disassembler.waitForFinished(-1);
-    // "   12345:	call   23456 <symbol>", also by way of "symbol@plt"; jumps end a function. LLVM's
-    // writes "callq" and puts the spaces elsewhere.
+    // "   12345:	call   23456 <symbol>", also by way of "symbol@plt"; jumps end a function.
+    // LLVM's writes "callq" and puts the spaces elsewhere.
     static const QRegularExpression call(
         QStringLiteral("^ *[0-9a-f]+:\\s+(?:call|jmp)q?\\s.*<([A-Za-z0-9_]+)(?:@plt)?>"));
     static const QRegularExpression instruction(QStringLiteral("^ *([0-9a-f]+):\\s"));

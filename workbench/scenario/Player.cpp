@@ -44,8 +44,9 @@ QString Player::run() {
 bool Player::mustWait() const {
     // An action that has brought up a window waits for what the next steps do there. One that has
     // not is still working, such as waiting for a slow cloud disk.
-    if (busy.isEmpty()) return false;
     QWidget* top = topWindow();
+    // Also where a dialog that goes has brought it up, which no action waits for.
+    if (busy.isEmpty()) return goesByItself(top) && !nextClicksIn(top);
     if (!top || top == busy.last() || goesByItself(busy.last())) return true;
     return goesByItself(top) && !nextClicksIn(top);
 }

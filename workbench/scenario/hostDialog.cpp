@@ -1,6 +1,7 @@
 #include "workbench/scenario/hostDialog.h"
 
 #include <QAction>
+#include <QPointer>
 
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"
@@ -50,8 +51,10 @@ QAction* addKindEntry(NewProCfgDialog* dialog, const QString& kind) {
 }
 
 std::optional<QString> askForKind(QWidget* parent) {
-    xzGcLxDialog chooser(parent);
-    const int programType = chooser.exec();
+    // It goes with its parent if that is destroyed while it is open.
+    const QPointer<xzGcLxDialog> chooser(new xzGcLxDialog(parent));
+    const int programType = chooser->exec();
+    delete chooser;
     if (programType == BudgetProgram) return QString();
     if (programType == ContractingProgram) return kindOfProgramType(programType);
     return std::nullopt;

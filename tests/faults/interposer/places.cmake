@@ -6,6 +6,9 @@
 # A new call of the host is found by itself. Left out are destructors, from which the language lets no
 # exception out, what moc makes, which is no operation of the host, signals, whose address is compared
 # and not called, and painting, which Qt calls and no exception may leave.
+#
+# An operation for which places.cpp defines "ended" and its symbol is called from there, which tells of
+# its end as well.
 cmake_policy(VERSION 3.25)
 execute_process(COMMAND ${NM} -u ${MODULE} OUTPUT_VARIABLE undefined COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND ${NM} -D --defined-only ${HOST} OUTPUT_VARIABLE defined
@@ -28,6 +31,7 @@ if(count LESS 50)
     message(FATAL_ERROR "Only ${count} operations of the host found in ${MODULE}")
 endif()
 
+file(READ ${CMAKE_CURRENT_LIST_DIR}/places.cpp own)
 set(renames "")
 set(code "#include \"place.S.inc\"\n")
 set(names "")
@@ -38,9 +42,14 @@ foreach(symbol IN LISTS places)
     if(symbol MATCHES "10GetService")
         set(target firstPageThroughPlaces)
     endif()
+    set(tells_end false)
+    if(own MATCHES "ended${symbol}\\(")
+        set(target ended${symbol})
+        set(tells_end true)
+    endif()
     string(APPEND renames "${symbol} fault_${symbol}\n")
     string(APPEND code "place ${index}, fault_${symbol}, ${target}\n")
-    string(APPEND names "\"${symbol}\",\n")
+    string(APPEND names "{\"${symbol}\", ${tells_end}},\n")
     math(EXPR index "${index} + 1")
 endforeach()
 file(CONFIGURE OUTPUT ${OUT}/renames.txt CONTENT "${renames}" @ONLY)

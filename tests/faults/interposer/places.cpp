@@ -1,12 +1,21 @@
 #include "tests/faults/interposer/places.h"
 
+#include <cstring>
+
 #include "osgi.h"
+#include "zControl.h"
 
 namespace {
 
 faults::PlaceListener current = nullptr;
+faults::EndListener atEnd = nullptr;
 
-const char* const found[] = {
+struct Found {
+    const char* symbol;
+    bool tellsEnd;
+};
+
+const Found found[] = {
 #include "places.inc"
 };
 constexpr int foundCount = int(sizeof found / sizeof *found);
@@ -17,6 +26,12 @@ const char* const ofFirstPage[] = {"_ZN15FirstPagePlugin11canStartNewEb",
 
 void reached(int operation, const void* site, const void* const* frame = nullptr) {
     if (current) current(operation, site, frame);
+}
+
+void ended(const char* symbol) {
+    for (int i = 0; atEnd && i < foundCount; ++i) {
+        if (std::strcmp(found[i].symbol, symbol) == 0) return atEnd(i);
+    }
 }
 
 /// The host's first page, seen through two places. An operation that the interface gains has to be
@@ -43,8 +58,9 @@ extern "C" void faultPlaceReached(int operation, const void* site, const void* c
 
 namespace faults {
 
-void setPlaceListener(PlaceListener listener) {
+void setPlaceListener(PlaceListener listener, EndListener ended) {
     current = listener;
+    atEnd = ended;
 }
 
 int operationCount() {
@@ -52,7 +68,11 @@ int operationCount() {
 }
 
 const char* operationName(int operation) {
-    return operation < foundCount ? found[operation] : ofFirstPage[operation - foundCount];
+    return operation < foundCount ? found[operation].symbol : ofFirstPage[operation - foundCount];
+}
+
+bool tellsItsEnd(int operation) {
+    return operation < foundCount && found[operation].tellsEnd;
 }
 
 }  // namespace faults
@@ -63,3 +83,46 @@ extern "C" void* firstPageThroughPlaces(const std::string& name) {
     places.real = static_cast<FirstPagePlugin*>(osgi::ObjectHelper::GetService(name));
     return places.real ? static_cast<FirstPagePlugin*>(&places) : nullptr;
 }
+
+// What the module gets in place of operations of widgets that may run receivers of signals and
+// event loops. Their names are the operations' own, which places.cmake looks for.
+extern "C" {
+
+void ended_ZN12KVBaseDialog4doneEi(KVBaseDialog* dialog, int result) {
+    dialog->KVBaseDialog::done(result);
+    ended("_ZN12KVBaseDialog4doneEi");
+}
+
+int ended_ZN11zTitleModal9ShowModalEv(zTitleModal* dialog) {
+    const int answer = dialog->ShowModal();
+    ended("_ZN11zTitleModal9ShowModalEv");
+    return answer;
+}
+
+QAction* ended_ZN19RibbonNavigationBar6addTabERKN6RIBBON10CentralTabE(
+    RibbonNavigationBar* bar, const RIBBON::CentralTab& tab) {
+    QAction* action = bar->addTab(tab);
+    ended("_ZN19RibbonNavigationBar6addTabERKN6RIBBON10CentralTabE");
+    return action;
+}
+
+void ended_ZN9RibbonTab10setCheckedEb(RibbonTab* tab, bool checked) {
+    tab->setChecked(checked);
+    ended("_ZN9RibbonTab10setCheckedEb");
+}
+
+void ended_ZN11zBaseCombox7addItemERK7QStringRK8QVariant(zBaseCombox* combo, const QString& text,
+                                                         const QVariant& data) {
+    combo->addItem(text, data);
+    ended("_ZN11zBaseCombox7addItemERK7QStringRK8QVariant");
+}
+
+void ended_ZN11zBaseCombox12addItemStateERK7QStringbS2_RK8QVariant(zBaseCombox* combo,
+                                                                   const QString& icon, bool state,
+                                                                   const QString& text,
+                                                                   const QVariant& data) {
+    combo->addItemState(icon, state, text, data);
+    ended("_ZN11zBaseCombox12addItemStateERK7QStringbS2_RK8QVariant");
+}
+
+}  // extern "C"
