@@ -97,7 +97,7 @@ const QVector<Setting>& settings() {
         {"fileDialog", [](Dice& d) -> QJsonValue { return list(d, 4, fileAnswer); }},
         {"cloud", cloud},
         {"scale", [](Dice& d) -> QJsonValue { return d.from(4, 12) * 25; }},
-        {"skin", [](Dice& d) -> QJsonValue { return among(d, "light dark"); }},
+        {"skin", [](Dice& d) -> QJsonValue { return among(d, "light dark contrast"); }},
         {"throw", [](Dice& d) -> QJsonValue { return list(d, 3, throwRule); }}};
     return table;
 }

@@ -63,6 +63,20 @@ TEST(SequenceTest, EveryVerbAndEveryHostSettingIsUsed) {
     EXPECT_EQ(settings, known);
 }
 
+TEST(SequenceTest, EverySkinIsWornAndEveryKeyIsPressed) {
+    QSet<QString> skins;
+    QSet<QString> keys;
+    for (const QJsonObject& step : steps()) {
+        const QString verb = step.value(QStringLiteral("do")).toString();
+        if (verb == QStringLiteral("key")) keys.insert(step.value(verb).toString());
+        if (step.contains(QStringLiteral("skin")))
+            skins.insert(step.value(QStringLiteral("skin")).toString());
+    }
+    EXPECT_EQ(skins, setOf({workbench::lightSkin, workbench::darkSkin, workbench::contrastSkin}));
+    EXPECT_EQ(keys, setOf(monkey::keys()));
+    EXPECT_TRUE(keys.contains(QStringLiteral("Menu")));
+}
+
 TEST(SequenceTest, EveryJournalledOperationCanThrow) {
     QSet<QString> operations;
     QDirIterator sources(QStringLiteral(REPOSITORY "/workbench/hostlibs"),

@@ -154,7 +154,9 @@ Left
 Right
 Home
 End
+PgUp
 PgDown
+Menu
 Delete
 Backspace
 A
