@@ -73,7 +73,7 @@ PlaceWatch::PlaceWatch(const Case& wanted, std::function<void()> act,
 }
 
 PlaceWatch::~PlaceWatch() {
-    setPlaceListener(nullptr, nullptr);
+    setPlaceListener(nullptr);
     watch = nullptr;
 }
 

@@ -1,6 +1,5 @@
-/// newpro-faults [--quick] [--jobs N] [FLOW...]: the fault matrix. --unreached: what it does not
-/// reach. Without a flow: all. They are played by processes of their own, so that a crash or a hang
-/// is one finding among others.
+/// The fault matrix. Flows are played by processes of their own, so that a crash or a hang is one
+/// finding among others.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
@@ -270,15 +269,30 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QCommandLineParser parser;
-    const QCommandLineOption quick(QStringLiteral("quick"));
-    const QCommandLineOption jobs(QStringLiteral("jobs"), {}, QStringLiteral("N"),
+    parser.setApplicationDescription(
+        QStringLiteral("Plays each flow with a fault at each call of the host. 0: nothing found."));
+    parser.addHelpOption();
+    const QCommandLineOption quick(
+        QStringLiteral("quick"),
+        QStringLiteral(
+            "First and last of each call only, with one exception and one other action."));
+    const QCommandLineOption jobs(QStringLiteral("jobs"), QStringLiteral("Processes at a time."),
+                                  QStringLiteral("N"),
                                   QString::number(QThread::idealThreadCount()));
-    const QCommandLineOption worker(QStringLiteral("worker"), {}, QStringLiteral("FROM"));
-    // Beside --worker, for the debugger: only the cases whose description contains the text.
-    const QCommandLineOption only(QStringLiteral("only"), {}, QStringLiteral("TEXT"));
-    const QCommandLineOption unreached(QStringLiteral("unreached"));
+    const QCommandLineOption worker(
+        QStringLiteral("worker"),
+        QStringLiteral("Play in this process, for a debugger, from a flow's case FROM."),
+        QStringLiteral("FROM"));
+    const QCommandLineOption only(
+        QStringLiteral("only"),
+        QStringLiteral("Beside --worker: the cases whose description contains TEXT."),
+        QStringLiteral("TEXT"));
+    const QCommandLineOption unreached(QStringLiteral("unreached"),
+                                       QStringLiteral("List the calls that no flow reaches."));
     parser.addOptions({quick, jobs, worker, only, unreached});
-    parser.addPositionalArgument(QStringLiteral("flow"), {});
+    parser.addPositionalArgument(QStringLiteral("FLOW"),
+                                 QStringLiteral("Of tests/faults/flows; all without one."),
+                                 QStringLiteral("[FLOW...]"));
     parser.process(application);
     QStringList flows = parser.positionalArguments();
     if (parser.isSet(worker)) {

@@ -58,9 +58,9 @@ extern "C" void faultPlaceReached(int operation, const void* site, const void* c
 
 namespace faults {
 
-void setPlaceListener(PlaceListener listener, EndListener ended) {
+void setPlaceListener(PlaceListener listener, EndListener end) {
     current = listener;
-    atEnd = ended;
+    atEnd = end;
 }
 
 int operationCount() {

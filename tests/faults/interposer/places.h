@@ -13,8 +13,8 @@ using PlaceListener = void (*)(int operation, const void* site, const void* cons
 /// Called when an operation has come to its end, of those of which `tellsItsEnd` holds.
 using EndListener = void (*)(int operation);
 
-/// @param listener null for none. @param ended likewise.
-Q_DECL_EXPORT void setPlaceListener(PlaceListener listener, EndListener ended);
+/// @param listener null for none. @param end likewise.
+Q_DECL_EXPORT void setPlaceListener(PlaceListener listener, EndListener end = nullptr);
 /// @return how many operations of the host the module calls.
 Q_DECL_EXPORT int operationCount();
 /// @return the mangled name of an operation.
