@@ -136,12 +136,15 @@ TEST_F(EstimateTemplates, AnExceptionAtAnyHostCallLeavesTheComboEmptyAndASecondT
     const testing_support::Lines calls = testing_support::journalNames({"call"});
     EXPECT_GE(std::count(calls.begin(), calls.end(), "SharedInterface::getInstance"), 1);
     for (const std::string& call : calls) {
-        fill();
-        testing_support::throwAt(call.c_str(), workbench::ThrowRule::As::Literal);
-        EXPECT_ANY_THROW(newpro::fillEstimateTemplates(&combo)) << call;
-        EXPECT_EQ(combo.count(), 0) << call;
-        testing_support::throwNoMore();
-        EXPECT_EQ(fill(), QStringList{QStringLiteral("a")}) << call;
+        for (const auto& kind : testing_support::thrownKinds()) {
+            SCOPED_TRACE(call + " as " + kind.name);
+            fill();
+            testing_support::throwAt(call.c_str(), kind.as);
+            EXPECT_ANY_THROW(newpro::fillEstimateTemplates(&combo));
+            EXPECT_EQ(combo.count(), 0);
+            testing_support::throwNoMore();
+            EXPECT_EQ(fill(), QStringList{QStringLiteral("a")});
+        }
     }
 }
 
