@@ -48,6 +48,17 @@ class Messages {
     QtMessageHandler before = nullptr;
 };
 
+/// Ends the process by a fault. On Windows abort() is an end with a code like any other.
+[[noreturn]] void crash() {
+#if defined(_MSC_VER)
+    __fastfail(0);
+#elif defined(Q_OS_WIN)
+    __builtin_trap();
+#else
+    std::abort();
+#endif
+}
+
 /// Ends the process at an entry of the journal, from here to the end of the scope.
 class Crash {
   public:
@@ -55,7 +66,7 @@ class Crash {
         const workbench::Journal& journal = workbench::Journal::instance();
         connection = QObject::connect(
             &journal, &workbench::Journal::recorded, [names](const QJsonObject& entry) {
-                if (names.contains(entry.value(QLatin1String("name")).toString())) std::abort();
+                if (names.contains(entry.value(QLatin1String("name")).toString())) crash();
             });
     }
     ~Crash() { QObject::disconnect(connection); }
