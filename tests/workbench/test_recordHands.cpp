@@ -95,6 +95,7 @@ TEST_F(RecordHandsTest, AWindowThatIsMinimisedAndRestoredWasOpenedOnce) {
             shown->windowHandle()->showMinimized();
             settle();
             shown->windowHandle()->showNormal();
+            settle();
             ASSERT_TRUE(QTest::qWaitForWindowExposed(shown));
             ribbon("审核工程");
             QTest::keyClick(shown, Qt::Key_Escape);

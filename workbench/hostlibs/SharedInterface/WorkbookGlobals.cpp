@@ -10,6 +10,7 @@ namespace {
 
 constexpr int sectorSize = 512;
 constexpr int largeSectorSize = 4096;
+constexpr int readAhead = 16 * 1024;
 constexpr int smallSectorSize = 64;  // of streams in the small one
 constexpr quint32 tablesInHeader = 109;
 constexpr quint32 none = 0xFFFFFFFF;
@@ -36,11 +37,11 @@ T number(const QByteArray& bytes, int at) {
     return at + int(sizeof(T)) <= bytes.size() ? qFromLittleEndian<T>(bytes.data() + at) : T(~T(0));
 }
 
-/// The sectors of a compound file. Nothing is read ahead: the table alone has a megabyte in a large
+/// The sectors of a compound file. Little is read ahead: the table alone has a megabyte in a large
 /// file. Whatever lies outside the file is empty, or no sector at all.
 class Sectors {
   public:
-    explicit Sectors(QFile& file) : file(file), header(at(-1)) {
+    explicit Sectors(QFile& file) : file(file), length(file.size()), header(at(-1)) {
         if (number<quint16>(header, 30) == 12) bytes = largeSectorSize;
     }
     /// @return whether the sectors have a size that sectors may have.
@@ -50,18 +51,24 @@ class Sectors {
     /// @return where the table of the small sectors begins.
     quint32 smallTable() const { return number<quint32>(header, 60); }
     /// @return whether the file can hold all of a stream beside header, directory and tables.
-    bool hold(qint64 length) const {
+    bool hold(qint64 stream) const {
         const qint64 beside = 2 + qint64(number<quint32>(header, 44)) + number<quint32>(header, 72);
-        return beside + (length + bytes - 1) / bytes <= file.size() / bytes;
+        return beside + (stream + bytes - 1) / bytes <= length / bytes;
     }
     QByteArray at(qint64 sector) {
         const qint64 offset = (sector + 1) * bytes;  // behind the header
-        if (offset + bytes > file.size() || !file.seek(offset)) return {};
-        return file.read(bytes);
+        if (offset + bytes > length) return {};
+        if (offset < aheadFrom || offset + bytes > aheadFrom + ahead.size()) {
+            if (!file.seek(offset)) return {};
+            ahead = file.read(readAhead);
+            aheadFrom = offset;
+        }
+        const QByteArray content = ahead.mid(int(offset - aheadFrom), bytes);
+        return content.size() == bytes ? content : QByteArray();
     }
     quint32 after(quint32 sector) {
         // Bounds the walk along a forged list of tables as well.
-        if (sector >= file.size() / bytes) return endOfChain;
+        if (sector >= length / bytes) return endOfChain;
         const quint32 index = sector / perSector();
         if (index != tableIndex) table = at(tableOf(tableIndex = index));
         return number<quint32>(table, int(4 * (sector % perSector())));
@@ -81,7 +88,10 @@ class Sectors {
     }
 
     QFile& file;
+    const qint64 length;
     int bytes = sectorSize;
+    QByteArray ahead;
+    qint64 aheadFrom = 0;
     QByteArray header;
     QByteArray table;
     quint32 tableIndex = none;
