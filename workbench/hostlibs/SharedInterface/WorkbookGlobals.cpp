@@ -105,17 +105,20 @@ class Stream {
 
     /// @param at, size in bytes. @return fewer bytes where the stream ends, or leads outside.
     QByteArray read(qint64 at, int size) {
-        QByteArray bytes;
+        QByteArray bytes = inSector(at, size);
         while (bytes.size() < size) {
-            const qint64 next = at + bytes.size();
-            const QByteArray part = content(next / sectors.size());
-            if (part.isEmpty()) break;
-            bytes += part.mid(int(next % sectors.size()), size - bytes.size());
+            const QByteArray more = inSector(at + bytes.size(), size - bytes.size());
+            if (more.isEmpty()) break;
+            bytes += more;
         }
         return bytes;
     }
 
   private:
+    /// @return what of it stands in the sector where it begins.
+    QByteArray inSector(qint64 at, int size) {
+        return content(at / sectors.size()).mid(int(at % sectors.size()), size);
+    }
     const QByteArray& content(qint64 wanted) {
         if (wanted < index) {
             sector = first;
