@@ -140,7 +140,8 @@ void MainWindow::tellBroken(const QString& folder, const QString& error) {
 /// Shows the installation that is in use, or that there is none.
 void MainWindow::showInstallation() {
     const QString folder = Host::instance().installation().folder;
-    for (const char* name : {"newProjectAction", "chooseKindAction", "openFolderAction"})
+    for (const char* name : {"newProjectAction", "chooseKindAction", "newAuditAction",
+                             "importExcelAction", "importTenderAction", "openFolderAction"})
         findChild<QAction*>(QLatin1String(name))->setEnabled(!folder.isEmpty());
     installation->setText(folder.isEmpty() ? said("没有打开安装目录")
                                            : said("安装目录：") + QDir::toNativeSeparators(folder));
