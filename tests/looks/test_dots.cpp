@@ -1,6 +1,7 @@
 /// Texts that are too long: the dots that they end in, and the tips that tell them whole.
 #include <QApplication>
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -68,6 +69,48 @@ TEST_F(Dots, OfListsAreThoseOfLabels) {
         list.show();
         settle();
         found.append(inkOfLastSign(list.viewport()->grab(QRect(0, 0, 145, 28)).toImage()));
+    }
+    EXPECT_EQ(found[0], found[1]);
+    EXPECT_LT(found[0].second - found[0].first, 5);
+}
+
+/// @return the foot of a picture: the last line of what stands in it.
+QImage footOf(QWidget* widget, int height) {
+    const QImage picture = widget->grab().toImage();
+    return picture.copy(0, picture.height() - height, picture.width(), height);
+}
+
+TEST_F(Dots, OfATextOfSeveralLinesStandInTheLastOneThatHasRoom) {
+    for (const QString& text : {chinese, latin, chinese + QLatin1Char('\n') + latin}) {
+        zBaseLabel label(text.repeated(3));
+        label.setWordWrap(true);
+        label.setContentsMargins(1, 1, 1, 1);
+        label.resize(150, 22);
+        label.show();
+        settle();
+        const auto rows = inkOfLastSign(footOf(&label, 11));
+        EXPECT_LT(rows.second - rows.first, 3) << "that is no dot";
+        EXPECT_EQ(tipOf(&label, {5, 5}), text.repeated(3).toHtmlEscaped());
+        label.resize(800, 200);
+        settle();
+        EXPECT_EQ(tipOf(&label, {5, 5}), QString());
+    }
+}
+
+TEST_F(Dots, OfHeadersAreThoseOfLabels) {
+    QVector<QPair<int, int>> found;
+    for (const QString& text : {chinese, latin}) {
+        QTreeWidget list;
+        list.setHeaderLabels({text, QString()});
+        list.header()->resizeSection(0, 150);
+        list.resize(400, 60);
+        list.show();
+        settle();
+        QWidget* header = list.header()->viewport();
+        found.append(inkOfLastSign(header->grab(QRect(5, 4, 140, 18)).toImage()));
+        EXPECT_EQ(tipOf(header, {20, 5}), text);
+        list.header()->resizeSection(0, 390);
+        EXPECT_EQ(tipOf(header, {20, 5}), QString());
     }
     EXPECT_EQ(found[0], found[1]);
     EXPECT_LT(found[0].second - found[0].first, 5);

@@ -3,10 +3,12 @@
 #include <QComboBox>
 #include <QFile>
 #include <QFileInfo>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QStatusBar>
+#include <QToolTip>
 #include <QTreeView>
 #include <functional>
 
@@ -68,13 +70,32 @@ TEST_F(MainWindowTest, AProjectCreatedFromACardStandsInTheListAndInTheJournal) {
     EXPECT_EQ(list->currentItem()->text(1), QStringLiteral("预算工程"));
     EXPECT_EQ(text("detailSummary"), project->summary());
     EXPECT_EQ(text("projectCount"), QStringLiteral("工程文件：3 个"));
-    EXPECT_TRUE(window->statusBar()->currentMessage().endsWith(file));
+    EXPECT_TRUE(text("createdMessage").endsWith(file));
 
     auto* kinds = part<QComboBox>("journalKind");
     kinds->setCurrentIndex(kinds->findText(QStringLiteral("工程")));
     QAbstractItemModel* journal = part<QTreeView>("journalView")->model();
     ASSERT_TRUE(QTest::qWaitFor([&] { return journal->rowCount() == 1; }));
     EXPECT_EQ(journal->index(0, journal->columnCount() - 1).data().toString(), path);
+}
+
+TEST_F(MainWindowTest, TheMessageOfALongFileNameIsCutAndToldWholeAndGoes) {
+    const QString name = QStringLiteral("青羊区社区卫生服务中心").repeated(3);
+    host.setModels(QStringLiteral("Kvys"), 0, {model(name)});
+    window->resize(window->minimumSizeHint());
+    createFromFirstCard();
+    const QSize before = window->size();
+    settle();
+    EXPECT_EQ(window->size(), before);
+    auto* message = part<QLabel>("createdMessage");
+    EXPECT_TRUE(message->text().contains(name));
+    EXPECT_LE(message->geometry().right(), window->statusBar()->width());
+    QHelpEvent asks(QEvent::ToolTip, {5, 5}, message->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(message, &asks);
+    EXPECT_EQ(QToolTip::text(), message->text());
+    QToolTip::hideText();
+    message->findChild<QTimer*>()->start(0);
+    EXPECT_TRUE(QTest::qWaitFor([message] { return message->text().isEmpty(); }));
 }
 
 TEST_F(MainWindowTest, ListAndCountFollowTheProjectFolder) {

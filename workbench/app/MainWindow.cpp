@@ -31,6 +31,7 @@
 #include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/zBaseControl/Style.h"
 #include "workbench/journal/Journal.h"
 #include "workbench/scenario/hostDialog.h"
 #include "zBaseControl.h"
@@ -117,6 +118,7 @@ MainWindow::MainWindow(Settings* settings)
       notice(new NoticeBar),
       projects(new ProjectPanel),
       tools(new QToolBar(QStringLiteral("工具栏"))),
+      created(new zBaseLabel),
       count(new QLabel),
       installation(new zBaseLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
@@ -226,6 +228,15 @@ void MainWindow::makeDocks() {
 }
 
 void MainWindow::makeStatusBar() {
+    for (zBaseLabel* label : {created, installation}) label->setControlType(MessageTextType);
+    // Not a message of the bar's own, which would be cut off without dots.
+    created->setObjectName(QStringLiteral("createdMessage"));
+    created->setMinimumWidth(1);
+    statusBar()->addWidget(created, 1);
+    auto* passing = new QTimer(created);
+    passing->setSingleShot(true);
+    passing->setInterval(messageMs);
+    connect(passing, &QTimer::timeout, created, &QLabel::clear);
     count->setObjectName(QStringLiteral("projectCount"));
     statusBar()->addPermanentWidget(count);
     installation->setObjectName(QStringLiteral("installationFolder"));
@@ -237,7 +248,7 @@ void MainWindow::makeStatusBar() {
 void MainWindow::watchScale() {
     auto* label = new QLabel;
     label->setObjectName(QStringLiteral("scaleNotice"));
-    statusBar()->insertPermanentWidget(0, label);
+    statusBar()->insertPermanentWidget(1, label);
     auto* limit = new ScaleLimit(this);
     auto* panel = findChild<HostPanel*>();
     const auto tell = [label, limit, panel] {
@@ -330,7 +341,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::showCreated(const QString& path) {
     projects->refresh();
     projects->select(path);
-    statusBar()->showMessage(said("已创建工程文件：%1").arg(QFileInfo(path).fileName()), messageMs);
+    created->setText(said("已创建工程文件：%1").arg(QFileInfo(path).fileName()));
+    created->findChild<QTimer*>()->start();
 }
 
 void MainWindow::showCount() {

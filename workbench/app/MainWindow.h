@@ -8,6 +8,7 @@
 
 class QLabel;
 class QMenu;
+class zBaseLabel;
 
 namespace workbench {
 
@@ -66,8 +67,9 @@ class MainWindow : public QMainWindow {
     NoticeBar* notice;
     ProjectPanel* projects;
     QToolBar* tools;
+    zBaseLabel* created;  ///< Names for a while the file that was made.
     QLabel* count;
-    QLabel* installation;
+    zBaseLabel* installation;
 };
 
 }  // namespace workbench

@@ -77,7 +77,7 @@ void MainWindow::makeMenus() {
 void MainWindow::showRecording() {
     auto* label = new QLabel;
     label->setObjectName(QStringLiteral("recordingLabel"));
-    statusBar()->insertPermanentWidget(0, label);
+    statusBar()->insertPermanentWidget(1, label);
     const auto tell = [this, label] {
         setWindowTitle(said("新建工程工作台") + QStringLiteral(" — ") + said("录制中"));
         label->setText(QStringLiteral("● ") + said("录制中"));

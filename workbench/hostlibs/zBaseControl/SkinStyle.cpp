@@ -61,6 +61,11 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
+void drawHeaderText(QPainter& painter, const QStyleOptionHeader& header) {
+    painter.setPen(header.palette.color(QPalette::ButtonText));
+    drawLine(painter, header.rect, header.textAlignment, header.text);
+}
+
 bool hasTextBesideIcon(const QStyleOption* option) {
     const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
     return button && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon;
@@ -187,6 +192,8 @@ void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
 void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                             const QWidget* widget) const {
     if (element == CE_HeaderSection) return drawHeaderSection(*painter, option->rect);
+    const auto* header = qstyleoption_cast<const QStyleOptionHeader*>(option);
+    if (element == CE_HeaderLabel && header) return drawHeaderText(*painter, *header);
     const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     if (element == CE_ComboBoxLabel && combo && combo->currentIcon.isNull()) {
         const QRect room = subControlRect(CC_ComboBox, combo, SC_ComboBoxEditField, widget);

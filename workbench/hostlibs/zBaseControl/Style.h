@@ -18,6 +18,7 @@ enum ControlType {
     RowType = 10,
     DividerType = 13,
     SplitPartType = 18,
+    MessageTextType = 20,  ///< A text that is cut with dots before it is drawn smaller.
     NewButtonType = 88,
     RibbonTabType = 89,
 };

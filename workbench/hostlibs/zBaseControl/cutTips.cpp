@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QPushButton>
 #include <QStyleOption>
 #include <QToolTip>
@@ -51,6 +52,23 @@ Written writtenOn(const QWidget& widget) {
             style->subElementRect(QStyle::SE_PushButtonContents, &option, button).width()};
 }
 
+/// @return whether the text of a header's section is cut, and told.
+bool tellCutSection(const QHeaderView& header, const QHelpEvent& event) {
+    const int section = header.logicalIndexAt(event.pos());
+    if (section < 0) return false;
+    const QString text = header.model()->headerData(section, header.orientation()).toString();
+    QStyleOptionHeader option;
+    option.initFrom(&header);
+    option.orientation = header.orientation();
+    option.rect = QRect(0, 0, header.sectionSize(section), header.height());
+    if (header.isSortIndicatorShown() && header.sortIndicatorSection() == section)
+        option.sortIndicator = QStyleOptionHeader::SortDown;
+    const QRect room = header.style()->subElementRect(QStyle::SE_HeaderLabel, &option, &header);
+    if (header.fontMetrics().horizontalAdvance(text) <= room.width()) return false;
+    QToolTip::showText(event.globalPos(), text.toHtmlEscaped());
+    return true;
+}
+
 }  // namespace
 
 void tellWhole(const QWidget& widget, const QHelpEvent& event, const QString& text) {
@@ -68,6 +86,8 @@ bool tellCutControl(const QWidget& widget, const QHelpEvent& event) {
 }
 
 bool tellCutItem(const QWidget& viewport, const QHelpEvent& event) {
+    if (const auto* header = qobject_cast<const QHeaderView*>(viewport.parent()))
+        return tellCutSection(*header, event);
     const auto* view = qobject_cast<const QAbstractItemView*>(viewport.parent());
     const QModelIndex index = view ? view->indexAt(event.pos()) : QModelIndex();
     if (!index.isValid() || view->indexWidget(index)) return false;

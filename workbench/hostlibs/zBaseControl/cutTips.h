@@ -14,8 +14,8 @@ void tellWhole(const QWidget& widget, const QHelpEvent& event, const QString& te
 /// due.
 bool tellCutControl(const QWidget& widget, const QHelpEvent& event);
 
-/// Answers the wish for a tip on a view. @return whether it is dealt with; false where there is no
-/// item, or one that a widget shows.
+/// Answers the wish for a tip on a view or a header. @return whether it is dealt with; false where
+/// there is no item, or one that a widget shows.
 bool tellCutItem(const QWidget& viewport, const QHelpEvent& event);
 
 }  // namespace workbench

@@ -1,4 +1,5 @@
 #include <QHelpEvent>
+#include <QTextLayout>
 #include <QToolTip>
 #include <QtMath>
 
@@ -14,31 +15,71 @@ bool isPlainLine(const QLabel& label) {
     return !label.text().isEmpty() && !label.wordWrap() && label.textFormat() != Qt::RichText;
 }
 
-/// @return whether a text of one line is longer than there is room.
-bool isCut(const QLabel& label) {
-    return isPlainLine(label) &&
-           label.fontMetrics().horizontalAdvance(label.text()) > label.contentsRect().width() + 1;
-}
-
 /// @return whether a text of one line would lose its head and foot.
 bool isTooLow(const QLabel& label) {
     return isPlainLine(label) &&
            workbench::heightOfSigns(label.font()) > label.contentsRect().height();
 }
 
-/// Draws a text of several lines in the largest font in which all of it can be seen.
-void drawWrapped(QLabel& label) {
+int flagsOfLines(const QLabel& label) {
+    return int(label.alignment()) | Qt::TextWordWrap;
+}
+
+bool isHigher(const QLabel& label, const QFont& font) {
     const QRect room = label.contentsRect();
-    const int flags = int(label.alignment()) | Qt::TextWordWrap;
+    const QRect needed = QFontMetrics(font).boundingRect(room, flagsOfLines(label), label.text());
+    return needed.height() > room.height();
+}
+
+/// @return the largest font in which all of a text of several lines can be seen; else the smallest.
+QFont fontOfLines(const QLabel& label) {
     QFont font = label.font();
     int size = QFontInfo(font).pixelSize();
     const int smallest = qMin(size / 2, scaled(12));
     do font.setPixelSize(size);
-    while (QFontMetrics(font).boundingRect(room, flags, label.text()).height() > room.height() &&
-           --size >= smallest);
+    while (isHigher(label, font) && --size >= smallest);
+    return font;
+}
+
+/// Draws the lines of a text that have room, the last of them with dots.
+void drawFirstLines(QPainter& painter, const QRect& room, Qt::Alignment alignment, QString text) {
+    text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    const int height = painter.fontMetrics().height();
+    QTextLayout lines(text, painter.font());
+    lines.beginLayout();
+    for (QRect place(room.topLeft(), QSize(room.width(), height));; place.translate(0, height)) {
+        QTextLine line = lines.createLine();
+        if (!line.isValid()) break;
+        line.setLineWidth(room.width());
+        const bool last = place.bottom() + height > room.bottom();
+        QString part = text.mid(line.textStart(), last ? -1 : line.textLength());
+        part.replace(QChar::LineSeparator, QLatin1Char(' '));
+        workbench::drawLine(painter, place, (alignment & Qt::AlignHorizontal_Mask) | Qt::AlignTop,
+                            part);
+        if (last) break;
+    }
+    lines.endLayout();
+}
+
+void drawWrapped(QLabel& label) {
     QPainter painter(&label);
+    const QFont font = fontOfLines(label);
     painter.setFont(font);
-    painter.drawText(room, flags, label.text());
+    if (isHigher(label, font))
+        drawFirstLines(painter, label.contentsRect(), label.alignment(), label.text());
+    else
+        painter.drawText(label.contentsRect(), flagsOfLines(label), label.text());
+}
+
+bool isTooHigh(const QLabel& label) {
+    return label.wordWrap() && label.heightForWidth(label.width()) > label.height();
+}
+
+/// @return whether there is not room for all of a text, as long as it is not drawn smaller.
+bool isCut(const QLabel& label) {
+    if (label.wordWrap()) return isTooHigh(label) && isHigher(label, fontOfLines(label));
+    return isPlainLine(label) &&
+           label.fontMetrics().horizontalAdvance(label.text()) > label.contentsRect().width() + 1;
 }
 
 }  // namespace
@@ -90,13 +131,14 @@ void zBaseLabel::paintEvent(QPaintEvent* event) {
         return;
     }
     if (look->background.isValid()) QPainter(this).fillRect(rect(), look->background);
-    if (wordWrap() && heightForWidth(width()) > height()) return drawWrapped(*this);
+    if (isTooHigh(*this)) return drawWrapped(*this);
     if (!isCut(*this) && !isTooLow(*this)) return QLabel::paintEvent(event);
     QPainter painter(this);
     const QSize room = contentsRect().size();
     const QFont low = workbench::fitting(font(), workbench::heightOfSigns(font()), room.height());
-    painter.setFont(
-        workbench::fitting(low, QFontMetrics(low).horizontalAdvance(text()), room.width()));
+    const bool dotsFirst = look->type == workbench::MessageTextType;
+    const int wanted = dotsFirst ? 0 : QFontMetrics(low).horizontalAdvance(text());
+    painter.setFont(workbench::fitting(low, wanted, room.width()));
     workbench::drawLine(painter, contentsRect(), alignment(), text());
 }
 
