@@ -58,6 +58,31 @@ TEST_F(Screens, AScaleIsLimitedToWhatTheScreenHoldsAndComesBack) {
     EXPECT_EQ(limit->wanted(), 1.5);
 }
 
+TEST_F(Screens, AScreenThatIsTooSmallForTheDialogAtAnyScaleIsSaid) {
+    const QString small = QStringLiteral("屏幕太小，100 % 也容不下对话框");
+    for (const QSize& screen : {QSize(1366, 728), QSize(800, 1280)}) {
+        window.resize(laptop);
+        limit->fit(screen);
+        settle();
+        EXPECT_TRUE(noticed());
+        EXPECT_TRUE(noted());
+        EXPECT_EQ(notice(), small);
+        auto* note = child<QLabel>(&window, "scale.note");
+        EXPECT_EQ(note->text(), small);
+        EXPECT_EQ(note->visibleRegion().boundingRect(), note->rect()) << "scrolled into sight";
+        EXPECT_EQ(testing_support::clippedTexts(&window, 0, {}), QStringList());
+        Host::instance().setScale(2);
+        EXPECT_EQ(Host::instance().scale(), 1);
+        EXPECT_EQ(notice(), small);
+        limit->fit(large);
+        EXPECT_FALSE(noticed());
+        Host::instance().setScale(1);
+        settle();
+    }
+    limit->fit({880, 750});
+    EXPECT_FALSE(noticed());
+}
+
 TEST_F(Screens, TheDialogFitsAtEveryScaleThatIsLeft) {
     for (const QSize& screen : {QSize(1024, 768), laptop, QSize(1920, 1080), large}) {
         limit->fit(screen);

@@ -19,9 +19,19 @@
 
 namespace workbench {
 
-HostPanel::HostPanel(QWidget* parent) : QScrollArea(parent), form(new QFormLayout) {
+HostPanel::HostPanel(QWidget* parent)
+    : QScrollArea(parent), form(new QFormLayout), note(new QLabel) {
     auto* content = new QWidget;
-    content->setLayout(form);
+    // Not a row of the form, which gives a text that comes late the height of one line.
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(form);
+    layout->addWidget(note);
+    layout->addStretch();
+    note->setObjectName(QStringLiteral("scale.note"));
+    note->setWordWrap(true);
+    note->hide();
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -92,22 +102,15 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
         const int index = box->findData(each.get().toVariant().toString());
         if (index >= 0) box->setCurrentIndex(index);
     });
-    auto* cell = new QVBoxLayout;
-    cell->setSpacing(4);
-    cell->addWidget(box);
-    auto* note = new QLabel;
-    note->setObjectName(each.field.key + QStringLiteral(".note"));
-    note->setWordWrap(true);
-    note->hide();
-    cell->addWidget(note);
-    form->addRow(caption, cell);
+    form->addRow(caption, box);
 }
 
-void HostPanel::setNote(const QString& key, const QString& text) {
-    auto* note = findChild<QLabel*>(key + QStringLiteral(".note"));
+void HostPanel::setNote(const QString& text) {
     note->setText(text);
     note->setVisible(!text.isEmpty());
-    if (!text.isEmpty()) ensureWidgetVisible(note);
+    if (text.isEmpty()) return;
+    // Once it has its place.
+    QTimer::singleShot(0, note, [this] { ensureWidgetVisible(note); });
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
@@ -122,6 +125,7 @@ void HostPanel::addTick(const QString& caption, const QString& name, std::functi
 
 void HostPanel::adaptToScale() {
     form->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
+    note->setContentsMargins(scaled(16), 0, scaled(16), scaled(12));
     form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
     for (QWidget* heading : qAsConst(headings)) {

@@ -5,6 +5,7 @@
 #include <functional>
 
 class QFormLayout;
+class QLabel;
 
 namespace workbench {
 
@@ -19,8 +20,8 @@ class HostPanel : public QScrollArea {
 
     /// Shows the host's state again, after something else has changed it.
     void refresh();
-    /// Says something below the list of a switch. @param text empty: nothing.
-    void setNote(const QString& key, const QString& text);
+    /// Says something of the scale, which is the last of the switches. @param text empty: nothing.
+    void setNote(const QString& text);
 
     /// So wide that no switch is cut, but for a font with which the window would leave the screen.
     QSize minimumSizeHint() const override;
@@ -38,6 +39,7 @@ class HostPanel : public QScrollArea {
     void adaptToScale();
 
     QFormLayout* form;
+    QLabel* note;
     QVector<QWidget*> headings;
     QVector<std::function<void()>> refreshers;
 };

@@ -254,7 +254,7 @@ void MainWindow::watchScale() {
     const auto tell = [label, limit, panel] {
         label->setText(limit->notice());
         label->setVisible(!limit->notice().isEmpty());
-        panel->setNote(QStringLiteral("scale"), limit->notice());
+        panel->setNote(limit->notice());
     };
     connect(limit, &ScaleLimit::changed, label, tell);
     connect(&Surface::instance(), &Surface::languageChanged, label, tell);

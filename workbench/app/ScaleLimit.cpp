@@ -19,13 +19,16 @@ QString percent(double scale) {
     return QStringLiteral("%1 %").arg(qRound(scale * 100));
 }
 
+bool holds(const QSize& available, double scale) {
+    return dialogSize.width() * scale <= available.width() &&
+           dialogSize.height() * scale <= available.height();
+}
+
 /// @return the largest scale offered at which the dialog fits; 100 % even where it does not.
 double largestFor(const QSize& available) {
     double found = offered[0];
     for (const double scale : offered)
-        if (dialogSize.width() * scale <= available.width() &&
-            dialogSize.height() * scale <= available.height())
-            found = scale;
+        if (holds(available, scale)) found = scale;
     return found;
 }
 
@@ -35,7 +38,7 @@ ScaleLimit::ScaleLimit(QWidget* window)
     : QObject(window),
       window(window),
       asked(Host::instance().scale()),
-      largest(largestFor(window->screen()->availableSize())) {
+      room(window->screen()->availableSize()) {
     window->installEventFilter(this);
     connect(&Host::instance(), &Host::scaleChanged, this, [this] {
         if (applying) return;
@@ -46,18 +49,20 @@ ScaleLimit::ScaleLimit(QWidget* window)
 }
 
 QString ScaleLimit::notice() const {
+    if (!holds(room, offered[0])) return said("屏幕太小，100 % 也容不下对话框");
+    const double largest = largestFor(room);
     if (asked <= largest) return {};
     return said("屏幕容不下 %1，缩放限为 %2").arg(percent(asked), percent(largest));
 }
 
 void ScaleLimit::fit(const QSize& available) {
-    largest = largestFor(available);
+    room = available;
     apply();
 }
 
 void ScaleLimit::apply() {
     applying = true;
-    Host::instance().setScale(qMin(asked, largest));
+    Host::instance().setScale(qMin(asked, largestFor(room)));
     applying = false;
     Q_EMIT changed();
 }

@@ -18,7 +18,7 @@ class ScaleLimit : public QObject {
 
     /// The scale that somebody asked for, whether it fits or not.
     double wanted() const { return asked; }
-    /// @return what to tell a person; empty while the scale is the wanted one.
+    /// @return what to tell a person; empty while the scale is the wanted one and the dialog fits.
     QString notice() const;
     /// Takes this for the room of the screen. @param available pixels.
     void fit(const QSize& available);
@@ -35,7 +35,7 @@ class ScaleLimit : public QObject {
 
     QWidget* window;
     double asked;
-    double largest;
+    QSize room;  ///< Of the screen.
     bool applying = false;
 };
 

@@ -28,6 +28,7 @@ const SurfaceText surfaceTexts[] = {
     {"刷新", "Refresh"},
     {"切换皮肤", "Switch Skin"},
     {"高对比度", "High Contrast"},
+    {"屏幕太小，100 % 也容不下对话框", "The screen is too small for the dialog even at 100 %"},
     {"屏幕容不下 %1，缩放限为 %2", "The screen is too small for %1: the scale is held at %2"},
     {"查找工程", "Find Project"},
     {"打开安装目录…", "Open Installation…"},
