@@ -39,20 +39,33 @@ class Dots : public testing::Test {
     looks_tests::SampleHost host;
 };
 
-TEST_F(Dots, AreTheSameBehindEveryScript) {
+TEST_F(Dots, AreTheSameBehindEveryScriptInLabelsAndControls) {
     QVector<QPair<int, int>> found;
     for (const QString& text : {chinese, latin, chinese + latin}) {
         newpro::ElidedLabel ofTheDialog(text, Qt::ElideRight, nullptr);
         zBaseLabel ofTheHost(text);
-        for (QWidget* widget : QWidgetList{&ofTheDialog, &ofTheHost}) {
-            widget->resize(150, 30);
-            found.append(inkOfLastSign(widget->grab().toImage()));
+        zBaseButton styledButton(text);
+        QPushButton button(text);
+        QCheckBox tick(text);
+        zBaseCombox styledField;
+        styledField.addItem(text);
+        QComboBox field;
+        field.addItem(text);
+        const struct {
+            QWidget* widget;
+            int behind;  // of the text: a border, an arrow
+        } rows[] = {{&ofTheDialog, 0}, {&ofTheHost, 0},    {&styledButton, 2}, {&button, 2},
+                    {&tick, 0},        {&styledField, 24}, {&field, 24}};
+        for (const auto& row : rows) {
+            SCOPED_TRACE(row.widget->metaObject()->className());
+            row.widget->resize(150, 30);
+            const QImage picture = row.widget->grab(QRect(4, 3, 146 - row.behind, 24)).toImage();
+            const auto dots = inkOfLastSign(picture);
+            found.append(dots);
+            EXPECT_NEAR(dots.first, found.first().first, 1);
+            EXPECT_NEAR(dots.second, found.first().second, 1);
+            EXPECT_LT(dots.second - dots.first, 5) << "that is no dot";
         }
-    }
-    for (const auto& rows : found) {
-        EXPECT_NEAR(rows.first, found.first().first, 1);
-        EXPECT_NEAR(rows.second, found.first().second, 1);
-        EXPECT_LT(rows.second - rows.first, 5) << "that is no dot";
     }
 }
 

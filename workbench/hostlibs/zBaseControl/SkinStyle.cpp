@@ -201,11 +201,8 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
     }
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (element == CE_CheckBoxLabel && button) return drawCheckBoxText(*painter, *button);
-    if (element == CE_PushButtonLabel && button) {
-        QStyleOptionButton cut = *button;
-        cut.text = cut.fontMetrics.elidedText(cut.text, Qt::ElideRight, cut.rect.width());
-        return QProxyStyle::drawControl(element, &cut, painter, widget);
-    }
+    if (element == CE_PushButtonLabel && button && button->icon.isNull())
+        return drawPushButtonText(*painter, *button);
     if (element == CE_ToolButtonLabel && hasTextBesideIcon(option))
         return drawToolButtonLabel(*painter, *static_cast<const QStyleOptionToolButton*>(option));
     const auto* dock = qstyleoption_cast<const QStyleOptionDockWidget*>(option);

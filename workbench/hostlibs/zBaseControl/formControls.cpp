@@ -21,9 +21,9 @@ void drawTick(QPainter& painter, const QRect& box, const QColor& pen) {
 }
 
 void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
-              const QString& text) {
+              const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
     painter.setPen(colour(option.state & QStyle::State_Enabled ? Tint::Text : Tint::Faint));
-    drawLine(painter, room, Qt::AlignLeft | Qt::AlignVCenter, text);
+    drawLine(painter, room, alignment | Qt::AlignVCenter, text);
 }
 
 }  // namespace
@@ -87,6 +87,10 @@ void drawPushButton(QPainter& painter, const QStyleOption& option) {
     QStyle::State state = option.state;
     state.setFlag(QStyle::State_MouseOver, fill != Tint::Card);
     drawField(painter, option.rect, colour(fill), state);
+}
+
+void drawPushButtonText(QPainter& painter, const QStyleOptionButton& option) {
+    drawText(painter, option, option.rect, option.text, Qt::AlignHCenter);
 }
 
 // Two lines wide, so that it is told from the border of what it lies on.

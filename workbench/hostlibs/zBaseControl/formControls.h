@@ -22,6 +22,8 @@ void drawToolButton(QPainter& painter, const QStyleOption& option);
 void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option);
 /// A push button but for its text.
 void drawPushButton(QPainter& painter, const QStyleOption& option);
+/// Its text, cut with dots.
+void drawPushButtonText(QPainter& painter, const QStyleOptionButton& option);
 /// The ring around what the keys go to.
 void drawFocusRing(QPainter& painter, const QRect& rect);
 
