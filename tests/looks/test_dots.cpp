@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include "core/ElidedLabel.h"
@@ -144,6 +145,28 @@ TEST_F(Dots, ATipIsShownOnlyWhereATextIsCut) {
     withoutTip.show();
     settle();
     EXPECT_EQ(tipOf(&withoutTip, {5, 5}), latin);
+}
+
+TEST_F(Dots, ATipDoesNotRepeatATextThatIsWhole) {
+    zBaseButton styledButton(latin);
+    QPushButton button(latin);
+    QCheckBox tick(latin);
+    QToolButton tool;
+    tool.setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    tool.setText(latin);
+    for (QWidget* control : QWidgetList{&styledButton, &button, &tick, &tool}) {
+        SCOPED_TRACE(control->metaObject()->className());
+        control->resize(800, 30);
+        control->show();
+        settle();
+        control->setToolTip(latin);
+        EXPECT_EQ(tipOf(control, {5, 5}), QString());
+        control->setToolTip(chinese);
+        EXPECT_EQ(tipOf(control, {5, 5}), chinese);
+    }
+    tool.setToolButtonStyle(Qt::ToolButtonIconOnly);
+    tool.setToolTip(latin);
+    EXPECT_EQ(tipOf(&tool, {5, 5}), latin) << "nothing else names it";
 }
 
 /// Buttons, ticks and fields with a list, the styled ones and Qt's.

@@ -94,8 +94,8 @@ QStringList untold(const QWidget* window) {
         const bool told = looks_tests::tipOf(widget, {2, 2}).startsWith(text.toHtmlEscaped());
         // Styled buttons first take a smaller font, down to half the size.
         const bool cut = needed > widget->width() * (qobject_cast<zBaseButton*>(widget) ? 2 : 1);
-        const bool whole = needed + scaled(60) < widget->width();
-        if (!text.isEmpty() && ((cut && !told) || (whole && told && widget->toolTip().isEmpty())))
+        const bool whole = needed + scaled(40) < widget->width();
+        if (!text.isEmpty() && ((cut && !told) || (whole && told)))
             found << widget->objectName() + QLatin1Char(' ') + text;
     }
     return found;

@@ -162,6 +162,8 @@ QAction* MainWindow::addAction(const QString& text, const char* picture, const c
                                const char* shortcut, const std::function<void()>& work) {
     auto* action = new QAction(text, this);
     action->setShortcut(QKeySequence(QLatin1String(shortcut)));
+    // Beside the text that its button shows.
+    if (*shortcut) action->setToolTip(action->shortcut().toString(QKeySequence::NativeText));
     connect(action, &QAction::triggered, this, work);
     action->setObjectName(QLatin1String(objectName));
     action->setProperty(pictureProperty,
@@ -171,9 +173,8 @@ QAction* MainWindow::addAction(const QString& text, const char* picture, const c
 }
 
 void MainWindow::makeActions() {
-    QAction* fresh = addAction(QStringLiteral("新建工程"), "new", "newProjectAction", "Ctrl+N",
-                               [this] { newProject(); });
-    fresh->setToolTip(QStringLiteral("新建工程（Ctrl+N）"));
+    addAction(QStringLiteral("新建工程"), "new", "newProjectAction", "Ctrl+N",
+              [this] { newProject(); });
     addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction", "Ctrl+Shift+N",
               [this] { chooseKind(); });
     tools->addSeparator();

@@ -19,7 +19,6 @@ const SurfaceText surfaceTexts[] = {
     {"视图", "View"},
     {"帮助", "Help"},
     {"新建工程", "New Project"},
-    {"新建工程（Ctrl+N）", "New project (Ctrl+N)"},
     {"选择工程类型", "Choose Kind"},
     {"新建审核工程", "New Audit Project"},
     {"导入Excel新建", "New from Excel"},

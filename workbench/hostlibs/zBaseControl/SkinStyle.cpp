@@ -102,7 +102,7 @@ bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTip && watched->isWidgetType()) {
         const auto& widget = *static_cast<QWidget*>(watched);
         const auto& asks = *static_cast<QHelpEvent*>(event);
-        return tellCutItem(widget, asks) || tellCutControl(widget, asks);
+        return tellCutItem(widget, asks) || tellControl(widget, asks);
     }
     return QProxyStyle::eventFilter(watched, event);
 }

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QPushButton>
 #include <QStyleOption>
+#include <QToolButton>
 #include <QToolTip>
 
 #include "zBaseControl.h"
@@ -44,6 +45,9 @@ Written writtenOn(const QWidget& widget) {
         return {tick->text(),
                 style->subElementRect(QStyle::SE_CheckBoxContents, &option, tick).width()};
     }
+    const auto* tool = qobject_cast<const QToolButton*>(&widget);
+    if (tool && tool->toolButtonStyle() != Qt::ToolButtonIconOnly)
+        return {tool->text(), tool->width()};
     // A styled button draws and tells its text itself.
     const auto* button = qobject_cast<const QPushButton*>(&widget);
     if (!button || qobject_cast<const zBaseButton*>(button)) return {};
@@ -71,18 +75,20 @@ bool tellCutSection(const QHeaderView& header, const QHelpEvent& event) {
 
 }  // namespace
 
-void tellWhole(const QWidget& widget, const QHelpEvent& event, const QString& text) {
+bool tellText(const QWidget& widget, const QHelpEvent& event, const QString& text, bool cut) {
     const QString own = widget.toolTip();
-    const QString whole = text.toHtmlEscaped();
-    QToolTip::showText(event.globalPos(),
-                       own.isEmpty() || own == text ? whole : whole + QStringLiteral("<br>") + own);
+    const bool repeated = !own.isEmpty() && own == text;
+    if (!cut && !repeated) return false;
+    QString tip = cut ? text.toHtmlEscaped() : QString();  // an empty one hides what is shown
+    if (cut && !repeated && !own.isEmpty()) tip += QStringLiteral("<br>") + own;
+    QToolTip::showText(event.globalPos(), tip);
+    return true;
 }
 
-bool tellCutControl(const QWidget& widget, const QHelpEvent& event) {
+bool tellControl(const QWidget& widget, const QHelpEvent& event) {
     const Written written = writtenOn(widget);
-    if (widget.fontMetrics().horizontalAdvance(written.text) <= written.room) return false;
-    tellWhole(widget, event, written.text);
-    return true;
+    return tellText(widget, event, written.text,
+                    widget.fontMetrics().horizontalAdvance(written.text) > written.room);
 }
 
 bool tellCutItem(const QWidget& viewport, const QHelpEvent& event) {

@@ -6,13 +6,14 @@
 
 namespace workbench {
 
-/// Shows a text that is cut as a tip, before the widget's own tip.
-void tellWhole(const QWidget& widget, const QHelpEvent& event, const QString& text);
+/// Answers the wish for a tip on something with a text: one that is cut is told whole, before the
+/// widget's own tip, and a tip that only repeats one that is not is kept back.
+/// @return whether it is dealt with; else the widget's own tip is due.
+bool tellText(const QWidget& widget, const QHelpEvent& event, const QString& text, bool cut);
 
-/// Answers the wish for a tip on a control of Qt's whose text the style may cut: a button, a tick
-/// or a field with a list. @return whether the text is cut, and told; else the widget's own tip is
-/// due.
-bool tellCutControl(const QWidget& widget, const QHelpEvent& event);
+/// The same for a control of Qt's whose text the style may cut: a button, a tick or a field with a
+/// list.
+bool tellControl(const QWidget& widget, const QHelpEvent& event);
 
 /// Answers the wish for a tip on a view or a header. @return whether it is dealt with; false where
 /// there is no item, or one that a widget shows.

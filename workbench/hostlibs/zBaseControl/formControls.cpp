@@ -20,8 +20,8 @@ void drawTick(QPainter& painter, const QRect& box, const QColor& pen) {
     painter.restore();
 }
 
-void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
-              const QString& text, Qt::Alignment alignment = Qt::AlignLeft) {
+void drawText(QPainter& painter, const QStyleOption& option, const QRect& room, const QString& text,
+              Qt::Alignment alignment = Qt::AlignLeft) {
     painter.setPen(colour(option.state & QStyle::State_Enabled ? Tint::Text : Tint::Faint));
     drawLine(painter, room, alignment | Qt::AlignVCenter, text);
 }

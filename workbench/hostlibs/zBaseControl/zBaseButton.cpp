@@ -255,9 +255,9 @@ bool zBaseButton::event(QEvent* event) {
             return true;
         }
         case QEvent::ToolTip:
-            if (!look->cut) break;
-            workbench::tellWhole(*this, *static_cast<QHelpEvent*>(event), text());
-            return true;
+            if (workbench::tellText(*this, *static_cast<QHelpEvent*>(event), text(), look->cut))
+                return true;
+            break;
         case QEvent::Polish:
             if (accessibleName().isEmpty() && text().isEmpty() && menu())
                 setAccessibleName(QStringLiteral("更多"));
