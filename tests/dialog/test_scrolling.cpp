@@ -1,22 +1,14 @@
 /// Scrolling by wheel and touchpad: by pixels, and at the cost of what is in sight.
-#include <QtTest/qtestspontaneevent.h>
-#include <QWheelEvent>
 #include <map>
 
 #include "tests/dialog/KeyboardFixture.h"
+#include "tests/support/Wheel.h"
 
 namespace {
 
 using namespace dialog_tests;
-
-/// @param angle in eighths of a degree; a notch has 120. Negative scrolls down.
-void turn(QWidget* over, int angle) {
-    const QPoint middle = over->rect().center();
-    QWheelEvent event(middle, over->mapToGlobal(middle), {}, {0, angle}, Qt::NoButton,
-                      Qt::NoModifier, Qt::NoScrollPhase, false);
-    QSpontaneKeyEvent::setSpontaneous(&event);  // only such a one goes on to what is around
-    qApp->notify(over, &event);
-}
+using testing_support::stroke;
+using testing_support::turn;
 
 class Scrolling : public Keyboard {
   protected:
@@ -61,6 +53,9 @@ TEST_F(Scrolling, IsByPixels) {
     turn(cards()->viewport(), -16);
     EXPECT_GT(bar()->value(), before) << "a touchpad sends parts of a notch";
     EXPECT_LT(bar()->value(), before + 12);
+    const int half = bar()->value();
+    stroke(cards()->viewport(), -16, -6);
+    EXPECT_NEAR(bar()->value() - half, half - before, 1) << "also where it counts pixels";
     EXPECT_GT(shown->height(), 80);
     for (int i = 0; i < 40; ++i)
         host.addTemplate(QStringLiteral("kvys"), QStringLiteral("模板%1.MODX").arg(i));

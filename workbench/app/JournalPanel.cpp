@@ -97,7 +97,6 @@ void JournalPanel::makeView() {
     view->setAlternatingRowColors(true);
     view->setFrameShape(QFrame::NoFrame);
     view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     empty = new EmptyState(view, [this] { return emptyText(); });
     connect(&Surface::instance(), &Surface::languageChanged, empty, &EmptyState::refresh);
     connect(filtered, &QAbstractItemModel::rowsInserted, view, [this] {

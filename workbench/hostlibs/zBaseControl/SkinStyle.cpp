@@ -147,6 +147,7 @@ int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
                          QStyleHintReturn* more) const {
     // A list below the field, not a menu over it.
     if (hint == SH_ComboBox_Popup) return 0;
+    if (hint == SH_ItemView_ScrollMode) return QAbstractItemView::ScrollPerPixel;
     return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
