@@ -68,7 +68,9 @@ const QVector<Drawn>& drawings() {
          Tint::Border,
          {window, card, hoveredCard, field, hovered, disabled},
          forShapes},
-        {"lit border", Tint::AccentLine, {pressed}, forShapes}};
+        {"lit border", Tint::AccentLine, {pressed}, forShapes},
+        {"handle of a scroll bar", Tint::Handle, {window, card, field, hovered}, forShapes},
+        {"hovered handle", Tint::HandleHover, {window, card, field, hovered}, forShapes}};
     return table;
 }
 

@@ -44,6 +44,8 @@ constexpr Shades shades[] = {
     {0xFFBFD4FA, 0xFF435574, 0xFF5A5A5A},  // Pressed
     {0xFFD3E6FF, 0xFF28426A, 0xFF003C8F},  // Selected
     {0xFFB8262E, 0xFFFF9699, 0xFFFF9A9A},  // Danger
+    {0xFF76829A, 0xFF8791A3, 0xFFFFFFFF},  // Handle
+    {0xFF525C6B, 0xFFB4BDCB, 0xFFFFD400},  // HandleHover
 };
 static_assert(sizeof(shades) / sizeof(*shades) == static_cast<size_t>(Tint::Count));
 

@@ -35,6 +35,8 @@ enum class Tint {
     Pressed,
     Selected,
     Danger,
+    Handle,  ///< Of scroll bars.
+    HandleHover,
     Count
 };
 

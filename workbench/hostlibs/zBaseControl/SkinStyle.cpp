@@ -19,19 +19,19 @@ namespace {
 
 constexpr double kRowHeight = 28;  // of every list and tree
 
-// Colours that can be seen in every skin, so that nothing has to be done when the skin changes.
 QString scrollBarSheet() {
     return QStringLiteral(
                "QScrollBar{background:transparent;border:none;margin:0}"
-               "QScrollBar::handle{background:#8791A3;border-radius:%1px;margin:%2px}"
-               "QScrollBar::handle:hover{background:#6C788C}"
+               "QScrollBar::handle{background:%4;border-radius:%1px;margin:%2px}"
+               "QScrollBar::handle:hover{background:%5}"
                "QScrollBar::handle:vertical{min-height:%3px}"
                "QScrollBar::handle:horizontal{min-width:%3px}"
                "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0}"
                "QScrollBar::add-page,QScrollBar::sub-page{background:transparent}")
         .arg(scaled(3))
         .arg(qMax(1, scaled(1)))
-        .arg(scaled(28));
+        .arg(scaled(28))
+        .arg(colour(Tint::Handle).name(), colour(Tint::HandleHover).name());
 }
 
 // A view may ask for a selection colour of the other skin, on which no text could be read.

@@ -21,7 +21,7 @@ class SkinStyle : public QProxyStyle {
   public:
     SkinStyle();
 
-    /// Gives a scroll bar its flat look at the current scale.
+    /// Gives a scroll bar its flat look in the current skin and scale.
     static void dress(QScrollBar& bar);
 
     using QProxyStyle::polish;

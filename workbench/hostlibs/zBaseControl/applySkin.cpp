@@ -67,9 +67,10 @@ void applySkin() {
     QToolTip::setFont(font);
     QToolTip::setPalette(palette);
     for (QWidget* widget : QApplication::allWidgets()) {
-        if (auto* bar = qobject_cast<QScrollBar*>(widget))
+        auto* bar = qobject_cast<QScrollBar*>(widget);
+        if (bar && bar->isVisible())  // the others when they are shown
             SkinStyle::dress(*bar);
-        else if (!widget->styleSheet().isEmpty())
+        else if (!bar && !widget->styleSheet().isEmpty())
             widget->setStyleSheet(widget->styleSheet());  // it keeps the old palette otherwise
         widget->update();
     }

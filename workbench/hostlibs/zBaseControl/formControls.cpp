@@ -20,10 +20,10 @@ void drawTick(QPainter& painter, const QRect& box, const QColor& pen) {
     painter.restore();
 }
 
-void drawText(QPainter& painter, const QStyleOption& option, const QRect& room, const QString& text,
-              Qt::Alignment alignment = Qt::AlignLeft) {
+void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
+              const QString& text) {
     painter.setPen(colour(option.state & QStyle::State_Enabled ? Tint::Text : Tint::Faint));
-    drawLine(painter, room, alignment | Qt::AlignVCenter, text);
+    drawLine(painter, room, Qt::AlignLeft | Qt::AlignVCenter, text);
 }
 
 }  // namespace
@@ -90,7 +90,8 @@ void drawPushButton(QPainter& painter, const QStyleOption& option) {
 }
 
 void drawPushButtonText(QPainter& painter, const QStyleOptionButton& option) {
-    drawText(painter, option, option.rect, option.text, Qt::AlignHCenter);
+    painter.setPen(option.palette.color(QPalette::ButtonText));
+    drawLine(painter, option.rect, Qt::AlignCenter, option.text);
 }
 
 // Two lines wide, so that it is told from the border of what it lies on.
