@@ -134,6 +134,7 @@ void ProModelItemForm::UpdateDataDisplay() {
     guarded(cardSource, [this] {
         if (!ui) return;
         ui->lblTitle->setText(model.name);
+        ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") + model.name);
 
         QStringList basis;
         if (!model.leadingBasisDocument.isEmpty()) basis << model.leadingBasisDocument;
@@ -200,6 +201,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
             emitWithout(create);
         });
     });
+    create->setAccessibleName(button->accessibleName());
     create->setTextAlignment(Qt::AlignRight);
     create->setControlType(newpro::SplitPart);
     create->setAutoDefault(false);

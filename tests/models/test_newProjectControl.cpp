@@ -48,6 +48,15 @@ TEST_F(Card, WithoutRecordOrModesTheButtonStaysPlain) {
     EXPECT_EQ(created.at(0).alternativeFeeMode, whole);
 }
 
+TEST_F(Card, TheButtonIsCalledByTheModelThatItCreatesFrom) {
+    make(model(name));
+    EXPECT_EQ(newButton()->accessibleName(), QStringLiteral("新建：某模式"));
+    configure({whole, single}, whole);
+    make(model(name));
+    EXPECT_EQ(newButton()->accessibleName(), QStringLiteral("新建：某模式"));
+    EXPECT_EQ(left()->accessibleName(), QStringLiteral("新建：某模式"));
+}
+
 TEST_F(Card, ExactlyOneModeIsTheModeOfTheProject) {
     configure({whole}, single);
     make(model(name, QStringLiteral("甲")));
