@@ -230,6 +230,7 @@ void MainWindow::makeDocks() {
 
 void MainWindow::makeStatusBar() {
     for (zBaseLabel* label : {created, installation}) label->setControlType(MessageTextType);
+    statusBar()->setSizeGripEnabled(false);  // a window is sized by its frame
     // Not a message of the bar's own, which would be cut off without dots.
     created->setObjectName(QStringLiteral("createdMessage"));
     created->setMinimumWidth(1);

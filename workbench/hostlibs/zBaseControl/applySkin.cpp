@@ -57,7 +57,7 @@ void applySkin() {
     SkinManager::instance();  // from now on it follows the host's skin and scale
     static bool styled = false;
     if (!styled) QApplication::setStyle(new SkinStyle);
-    makeCombosAccessible();
+    makeControlsAccessible();
     styled = true;
 
     const QFont font = TBaseTool::GetDefFont(scaled(13), QFont::Normal);

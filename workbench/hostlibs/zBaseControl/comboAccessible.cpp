@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QSplitter>
 
 namespace workbench {
 
@@ -93,13 +94,15 @@ class ComboAccessible : public QAccessibleWidget {
 };
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+    if (auto* line = qobject_cast<QSplitterHandle*>(object))
+        return new QAccessibleWidget(line, QAccessible::Separator);
     auto* combo = qobject_cast<QComboBox*>(object);
     return combo ? new ComboAccessible(combo) : nullptr;
 }
 
 }  // namespace
 
-void makeCombosAccessible() {
+void makeControlsAccessible() {
     static const struct Installed {
         Installed() { QAccessible::installFactory(makeInterface); }
         ~Installed() { QAccessible::removeFactory(makeInterface); }

@@ -1,10 +1,12 @@
-/// What a screen reader finds in a field with a list.
+/// What a screen reader finds in a field with a list, and in the line between two parts of a
+/// window.
 #pragma once
 
 namespace workbench {
 
 /// From here on such fields tell their names and values apart, and their lists only while they are
-/// open. Once for the process; further calls do nothing.
-void makeCombosAccessible();
+/// open, and such lines are separators: what Qt calls them no reader knows. Once for the process;
+/// further calls do nothing.
+void makeControlsAccessible();
 
 }  // namespace workbench
