@@ -72,6 +72,9 @@ FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* paren
     combo->setAccessibleName(config.caption);
     // Otherwise called by its placeholder.
     combo->lineEdit()->setAccessibleName(config.caption);
+    combo->setAccessibleDescription(QStringLiteral("输入路径，或从最近的工程中选择"));
+    browse->setAccessibleDescription(QStringLiteral("在文件窗口中选择") + config.caption);
+    create->setAccessibleDescription(QStringLiteral("由所填的工程文件") + config.createText);
 }
 
 void FileChooserPage::keyPressEvent(QKeyEvent* event) {

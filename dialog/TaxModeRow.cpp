@@ -11,15 +11,18 @@ namespace {
 struct ButtonText {
     const char* objectName;
     QString text;
+    QString description;  ///< For screen readers.
 };
 
 const std::array<ButtonText, taxPageCount>& buttonTexts() {
     static const std::array<ButtonText, taxPageCount> table = {{
-        {"generalTaxButton", QStringLiteral("一般计税")},
-        {"simpleTaxButton", QStringLiteral("简易计税")},
-        {"businessTaxButton", QStringLiteral("营业税")},
-        {"templateButton", QStringLiteral("模板工程")},
-        {"budgetButton", QStringLiteral("预算工程")},
+        {"generalTaxButton", QStringLiteral("一般计税"), QStringLiteral("列出一般计税的计价模型")},
+        {"simpleTaxButton", QStringLiteral("简易计税"), QStringLiteral("列出简易计税的计价模型")},
+        {"businessTaxButton", QStringLiteral("营业税"), QStringLiteral("列出营业税的计价模型")},
+        {"templateButton", QStringLiteral("模板工程"),
+         QStringLiteral("列出可用来新建的模板工程文件")},
+        {"budgetButton", QStringLiteral("预算工程"),
+         QStringLiteral("由已有的预算工程文件新建总承包")},
     }};
     return table;
 }
@@ -27,6 +30,7 @@ const std::array<ButtonText, taxPageCount>& buttonTexts() {
 zBaseButton* rowButton(const ButtonText& text, QWidget* row) {
     auto* button = new zBaseButton(text.text, row);
     button->setObjectName(QLatin1String(text.objectName));
+    button->setAccessibleDescription(text.description);
     button->setAutoDefault(false);
     button->setCheckable(true);
     button->setCheckedBackColorEnabled(true);

@@ -30,6 +30,13 @@ zBaseButton* buttonOf(QAction* action) {
     return tab ? tab->findChild<zBaseButton*>(QStringLiteral("curText")) : nullptr;
 }
 
+/// @return what an entry is for, to whom cannot see the page that it leads to.
+QString descriptionOf(const QString& entry) {
+    if (entry == excelImportEntry) return QStringLiteral("由Excel文件或文件夹新建工程");
+    if (entry == tenderImportEntry) return QStringLiteral("由电子招投标数据文件新建工程");
+    return QStringLiteral("在此窗口中新建") + entry;
+}
+
 }  // namespace
 
 template <typename Apply>
@@ -71,7 +78,10 @@ QAction* NewProCfgDialog::addXjPage(const RIBBON::CentralTab& tab, QWidget* page
         QAction* action = parts.ribbon->addTab(tab);
         if (!action) return action;  // the page stays, and the host has no entry for it
         parts.ribbon.need();         // where it has gone, the entry has, too
-        if (zBaseButton* button = buttonOf(action)) button->installEventFilter(this);
+        if (zBaseButton* button = buttonOf(action)) {
+            button->installEventFilter(this);
+            button->setAccessibleDescription(descriptionOf(tab.text));
+        }
         connect(action, &QAction::triggered, this, &NewProCfgDialog::slotRibbonTriggered);
         parts.pageOfAction.insert(action, shown);
         parts.actionOfTab.insert(tab.text, action);

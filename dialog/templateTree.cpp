@@ -209,6 +209,7 @@ std::unique_ptr<QWidget> NewProCfgDialogPrivate::templateRow(const QString& text
     create->setAutoDefault(false);
     create->setFixedWidth(scaled(buttonWidth));
     create->setAccessibleName(QStringLiteral("新建：") + text);
+    create->setAccessibleDescription(QStringLiteral("由此模板工程文件新建工程"));
     layout->addWidget(create);
     QObject::connect(create, &QAbstractButton::clicked, q.need(), [this, path] {
         operate({shared_from_this(), "addOneRowItem"},

@@ -17,11 +17,16 @@ const char chooserSource[] = "xzGcLxDialog";
 
 const int cancelled = 0;
 
-zBaseButton* button(const char* name, const QString& text, const QString& accessibleName,
-                    QWidget* parent) {
+/// What a screen reader tells of a button.
+struct Told {
+    QString name, description;
+};
+
+zBaseButton* button(const char* name, const QString& text, const Told& told, QWidget* parent) {
     auto* made = new zBaseButton(text, parent);
     made->setObjectName(QLatin1String(name));
-    made->setAccessibleName(accessibleName);
+    made->setAccessibleName(told.name);
+    made->setAccessibleDescription(told.description);
     made->setAutoDefault(false);
     return made;
 }
@@ -47,14 +52,18 @@ void xzGcLxDialog::CreateUI() {
         isCreated = true;
         caption = new zBaseLabel(QStringLiteral("选择工程类型:"), this);
         // Each is whole before the next is made: an exception there leaves it of use.
-        BtnYs = button("BtnYs", QStringLiteral("预算工程"), QStringLiteral("预算工程"), this);
+        BtnYs = button("BtnYs", QStringLiteral("预算工程"),
+                       {QStringLiteral("预算工程"), QStringLiteral("新建预算工程")}, this);
         connect(BtnYs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnYs_clicked);
-        BtnZcb = button("BtnZcb", QStringLiteral("总承包工程"), QStringLiteral("总承包工程"), this);
+        BtnZcb = button("BtnZcb", QStringLiteral("总承包工程"),
+                        {QStringLiteral("总承包工程"), QStringLiteral("新建总承包工程")}, this);
         connect(BtnZcb, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnZcb_clicked);
-        BtnGs = button("BtnGs", QStringLiteral("概     算"), QStringLiteral("概算"), this);
+        BtnGs = button("BtnGs", QStringLiteral("概     算"),
+                       {QStringLiteral("概算"), QStringLiteral("新建概算工程")}, this);
         BtnGs->hide();
         connect(BtnGs, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnGs_clicked);
-        BtnQx = button("BtnQx", QStringLiteral("取     消"), QStringLiteral("取消"), this);
+        BtnQx = button("BtnQx", QStringLiteral("取     消"),
+                       {QStringLiteral("取消"), QStringLiteral("关闭此窗口，不新建工程")}, this);
         connect(BtnQx, &QPushButton::clicked, this, &xzGcLxDialog::on_BtnQx_clicked);
     });
 }

@@ -190,6 +190,7 @@ void TemplateProListItem::InitWidgetDisplay() {
     guarded(templateCardSource, [this] {
         ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") +
                                              QFileInfo(m_strFile).completeBaseName());
+        ui->btnNewProject->setAccessibleDescription(QStringLiteral("由此模板工程文件新建工程"));
         if (QFileInfo::exists(m_strFile)) showFile();
     });
 }

@@ -117,6 +117,7 @@ void importExcelSelFile::createTypeSection(QVBoxLayout* sections, const QFont& f
     row->addStretch();
     m_pJjmsCombo->setObjectName(QStringLiteral("m_pJjmsCombo"));
     m_pJjmsCombo->setAccessibleName(QStringLiteral("计价模式"));
+    m_pJjmsCombo->setAccessibleDescription(QStringLiteral("新建的工程所用的计价模式"));
     m_pJjmsCombo->SetComboxShowIcon(true);
     m_pJjmsCombo->setFixedHeight(scaled(32));
     m_pJjmsCombo->setFixedWidth(scaled(490));

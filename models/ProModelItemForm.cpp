@@ -135,6 +135,7 @@ void ProModelItemForm::UpdateDataDisplay() {
         if (!ui) return;
         ui->lblTitle->setText(model.name);
         ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") + model.name);
+        ui->btnNewProject->setAccessibleDescription(QStringLiteral("按此计价模型新建工程"));
 
         QStringList basis;
         if (!model.leadingBasisDocument.isEmpty()) basis << model.leadingBasisDocument;
@@ -202,6 +203,8 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
         });
     });
     create->setAccessibleName(button->accessibleName());
+    create->setAccessibleDescription(button->accessibleDescription());
+    button->setAccessibleDescription(QString());  // it is said of the part
     create->setTextAlignment(Qt::AlignRight);
     create->setControlType(newpro::SplitPart);
     create->setAutoDefault(false);
@@ -216,6 +219,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
     choose->setControlType(newpro::SplitPart);
     choose->setAutoDefault(false);
     choose->setAccessibleName(QStringLiteral("选择计费方式"));
+    choose->setAccessibleDescription(QStringLiteral("选择计费方式，并按此模型新建：") + model.name);
     layout->addWidget(choose);
 }
 

@@ -84,6 +84,26 @@ bool isInteractive(const QAccessibleInterface* thing) {
     }
 }
 
+/// @return whether a person may have to ask what the thing is for.
+bool isControl(const QAccessibleInterface* thing) {
+    switch (thing->role()) {
+        case QAccessible::Button:
+        case QAccessible::ButtonMenu:
+        case QAccessible::CheckBox:
+        case QAccessible::ComboBox:
+        case QAccessible::EditableText:
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// @return whether it tells more than its name.
+bool isDescribed(const QAccessibleInterface* thing) {
+    const QString description = thing->text(QAccessible::Description);
+    return !description.isEmpty() && description != thing->text(QAccessible::Name);
+}
+
 QString told(QAccessibleInterface* thing) {
     const QObject* object = thing->object();
     return treeLine({thing, 0}) + QStringLiteral(" (%1 %2)")
@@ -115,6 +135,8 @@ QStringList accessibleFaults(QWidget* window) {
         if (widget) objects.insert(widget);
         if (isInteractive(thing) && thing->text(QAccessible::Name).isEmpty())
             faults << QStringLiteral("no name: ") + told(thing);
+        if (isControl(thing) && !isDescribed(thing))
+            faults << QStringLiteral("no description: ") + told(thing);
         if (thing->role() == QAccessible::NoRole)
             faults << QStringLiteral("no role: ") + told(thing);
         if (widget && !widget->isVisible())

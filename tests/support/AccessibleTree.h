@@ -21,8 +21,9 @@ QVector<Found> foundIn(QWidget* window);
 QString accessibleTree(QWidget* window);
 
 /// @return what is wrong in the tree of a window against what is seen of the window: an interactive
-///         thing without a name or a known role, one that is on the screen and not in the tree, one
-///         in the tree that is not on the screen, one that is not its parent's child.
+///         thing without a name or a known role, a control without a description, one that is on
+///         the screen and not in the tree, one in the tree that is not on the screen, one that is
+///         not its parent's child.
 QStringList accessibleFaults(QWidget* window);
 
 }  // namespace testing_support

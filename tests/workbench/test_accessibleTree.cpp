@@ -10,7 +10,11 @@
 #include "import/importExcelSelFile.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/workbench/FileDialogHand.h"
+#include "workbench/app/AboutDialog.h"
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/NoticeBar.h"
+#include "workbench/hostlibs/fileDialog/DownloadWindow.h"
+#include "workbench/hostlibs/fileDialog/LoginWindow.h"
 #include "workbench/scenario/hostDialog.h"
 #include "zControl.h"
 
@@ -162,6 +166,21 @@ TEST_F(AccessibleTree, OfTheMainWindowIsWhole) {
     EXPECT_EQ(accessibleFaults(&window), QStringList());
     if (!qEnvironmentVariableIsEmpty("NEWPRO_SHOW_TREE"))
         qInfo("%s", qPrintable(accessibleTree(&window)));
+}
+
+TEST_F(AccessibleTree, OfTheWorkbenchsSmallWindowsIsWhole) {
+    dialog.reset();
+    workbench::AboutDialog about(nullptr);
+    workbench::LoginWindow login;
+    workbench::DownloadWindow download(QStringLiteral("甲.GCFX"), nullptr);
+    workbench::NoticeBar notice;
+    notice.tell({"安装目录无法打开", {}, "", {{"重新读取", [] {}}}});
+    for (QWidget* window : QWidgetList{&about, &login, &download, &notice}) {
+        window->show();
+        settle();
+        EXPECT_EQ(accessibleFaults(window), QStringList());
+        window->hide();
+    }
 }
 
 TEST_F(AccessibleTree, OfTheFileDialogIsWhole) {

@@ -51,8 +51,8 @@ class SurfaceTest : public MainWindowTest {
         for (const QObject* object : qAsConst(objects)) {
             if (isData(object)) continue;
             const bool visual = object->isWidgetType() || qobject_cast<const QAction*>(object);
-            for (const char* property :
-                 {"text", "title", "windowTitle", "accessibleName", "toolTip", "placeholderText"})
+            for (const char* property : {"text", "title", "windowTitle", "accessibleName",
+                                         "accessibleDescription", "toolTip", "placeholderText"})
                 if (visual) look(object, property, object->property(property).toString());
             const auto* box = qobject_cast<const QComboBox*>(object);
             for (int i = 0; box && i < box->count(); ++i) look(object, "item", box->itemText(i));

@@ -90,8 +90,10 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     auto* buttons = new QDialogButtonBox;
     auto* copy = buttons->addButton(said("复制版本信息"), QDialogButtonBox::ActionRole);
     copy->setObjectName(QStringLiteral("copyVersions"));
+    copy->setAccessibleDescription(said("把以上各项的版本复制到剪贴板"));
     auto* close = buttons->addButton(said("关闭"), QDialogButtonBox::AcceptRole);
     close->setObjectName(QStringLiteral("closeAbout"));
+    close->setAccessibleDescription(said("关闭此窗口"));
     close->setDefault(true);
     close->setFocus();
     connect(copy, &QPushButton::clicked, this,

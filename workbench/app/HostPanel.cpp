@@ -19,6 +19,36 @@
 
 namespace workbench {
 
+namespace {
+
+/// What each switch is for, to whom the captions around it are not in sight.
+const std::pair<const char*, const char*> descriptions[] = {
+    {"firstPage", "对话框询问时首页插件的状态"},
+    {"prodAreaYN", "主程序所在的地区"},
+    {"openVersion", "此版本及以前的功能可用"},
+    {"configuration", "主程序是否有计价配置"},
+    {"account.userId", "云账号的用户名"},
+    {"account.loggedIn", "云账号是否已登录"},
+    {"account.login", "登录窗口如何回答"},
+    {"cloud.slow", "云盘过一会儿才应答"},
+    {"cloud.refused", "云盘对每个请求都拒绝"},
+    {"cloud.broken", "云盘的应答无法读懂"},
+    {"cloud.foldersRefused", "云盘不列出文件夹"},
+    {"pluginManager", "主程序是否有插件管理器"},
+    {"plugins.4", "对话框不必再加载预算插件"},
+    {"plugins.8", "对话框不必再加载结算插件"},
+    {"plugins.16", "对话框不必再加载总承包插件"},
+    {"skin", "窗口和对话框的颜色"},
+    {"scale", "窗口和对话框的大小"}};
+
+void describe(QWidget* control) {
+    for (const auto& [key, text] : descriptions)
+        if (control->objectName() == QLatin1String(key))
+            control->setAccessibleDescription(QString::fromUtf8(text));
+}
+
+}  // namespace
+
 HostPanel::HostPanel(QWidget* parent)
     : QScrollArea(parent), form(new QFormLayout), note(new QLabel) {
     auto* content = new QWidget;
@@ -83,6 +113,7 @@ void HostPanel::addText(const HostSwitch& each, const QString& caption) {
     auto* line = new QLineEdit;
     line->setObjectName(each.field.key);
     line->setAccessibleName(caption);
+    describe(line);
     connect(line, &QLineEdit::textEdited, this, [&each](const QString& text) { each.set(text); });
     refreshers.append([line, &each] {
         if (line->text() != each.get().toString()) line->setText(each.get().toString());
@@ -95,6 +126,7 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
     auto* box = new QComboBox;
     box->setObjectName(each.field.key);
     box->setAccessibleName(caption);
+    describe(box);
     for (int i = 0; i < captions.size(); ++i) box->addItem(captions[i], each.field.words.at(i));
     connect(box, QOverload<int>::of(&QComboBox::activated), this,
             [box, &each](int index) { each.set(box->itemData(index).toString()); });
@@ -118,6 +150,7 @@ void HostPanel::addTick(const QString& caption, const QString& name, std::functi
     auto* box = new QCheckBox(caption);
     box->setObjectName(name);
     box->setAccessibleName(caption);
+    describe(box);
     connect(box, &QCheckBox::clicked, this, set);
     refreshers.append([box, isOn] { box->setChecked(isOn()); });
     form->addRow(box);

@@ -66,6 +66,7 @@ QWidget* JournalPanel::makeFilterRow() {
         kind->addItem(kindText(QLatin1String(each)), QLatin1String(each));
     kind->setObjectName(QStringLiteral("journalKind"));
     kind->setAccessibleName(QStringLiteral("日志类别"));
+    kind->setAccessibleDescription(QStringLiteral("只显示此类别的日志"));
     kind->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     text->setPlaceholderText(QStringLiteral("筛选：接口名、代码或文字"));
     addClearAction(text);
@@ -74,6 +75,7 @@ QWidget* JournalPanel::makeFilterRow() {
     auto* clear = new QPushButton(QStringLiteral("清空"));
     clear->setObjectName(QStringLiteral("journalClear"));
     clear->setAccessibleName(QStringLiteral("清空日志"));
+    clear->setAccessibleDescription(QStringLiteral("从列表中去掉所有日志"));
     connect(kind, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &JournalPanel::applyFilter);
     connect(text, &QLineEdit::textChanged, this, &JournalPanel::applyFilter);

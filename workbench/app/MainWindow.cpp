@@ -187,9 +187,19 @@ void MainWindow::makeActions() {
     tools->setMovable(false);
     tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addToolBar(tools);
-    for (QAction* action : tools->actions())
-        if (QWidget* button = tools->widgetForAction(action))
-            button->setAccessibleName(action->text());
+    const struct {
+        const char *action, *description;
+    } described[] = {{"newProjectAction", "打开对话框，新建一个工程"},
+                     {"chooseKindAction", "先选择工程类型，再打开对话框"},
+                     {"openFolderAction", "在文件管理器中打开工程文件夹"},
+                     {"refreshAction", "重新读取工程列表"},
+                     {"skinAction", "换上下一种皮肤"}};
+    for (const auto& each : described) {
+        auto* action = findChild<QAction*>(QLatin1String(each.action));
+        QWidget* button = tools->widgetForAction(action);
+        button->setAccessibleName(action->text());
+        button->setAccessibleDescription(QString::fromUtf8(each.description));
+    }
 }
 
 /// One entry for each skin, of which the current one is marked.

@@ -67,11 +67,13 @@ void NoticeBar::say() {
     for (int i = 0; i < notice.actions.size(); ++i) {
         auto* button = new QPushButton(said(notice.actions[i].text));
         button->setObjectName(QStringLiteral("noticeAction%1").arg(i));
+        button->setAccessibleDescription(text->text());
         // A copy: the work may tell something else.
         connect(button, &QPushButton::clicked, this, [work = notice.actions[i].work] { work(); });
         buttons->addWidget(button);
     }
     closing->setText(said("知道了"));
+    closing->setAccessibleDescription(said("收起此通知"));
     buttons->addWidget(closing);
     buttons->addStretch();
 }

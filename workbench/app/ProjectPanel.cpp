@@ -204,6 +204,7 @@ QWidget* ProjectPanel::makeDetails() {
     request = new QPlainTextEdit;
     request->setObjectName(QStringLiteral("detailRequest"));
     request->setAccessibleName(QStringLiteral("创建请求"));
+    request->setAccessibleDescription(QStringLiteral("对话框为此工程发出的请求"));
     request->setReadOnly(true);
     request->setLineWrapMode(QPlainTextEdit::NoWrap);
     layout->addWidget(request, 1);

@@ -30,7 +30,8 @@ DownloadWindow::DownloadWindow(const QString& fileName, QWidget* parent)
         label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     text->setObjectName(QStringLiteral("downloadText"));
     bar->setObjectName(QStringLiteral("downloadBar"));
-    auto* cancel = windowButton("cancelDownload", QStringLiteral("取消"), this);
+    auto* cancel = windowButton("cancelDownload", QStringLiteral("取消"),
+                                QStringLiteral("停止下载，不打开文件"), this);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

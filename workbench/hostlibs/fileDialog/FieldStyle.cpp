@@ -25,10 +25,12 @@ QString fieldSheet() {
         .arg(qMax(1, scaled(1)));
 }
 
-zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent) {
+zBaseButton* windowButton(const char* name, const QString& text, const QString& description,
+                          QWidget* parent) {
     auto* button = new zBaseButton(text, parent);
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(text);
+    button->setAccessibleDescription(description);
     button->setAutoDefault(false);
     button->setFixedSize(roomFor(88), roomFor(30));
     return button;

@@ -51,10 +51,12 @@ LoginWindow::LoginWindow(QWidget* parent)
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(scaled(8));
     buttons->addStretch(1);
-    auto* login = windowButton("loginButton", QStringLiteral("登录"), this);
+    auto* login = windowButton("loginButton", QStringLiteral("登录"),
+                               QStringLiteral("用所填的账号登录云盘"), this);
     login->setControlType(DefaultActionType);
     login->setDefault(true);
-    auto* cancel = windowButton("cancelButton", QStringLiteral("取消"), this);
+    auto* cancel = windowButton("cancelButton", QStringLiteral("取消"),
+                                QStringLiteral("不登录，关闭此窗口"), this);
     buttons->addWidget(login);
     buttons->addWidget(cancel);
     column->addLayout(buttons);
@@ -70,6 +72,7 @@ void LoginWindow::addRow(QGridLayout* grid, int row, const QString& label, QLine
     auto* text = new zBaseLabel(label, this);
     text->setBuddy(field);
     field->setAccessibleName(label);
+    field->setAccessibleDescription(QStringLiteral("云盘的") + label);
     field->setFixedHeight(roomFor(30));
     grid->addWidget(text, row, 0);
     grid->addWidget(field, row, 1);

@@ -60,10 +60,12 @@ Layout* plainLayout(QWidget* widget, int spacing) {
     return layout;
 }
 
-QLineEdit* field(const char* name, const QString& nameForReaders, QWidget* parent) {
+QLineEdit* field(const char* name, const QString& nameForReaders, const QString& description,
+                 QWidget* parent) {
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setAccessibleName(nameForReaders);
+    edit->setAccessibleDescription(description);
     edit->setFixedHeight(roomFor(fieldHeight));
     return edit;
 }
@@ -100,6 +102,7 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
         auto* place = new zBaseButton(QString::fromUtf8(entry.text), column);
         place->setObjectName(QLatin1String(entry.name));
         place->setAccessibleName(QStringLiteral("位置：") + QString::fromUtf8(entry.text));
+        place->setAccessibleDescription(QStringLiteral("列出此位置的文件"));
         place->setProperty("place", entry.place);
         place->setAutoDefault(false);
         place->setCheckable(true);
@@ -117,9 +120,11 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
 QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
-    upButton = windowButton("upButton", QStringLiteral("上一级"), row);
+    upButton =
+        windowButton("upButton", QStringLiteral("上一级"), QStringLiteral("转到上一级文件夹"), row);
     upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
-    pathField = field("pathField", QStringLiteral("路径"), row);
+    pathField = field("pathField", QStringLiteral("路径"),
+                      QStringLiteral("所列文件夹的路径，按回车键转到"), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
     return row;
@@ -188,12 +193,14 @@ QWidget* OpenDialogView::nameRow() {
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     const QString name = foldersWanted ? QStringLiteral("文件夹") : QStringLiteral("文件名");
     auto* label = new zBaseLabel(name + QStringLiteral("："), row);
-    nameField = field("nameField", foldersWanted ? QStringLiteral("文件夹名") : name, row);
+    nameField = field("nameField", foldersWanted ? QStringLiteral("文件夹名") : name,
+                      QStringLiteral("要打开的") + name, row);
     label->setBuddy(nameField);
     if (foldersWanted) nameField->setPlaceholderText(QStringLiteral("当前文件夹"));
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
+    filterBox->setAccessibleDescription(QStringLiteral("只列出此类型的文件"));
     filterBox->setFixedHeight(roomFor(fieldHeight));
     filterBox->setMinimumWidth(scaled(120));
     filterBox->setMaximumWidth(roomFor(240));
@@ -218,10 +225,12 @@ QWidget* OpenDialogView::buttonRow() {
     progressBar->setObjectName(QStringLiteral("progressBar"));
     progressBar->setFixedWidth(scaled(160));
     progressBar->hide();
-    openButton = windowButton("openButton", QStringLiteral("打开"), row);
+    openButton = windowButton("openButton", QStringLiteral("打开"),
+                              QStringLiteral("打开所选的文件或文件夹"), row);
     openButton->setControlType(DefaultActionType);
     openButton->setDefault(true);
-    cancelButton = windowButton("cancelButton", QStringLiteral("取消"), row);
+    cancelButton = windowButton("cancelButton", QStringLiteral("取消"),
+                                QStringLiteral("不作选择，关闭此窗口"), row);
     layout->addWidget(messageLabel, 1);
     layout->addWidget(progressBar);
     layout->addWidget(openButton);

@@ -83,6 +83,8 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
     for (int i = 0; i < buttons.size(); ++i) {
         auto* button = new zBaseButton(buttons[i], this);
         button->setObjectName(QStringLiteral("button%1").arg(i));
+        // What it answers: the keys are with it when the box comes up.
+        button->setAccessibleDescription(findChild<QLabel*>(QStringLiteral("text"))->text());
         button->setMinimumSize(scaled(76), scaled(28));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
         button->setAutoDefault(false);

@@ -23,6 +23,7 @@ class CloseButton : public QAbstractButton {
     explicit CloseButton(QWidget* parent) : QAbstractButton(parent) {
         setObjectName(closeName);
         setAccessibleName(QStringLiteral("关闭"));
+        setAccessibleDescription(QStringLiteral("关闭此窗口，不作选择"));
         setToolTip(QStringLiteral("关闭"));
         setAttribute(Qt::WA_Hover);
         setFocusPolicy(Qt::NoFocus);  // Esc closes; the first tab stop belongs to the content
