@@ -13,6 +13,7 @@
 #include <QTreeView>
 #include <memory>
 
+#include "tests/workbench/FileDialogHand.h"
 #include "tests/workbench/MainWindowFixture.h"
 #include "workbench/app/AboutDialog.h"
 
@@ -37,8 +38,11 @@ class SurfaceTest : public MainWindowTest {
         text.remove(QStringLiteral("语言"));  // that menu is found in either language
         return text.contains(han);
     }
-    /// @return what the window says in Chinese, as "name.property: text".
-    Lines chineseTexts() {
+    SurfaceTest() : MainWindowTest(true) {}
+
+    Lines chineseTexts() { return chineseTextsOf(window.get()); }
+    /// @return what a window says in Chinese, as "name.property: text".
+    static Lines chineseTextsOf(QWidget* root) {
         Lines found;
         const auto look = [&found](const QObject* object, const char* what, const QString& text) {
             if (isChinese(text))
@@ -46,8 +50,8 @@ class SurfaceTest : public MainWindowTest {
                                  QLatin1String(": ") + text)
                                     .toStdString());
         };
-        QObjectList objects = window->findChildren<QObject*>();
-        objects.append(window.get());
+        QObjectList objects = root->findChildren<QObject*>();
+        objects.append(root);
         for (const QObject* object : qAsConst(objects)) {
             if (isData(object)) continue;
             const bool visual = object->isWidgetType() || qobject_cast<const QAction*>(object);
@@ -142,6 +146,56 @@ TEST_F(SurfaceTest, ReasonsOfFilesStayAsTheyAre) {
     QFile missing(QStringLiteral("/nowhere"));
     EXPECT_FALSE(missing.open(QIODevice::ReadOnly));
     EXPECT_EQ(missing.errorString(), noSuchFile());
+}
+
+TEST_F(SurfaceTest, TheFileDialogSpeaksTheWindowsLanguageWhereTheWindowAsks) {
+    host.write(QStringLiteral("D/a/b.txt"));
+    for (const bool english : {true, false}) {
+        part<QAction>(english ? "language.en" : "language.zh")->trigger();
+        const auto driver = whenModal<workbench::OpenDialog>([&](workbench::OpenDialog* shown) {
+            Hand hand(shown);
+            const auto expect = [&](const QString& text) {
+                EXPECT_FALSE(text.isEmpty());
+                EXPECT_EQ(isChinese(text), !english) << text.toStdString();
+            };
+            EXPECT_EQ(chineseTextsOf(shown).empty(), english);
+            if (english) EXPECT_EQ(chineseTextsOf(shown), Lines());
+            expect(shown->windowTitle());
+            hand.write("pathField", host.path(QStringLiteral("D")));
+            hand.key("pathField", Qt::Key_Return);
+            expect(hand.list()->model()->index(0, 1).data().toString());
+            for (const char* wrong : {"/nowhere", "个人云盘"}) {
+                hand.write("pathField", QString::fromUtf8(wrong));
+                hand.key("pathField", Qt::Key_Return);
+                expect(hand.message());
+            }
+            hand.write("nameField", QStringLiteral("x"));
+            hand.press("openButton");
+            expect(hand.message());
+            hand.write("nameField", QStringLiteral("a"));
+            hand.write("pathField", host.path(QStringLiteral("D/a")));
+            hand.key("pathField", Qt::Key_Return);
+            expect(child<QLabel>(shown, "emptyState")->accessibleName());
+            shown->reject();
+        });
+        part<QAction>("openInstallationAction")->trigger();
+    }
+}
+
+TEST_F(SurfaceTest, TheFileDialogOfTheDialogStaysChinese) {
+    part<QAction>("language.en")->trigger();
+    const auto driver = whenModal<workbench::OpenDialog>([](workbench::OpenDialog* shown) {
+        EXPECT_EQ(shown->windowTitle(), QStringLiteral("打开文件"));
+        EXPECT_GT(chineseTextsOf(shown).size(), 15u);
+        shown->reject();
+    });
+    part<QAction>("importTenderAction")->trigger();
+}
+
+TEST_F(SurfaceTest, TheProgramIsNamedInTheWindowsLanguage) {
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QStringLiteral("新建工程工作台"));
+    part<QAction>("language.en")->trigger();
+    EXPECT_EQ(QGuiApplication::applicationDisplayName(), QStringLiteral("New Project Workbench"));
 }
 
 TEST_F(SurfaceTest, TheDialogStaysChinese) {

@@ -103,6 +103,11 @@ void nameTitleButtons(const QDockWidget& dock) {
     }
 }
 
+/// The name that a desktop shows beside each window's title.
+void nameProgram() {
+    QApplication::setApplicationDisplayName(said("新建工程工作台"));
+}
+
 /// Puts on the skin after the current one.
 void nextSkin() {
     Host& host = Host::instance();
@@ -147,6 +152,8 @@ MainWindow::MainWindow(Settings* settings)
     showInstallation();
     projects->setFocus();
     Surface::instance().adopt(this);
+    connect(&Surface::instance(), &Surface::languageChanged, this, nameProgram);
+    nameProgram();
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::showInstallation);
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::adaptToLook);
     if (!settings || !settings->restore(*this))

@@ -14,6 +14,7 @@
 #include "workbench/app/Surface.h"
 #include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/fileDialog/OpenDialog.h"
 
 namespace workbench {
@@ -109,7 +110,11 @@ void MainWindow::chooseInstallation() {
     request.folder = Host::instance().installation().folder;
     request.caption = said("打开安装目录");
     request.type = OpenFolder;
-    const FileAnswer answer = OpenDialog::ask(this, request);
+    const FileAnswer answer = [&] {
+        // The window's own, and so in its language.
+        const HostTexts texts([](const QString& chinese) { return said(chinese); });
+        return OpenDialog::ask(this, request);
+    }();
     if (!answer.path.isEmpty()) openInstallation(answer.path);
 }
 

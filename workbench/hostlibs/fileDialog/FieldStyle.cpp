@@ -3,6 +3,7 @@
 #include <QProgressBar>
 
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "zBaseControl.h"
 
 namespace workbench {
@@ -38,7 +39,7 @@ zBaseButton* windowButton(const char* name, const QString& text, const QString& 
 
 QProgressBar* makeProgressBar(QWidget* parent) {
     auto* bar = new QProgressBar(parent);
-    bar->setAccessibleName(QStringLiteral("下载进度"));
+    bar->setAccessibleName(hostText(QStringLiteral("下载进度")));
     bar->setFixedHeight(scaled(8));
     bar->setTextVisible(false);
     return bar;

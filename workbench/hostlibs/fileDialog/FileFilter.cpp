@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+#include "workbench/hostlibs/common/hostTexts.h"
+
 namespace workbench {
 
 namespace {
@@ -35,7 +37,7 @@ FileFilter FileFilter::fromList(const QStringList& entries) {
     }
     if (everything) filter.suffixes.clear();
     if (filter.description.isEmpty() && filter.suffixes.isEmpty())
-        filter.description = QStringLiteral("所有文件");
+        filter.description = hostText(QStringLiteral("所有文件"));
     return filter;
 }
 
@@ -49,7 +51,8 @@ QString FileFilter::text() const {
     QStringList patterns;
     for (const QString& suffix : suffixes) patterns.append(QLatin1String("*.") + suffix);
     if (patterns.isEmpty()) patterns.append(QStringLiteral("*.*"));
-    const QString title = description.isEmpty() ? QStringLiteral("支持的文件") : description;
+    const QString title =
+        description.isEmpty() ? hostText(QStringLiteral("支持的文件")) : description;
     return title + QLatin1String(" (") + patterns.join(QLatin1String("; ")) + QLatin1Char(')');
 }
 

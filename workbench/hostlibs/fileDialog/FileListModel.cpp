@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "workbench/hostlibs/common/hostTexts.h"
+
 namespace workbench {
 
 namespace {
@@ -19,9 +21,10 @@ QString suffixOf(const QString& name) {
 }
 
 QString typeText(const FileEntry& entry) {
-    if (entry.folder) return QStringLiteral("文件夹");
+    if (entry.folder) return hostText(QStringLiteral("文件夹"));
     const QString suffix = suffixOf(entry.name);
-    return suffix.isEmpty() ? QStringLiteral("文件") : suffix + QStringLiteral(" 文件");
+    return suffix.isEmpty() ? hostText(QStringLiteral("文件"))
+                            : hostText(QStringLiteral("%1 文件")).arg(suffix);
 }
 
 QString sizeText(const FileEntry& entry) {
@@ -191,7 +194,7 @@ QVariant FileListModel::data(const QModelIndex& index, int role) const {
 
 QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount) return {};
-    if (role == Qt::DisplayRole) return QString::fromUtf8(titles[section]);
+    if (role == Qt::DisplayRole) return hostText(QString::fromUtf8(titles[section]));
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(Qt::AlignVCenter |
                                 (section == SizeColumn ? Qt::AlignRight : Qt::AlignLeft));

@@ -6,6 +6,7 @@
 #include "fileDialog.h"
 #include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/osgi/LoginHook.h"
 #include "workbench/projects/fileKind.h"
 
@@ -41,10 +42,11 @@ bool FileLocation::goTo(int place) {
 }
 
 bool FileLocation::goToFolder(const QString& path) {
-    if (path.contains(QChar::Null)) return fail(QString::fromUtf8(fileAdvice(nulReason())));
+    if (path.contains(QChar::Null))
+        return fail(hostText(QString::fromUtf8(fileAdvice(nulReason()))));
     const QFileInfo info(path);
     if (path.isEmpty() || !info.isDir() || !info.isReadable())
-        return fail(QStringLiteral("无法打开文件夹“%1”").arg(path));
+        return fail(hostText(QStringLiteral("无法打开文件夹“%1”")).arg(path));
     local = QDir::cleanPath(info.absoluteFilePath());
     shown = isAtOrBelow(local, projectFolder()) ? ProjectPlace : ComputerPlace;
     selected.clear();
@@ -67,7 +69,7 @@ bool FileLocation::goToTyped(const QString& text) {
     const QStringList names = text.split(zFileDialog::pathFgf, Qt::SkipEmptyParts);
     const bool personal = names.value(0) == personalDisk;
     if (personal || names.value(0) == companyDisk) {
-        if (!withClouds) return fail(QStringLiteral("此处不能使用云盘"));
+        if (!withClouds) return fail(hostText(QStringLiteral("此处不能使用云盘")));
         return goToCloud(personal ? PersonalPlace : CompanyPlace, names.mid(1));
     }
     if (text.contains(QChar::Null)) return goToFolder(text);

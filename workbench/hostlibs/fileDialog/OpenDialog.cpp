@@ -11,6 +11,7 @@
 #include "workbench/base/fileAdvice.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/fileDialog/CloudDisk.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/fileDialog/FileLocation.h"
@@ -32,7 +33,8 @@ QString existing(QString folder) {
 
 QString captionOf(const FileRequest& request) {
     if (!request.caption.isEmpty()) return request.caption;
-    return request.wantsFolder() ? QStringLiteral("打开文件夹") : QStringLiteral("打开文件");
+    return request.wantsFolder() ? hostText(QStringLiteral("打开文件夹"))
+                                 : hostText(QStringLiteral("打开文件"));
 }
 
 enum Ending { Answered, GivenUp };
@@ -170,25 +172,27 @@ void OpenDialog::confirm() {
 void OpenDialog::confirmEmpty() {
     const FileEntry* selected = view->selected();
     if (selected && selected->folder) return enter(selected->name);
-    if (!request.wantsFolder()) return view->tell(QStringLiteral("请选择文件"));
-    if (location->isCloud()) return view->tell(QStringLiteral("请选择本机的文件夹"));
+    if (!request.wantsFolder()) return view->tell(hostText(QStringLiteral("请选择文件")));
+    if (location->isCloud()) return view->tell(hostText(QStringLiteral("请选择本机的文件夹")));
     choose({location->folder(), location->place(), {}, {}, {}});
 }
 
 void OpenDialog::confirmLocal(const QString& name) {
-    if (name.contains(QChar::Null)) return view->tell(QString::fromUtf8(fileAdvice(nulReason())));
+    if (name.contains(QChar::Null))
+        return view->tell(hostText(QString::fromUtf8(fileAdvice(nulReason()))));
     const QFileInfo info(QDir::cleanPath(QDir(location->folder()).absoluteFilePath(name)));
     if (info.isDir() && !request.wantsFolder()) return enter(name);
-    if (!info.exists()) return view->tell(QStringLiteral("找不到“%1”").arg(name));
-    if (info.isDir() != request.wantsFolder()) return view->tell(QStringLiteral("请选择文件夹"));
+    if (!info.exists()) return view->tell(hostText(QStringLiteral("找不到“%1”")).arg(name));
+    if (info.isDir() != request.wantsFolder())
+        return view->tell(hostText(QStringLiteral("请选择文件夹")));
     choose({info.filePath(), location->place(), {}, {}, {}});
 }
 
 void OpenDialog::confirmCloud(const QString& name) {
     const QJsonObject node = location->cloudNode(name);
-    if (node.isEmpty()) return view->tell(QStringLiteral("找不到“%1”").arg(name));
+    if (node.isEmpty()) return view->tell(hostText(QStringLiteral("找不到“%1”")).arg(name));
     if (node.value(QLatin1String("wjlx")) == QLatin1String("1")) return enter(name);
-    if (request.wantsFolder()) return view->tell(QStringLiteral("请选择本机的文件夹"));
+    if (request.wantsFolder()) return view->tell(hostText(QStringLiteral("请选择本机的文件夹")));
     download(name);
 }
 

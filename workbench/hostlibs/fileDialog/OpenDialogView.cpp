@@ -13,6 +13,7 @@
 
 #include "workbench/hostlibs/common/FileDialogState.h"
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/fileDialog/DownloadWindow.h"
 #include "workbench/hostlibs/fileDialog/FieldStyle.h"
 #include "workbench/hostlibs/zBaseControl/EmptyState.h"
@@ -99,10 +100,10 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
     auto* layout = plainLayout<QVBoxLayout>(column, 4);
     for (const PlaceButton& entry : placeButtons) {
         if (isCloudPlace(entry.place) && !withClouds) continue;
-        auto* place = new zBaseButton(QString::fromUtf8(entry.text), column);
+        auto* place = new zBaseButton(hostText(QString::fromUtf8(entry.text)), column);
         place->setObjectName(QLatin1String(entry.name));
-        place->setAccessibleName(QStringLiteral("位置：") + QString::fromUtf8(entry.text));
-        place->setAccessibleDescription(QStringLiteral("列出此位置的文件"));
+        place->setAccessibleName(hostText(QStringLiteral("位置：%1")).arg(place->text()));
+        place->setAccessibleDescription(hostText(QStringLiteral("列出此位置的文件")));
         place->setProperty("place", entry.place);
         place->setAutoDefault(false);
         place->setCheckable(true);
@@ -120,11 +121,11 @@ QWidget* OpenDialogView::placeColumn(bool withClouds) {
 QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
-    upButton =
-        windowButton("upButton", QStringLiteral("上一级"), QStringLiteral("转到上一级文件夹"), row);
+    upButton = windowButton("upButton", hostText(QStringLiteral("上一级")),
+                            hostText(QStringLiteral("转到上一级文件夹")), row);
     upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
-    pathField = field("pathField", QStringLiteral("路径"),
-                      QStringLiteral("所列文件夹的路径，按回车键转到"), row);
+    pathField = field("pathField", hostText(QStringLiteral("路径")),
+                      hostText(QStringLiteral("所列文件夹的路径，按回车键转到")), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
     return row;
@@ -135,7 +136,7 @@ QWidget* OpenDialogView::fileList() {
     model->setFilter(filter, foldersWanted);
     list = new QTreeView(this);
     list->setObjectName(QStringLiteral("fileList"));
-    list->setAccessibleName(QStringLiteral("文件列表"));
+    list->setAccessibleName(hostText(QStringLiteral("文件列表")));
     list->setModel(model);
     list->setRootIsDecorated(false);
     list->setItemsExpandable(false);
@@ -164,11 +165,11 @@ void OpenDialogView::makeMenu() {
     const auto add = [this](const QString& text, const char* name, auto&& work) {
         addContextAction(list, text, name, work);
     };
-    add(QStringLiteral("打开"), "openEntry", [this] {
+    add(hostText(QStringLiteral("打开")), "openEntry", [this] {
         if (selectedRow() >= 0) activate(selectedRow());
     });
-    add(QStringLiteral("上一级"), "goUp", [this] { Q_EMIT upWanted(); });
-    add(QStringLiteral("复制路径"), "copyEntryPath", [this] { copyPath(); });
+    add(hostText(QStringLiteral("上一级")), "goUp", [this] { Q_EMIT upWanted(); });
+    add(hostText(QStringLiteral("复制路径")), "copyEntryPath", [this] { copyPath(); });
 }
 
 void OpenDialogView::copyPath() const {
@@ -181,26 +182,31 @@ void OpenDialogView::copyPath() const {
 
 QString OpenDialogView::emptyText() const {
     const int hidden = model->hiddenCount();
-    if (hidden == 0) return QStringLiteral("此文件夹是空的");
+    if (hidden == 0) return hostText(QStringLiteral("此文件夹是空的"));
     return foldersWanted
-               ? QStringLiteral("没有子文件夹\n此处有 %1 个文件，这里只能选择文件夹。").arg(hidden)
-               : QStringLiteral("没有此类型的文件\n此处有 %1 个其他文件，可换一种文件类型查看。")
+               ? hostText(QStringLiteral("没有子文件夹\n此处有 %1 个文件，这里只能选择文件夹。"))
+                     .arg(hidden)
+               : hostText(QStringLiteral(
+                              "没有此类型的文件\n此处有 %1 个其他文件，可换一种文件类型查看。"))
                      .arg(hidden);
 }
 
 QWidget* OpenDialogView::nameRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
-    const QString name = foldersWanted ? QStringLiteral("文件夹") : QStringLiteral("文件名");
-    auto* label = new zBaseLabel(name + QStringLiteral("："), row);
-    nameField = field("nameField", foldersWanted ? QStringLiteral("文件夹名") : name,
-                      QStringLiteral("要打开的") + name, row);
+    const QString name =
+        foldersWanted ? hostText(QStringLiteral("文件夹")) : hostText(QStringLiteral("文件名"));
+    auto* label = new zBaseLabel(hostText(QStringLiteral("%1：")).arg(name), row);
+    nameField = field("nameField", foldersWanted ? hostText(QStringLiteral("文件夹名")) : name,
+                      hostText(foldersWanted ? QStringLiteral("要打开的文件夹")
+                                             : QStringLiteral("要打开的文件名")),
+                      row);
     label->setBuddy(nameField);
-    if (foldersWanted) nameField->setPlaceholderText(QStringLiteral("当前文件夹"));
+    if (foldersWanted) nameField->setPlaceholderText(hostText(QStringLiteral("当前文件夹")));
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
-    filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    filterBox->setAccessibleDescription(QStringLiteral("只列出此类型的文件"));
+    filterBox->setAccessibleName(hostText(QStringLiteral("文件类型")));
+    filterBox->setAccessibleDescription(hostText(QStringLiteral("只列出此类型的文件")));
     filterBox->setFixedHeight(roomFor(fieldHeight));
     filterBox->setMinimumWidth(scaled(120));
     filterBox->setMaximumWidth(roomFor(240));
@@ -218,19 +224,19 @@ QWidget* OpenDialogView::buttonRow() {
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     messageLabel = new zBaseLabel(row);
     messageLabel->setObjectName(QStringLiteral("messageLabel"));
-    messageLabel->setAccessibleName(QStringLiteral("提示"));
+    messageLabel->setAccessibleName(hostText(QStringLiteral("提示")));
     messageLabel->setTextFormat(Qt::PlainText);  // names of files may look like markup
     messageLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     progressBar = makeProgressBar(row);
     progressBar->setObjectName(QStringLiteral("progressBar"));
     progressBar->setFixedWidth(scaled(160));
     progressBar->hide();
-    openButton = windowButton("openButton", QStringLiteral("打开"),
-                              QStringLiteral("打开所选的文件或文件夹"), row);
+    openButton = windowButton("openButton", hostText(QStringLiteral("打开")),
+                              hostText(QStringLiteral("打开所选的文件或文件夹")), row);
     openButton->setControlType(DefaultActionType);
     openButton->setDefault(true);
-    cancelButton = windowButton("cancelButton", QStringLiteral("取消"),
-                                QStringLiteral("不作选择，关闭此窗口"), row);
+    cancelButton = windowButton("cancelButton", hostText(QStringLiteral("取消")),
+                                hostText(QStringLiteral("不作选择，关闭此窗口")), row);
     layout->addWidget(messageLabel, 1);
     layout->addWidget(progressBar);
     layout->addWidget(openButton);
@@ -360,7 +366,7 @@ void OpenDialogView::setBusy(bool busy) {
     QVector<QWidget*> widgets{upButton, pathField, list, nameField, filterBox, openButton};
     for (zBaseButton* button : qAsConst(places)) widgets.append(button);
     for (QWidget* widget : qAsConst(widgets)) widget->setEnabled(!busy);
-    tell(busy ? QStringLiteral("正在连接云盘…") : QString(), false);
+    tell(busy ? hostText(QStringLiteral("正在连接云盘…")) : QString(), false);
     progressBar->setRange(0, 0);  // nobody knows how long it takes
     progressBar->setVisible(busy);
     if (busy) return setCursor(Qt::BusyCursor);

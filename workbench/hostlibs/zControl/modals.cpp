@@ -2,11 +2,13 @@
 #include <QEvent>
 
 #include "workbench/hostlibs/common/Skin.h"
+#include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 #include "workbench/hostlibs/zControl/Outline.h"
 #include "zControl.h"
 
 using workbench::colour;
+using workbench::hostText;
 using workbench::scaled;
 using workbench::Tint;
 
@@ -22,9 +24,9 @@ class CloseButton : public QAbstractButton {
   public:
     explicit CloseButton(QWidget* parent) : QAbstractButton(parent) {
         setObjectName(closeName);
-        setAccessibleName(QStringLiteral("关闭"));
-        setAccessibleDescription(QStringLiteral("关闭此窗口，不作选择"));
-        setToolTip(QStringLiteral("关闭"));
+        setAccessibleName(hostText(QStringLiteral("关闭")));
+        setAccessibleDescription(hostText(QStringLiteral("关闭此窗口，不作选择")));
+        setToolTip(hostText(QStringLiteral("关闭")));
         setAttribute(Qt::WA_Hover);
         setFocusPolicy(Qt::NoFocus);  // Esc closes; the first tab stop belongs to the content
     }
