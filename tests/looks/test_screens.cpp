@@ -60,6 +60,7 @@ TEST_F(Screens, AScaleIsLimitedToWhatTheScreenHoldsAndComesBack) {
 
 TEST_F(Screens, AScreenThatIsTooSmallForTheDialogAtAnyScaleIsSaid) {
     const QString small = QStringLiteral("屏幕太小，100 % 也容不下对话框");
+    limit->fit(large);
     for (const QSize& screen : {QSize(1366, 728), QSize(800, 1280)}) {
         window.resize(laptop);
         limit->fit(screen);

@@ -1,5 +1,6 @@
 #include "workbench/app/NoticeBar.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
