@@ -99,6 +99,7 @@ QWidget* ProjectPanel::makeList() {
     list->setAccessibleName(QStringLiteral("工程列表"));
     list->setColumnCount(ColumnCount);
     list->setRootIsDecorated(false);
+    list->setAllColumnsShowFocus(true);
     list->setAlternatingRowColors(true);
     list->setFrameShape(QFrame::NoFrame);
     list->setSortingEnabled(true);

@@ -133,6 +133,7 @@ QWidget* OpenDialogView::fileList() {
     list->setAccessibleName(QStringLiteral("文件列表"));
     list->setModel(model);
     list->setRootIsDecorated(false);
+    list->setAllColumnsShowFocus(true);
     list->setItemsExpandable(false);
     list->setUniformRowHeights(true);  // thousands of rows stay quick
     list->setSelectionMode(QAbstractItemView::SingleSelection);

@@ -2,7 +2,9 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
@@ -61,6 +63,26 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
+const char byKeyProperty[] = "focusByKey";
+
+/// Keeps whether somebody goes through a view by keys, so that the current row has to be seen.
+void noteKeys(QObject* watched, QEvent* event) {
+    auto* view = qobject_cast<QAbstractItemView*>(watched);
+    if (!view) view = qobject_cast<QAbstractItemView*>(watched->parent());
+    if (!view) return;
+    if (event->type() == QEvent::KeyPress) view->setProperty(byKeyProperty, true);
+    if (event->type() == QEvent::MouseButtonPress) view->setProperty(byKeyProperty, false);
+    if (event->type() != QEvent::FocusIn) return;
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
+        view->setProperty(byKeyProperty, true);
+}
+
+bool keysAreUsed() {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && focus->property(byKeyProperty).toBool();
+}
+
 bool hasTextBesideIcon(const QStyleOption* option) {
     const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
     return button && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon;
@@ -80,8 +102,11 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
-    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+        view->installEventFilter(this);
         view->viewport()->installEventFilter(this);
+        view->viewport()->setAttribute(Qt::WA_Hover);
+    }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);
@@ -92,6 +117,7 @@ void SkinStyle::polish(QWidget* widget) {
 }
 
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
+    noteKeys(watched, event);
     if (event->type() == QEvent::Show)
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
     if (event->type() == QEvent::ToolTip && watched->isWidgetType()) {
@@ -151,7 +177,9 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
     if (type == CT_PushButton)
         return found.expandedTo({qMax(scaled(76), size.width() + scaled(28)), scaled(28)});
-    if (type == CT_ComboBox) return found.expandedTo({0, scaled(28)});
+    if (type == CT_CheckBox) return found + QSize(scaled(3), 0);
+    if (type == CT_ComboBox)
+        return found.expandedTo({size.width() + scaled(12) + roomFor(24), scaled(28)});
     if (type == CT_ToolButton && hasTextBesideIcon(option))
         return size + QSize(scaled(20), scaled(14));
     if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));
@@ -161,6 +189,8 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
                                 const QWidget* widget) const {
     const QRect found = QProxyStyle::subElementRect(element, option, widget);
+    // Beside the text, not over its ends.
+    if (element == SE_CheckBoxFocusRect) return found.adjusted(-scaled(3), 0, scaled(3), 0);
     if (element != SE_HeaderArrow) return found;
     const QRect& rect = option->rect;
     return {rect.right() - roomFor(20), rect.top(), roomFor(12), rect.height()};
@@ -197,6 +227,7 @@ void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, 
     if (element == CE_PushButtonLabel && button) {
         QStyleOptionButton cut = *button;
         cut.text = cut.fontMetrics.elidedText(cut.text, Qt::ElideRight, cut.rect.width());
+        if (isDefault(cut)) cut.palette.setColor(QPalette::ButtonText, colour(Tint::OnAccent));
         return QProxyStyle::drawControl(element, &cut, painter, widget);
     }
     if (element == CE_ToolButtonLabel && hasTextBesideIcon(option))
@@ -246,8 +277,24 @@ QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                                             : nullptr;
     if (!drawing) return QProxyStyle::standardIcon(which, option, widget);
     const int side = roomFor(16);
-    return QIcon(pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
-                          {side, side}, widget ? widget->devicePixelRatioF() : 1));
+    const QPixmap picture =
+        pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
+                 {side, side}, widget ? widget->devicePixelRatioF() : 1);
+    QIcon icon(picture);
+    QPixmap lit = picture;  // under the mouse, and pressed
+    QPainter painter(&lit);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(lit.rect(), colour(Tint::AccentLine));
+    painter.end();
+    icon.addPixmap(lit, QIcon::Active);
+    return icon;
+}
+
+/// The style's own pictures of what cannot be used are too pale, and those of what is selected
+/// take on the colour of the selection.
+QPixmap SkinStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& picture,
+                                       const QStyleOption*) const {
+    return mode == QIcon::Disabled ? greyed(picture) : picture;
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -268,8 +315,8 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
     if (element == PE_FrameFocusRect) {
-        // The rows of a plain view show the current one by their ground.
-        if (!inView) drawFocusRing(*painter, option->rect);
+        // A view asks for its whole row without a word of who it is.
+        if (!inView && (widget || keysAreUsed())) drawFocusRing(*painter, option->rect);
         return;
     }
     if (element == PE_PanelItemViewItem && inView) {

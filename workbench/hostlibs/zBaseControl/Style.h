@@ -46,6 +46,9 @@ int heightWithText(const QFontMetrics& font, double design);
 /// Draws a text that is cut already. @param place where the base line begins.
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
+/// @return the picture as one of something that cannot be used: paler it could not be made out.
+QPixmap greyed(const QPixmap& picture);
+
 /// The arrow of a field that drops something down, or of a column that is sorted.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up = false);
 
