@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 
 #include "core/ElidedLabel.h"
+#include "tests/looks/CutTexts.h"
 #include "tests/looks/EveryWindow.h"
 #include "zBaseControl.h"
 
@@ -52,6 +53,23 @@ TEST_F(Dots, AreTheSameBehindEveryScript) {
         EXPECT_NEAR(rows.first, found.first().first, 1);
         EXPECT_NEAR(rows.second, found.first().second, 1);
         EXPECT_LT(rows.second - rows.first, 5) << "that is no dot";
+    }
+}
+
+TEST_F(Dots, AreFoundOnlyWhereTheyAre) {
+    const auto dotted = [](QWidget* label, int width) {
+        label->resize(width, 30);
+        return looks_tests::hasDots(label, label->rect());
+    };
+    for (const QString& text : {chinese, latin}) {
+        newpro::ElidedLabel ofTheDialog(text, Qt::ElideMiddle, nullptr);
+        zBaseLabel ofTheHost(text);
+        QLabel plain(text);
+        for (QWidget* label : QWidgetList{&ofTheDialog, &ofTheHost}) {
+            EXPECT_TRUE(dotted(label, 150)) << text.toStdString();
+            EXPECT_FALSE(dotted(label, 600));
+        }
+        EXPECT_FALSE(dotted(&plain, 150));
     }
 }
 
