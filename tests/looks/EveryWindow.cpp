@@ -138,6 +138,7 @@ const std::vector<Page>& allPages() {
         {"download", largeDownload},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
+        {"about", [] { return shown(std::make_unique<workbench::AboutDialog>(nullptr)); }},
         {"mainWindow", mainWindow}};
     return pages;
 }

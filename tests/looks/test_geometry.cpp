@@ -6,9 +6,13 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLayout>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -16,6 +20,7 @@
 #include <QTreeWidget>
 #include <QtMath>
 #include <algorithm>
+#include <set>
 
 #include "tests/looks/CutTexts.h"
 #include "tests/looks/EveryWindow.h"
@@ -118,6 +123,7 @@ TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
 
 TEST_P(Geometry, TheTypesAreOfOneScale) {
     const QVector<int> sizes = {12, 13, 14, 16};
+    const QRegularExpression inText(QStringLiteral("font-size:(\\d+)px"));
     for (const Page& page : allPages()) {
         SCOPED_TRACE(page.name);
         const std::unique_ptr<QWidget> window = page.open();
@@ -130,6 +136,14 @@ TEST_P(Geometry, TheTypesAreOfOneScale) {
             });
             EXPECT_TRUE(known) << widget->metaObject()->className() << " "
                                << widget->objectName().toStdString() << ": " << size;
+            const auto* label = qobject_cast<const QLabel*>(widget);
+            auto written = inText.globalMatch(label ? label->text() : QString());
+            while (written.hasNext()) {
+                const int own = written.next().captured(1).toInt();
+                EXPECT_TRUE(std::any_of(sizes.begin(), sizes.end(),
+                                        [own](int each) { return scaled(each) == own; }))
+                    << widget->objectName().toStdString() << ": " << own;
+            }
         }
     }
 }
@@ -159,23 +173,38 @@ TEST_P(Geometry, TheRowsOfTheTreeAreOfOneHeightAndEndWithTheDivider) {
 }
 
 /// The dialogs have given sizes; the windows that the workbench adds have a grid of four.
+const std::set<std::string> windowsOfTheHost = {"fileDialog", "login", "download",  "information",
+                                                "critical",   "about", "mainWindow"};
+
+QVector<int> distancesOf(const QLayout* layout) {
+    const QMargins margins = layout->contentsMargins();
+    QVector<int> sizes = {margins.left(), margins.top(), margins.right(), margins.bottom()};
+    if (const auto* form = qobject_cast<const QFormLayout*>(layout))
+        return sizes += {form->horizontalSpacing(), form->verticalSpacing()};
+    if (const auto* grid = qobject_cast<const QGridLayout*>(layout))
+        return sizes += {grid->horizontalSpacing(), grid->verticalSpacing()};
+    return sizes += {layout->spacing()};
+}
+
+/// What has measures has the same ones in every skin.
+bool isMeasured(const Look& look) {
+    return look.scale == 1 || look.skin == std::string("light");
+}
+
 TEST_P(Geometry, TheWindowsOfTheWorkbenchKeepToAGrid) {
+    if (!isMeasured(GetParam())) return;
     for (const Page& page : allPages()) {
-        const QStringList own = {QStringLiteral("fileDialog"), QStringLiteral("login"),
-                                 QStringLiteral("information"), QStringLiteral("mainWindow")};
-        if (!own.contains(QLatin1String(page.name)) || GetParam().scale != 1) continue;
+        if (!windowsOfTheHost.count(page.name)) continue;
         SCOPED_TRACE(page.name);
         const std::unique_ptr<QWidget> window = page.open();
         int layouts = 0;
         for (const auto* layout : window->findChildren<QLayout*>()) {
-            const bool boxes = qobject_cast<const QBoxLayout*>(layout);
-            const auto* form = qobject_cast<const QFormLayout*>(layout);
-            if ((!boxes && !form) || qobject_cast<QStatusBar*>(layout->parentWidget())) continue;
-            const QMargins margins = layout->contentsMargins();
-            const int spacing = form ? form->verticalSpacing() : layout->spacing();
-            for (const int size :
-                 {margins.left(), margins.top() % 40, margins.right(), margins.bottom(), spacing})
-                EXPECT_EQ(size % 4, 0)
+            const bool known = qobject_cast<const QBoxLayout*>(layout) ||
+                               qobject_cast<const QFormLayout*>(layout) ||
+                               qobject_cast<const QGridLayout*>(layout);
+            if (!known || qobject_cast<QStatusBar*>(layout->parentWidget())) continue;
+            for (const int size : distancesOf(layout))
+                EXPECT_EQ(size % scaled(4), 0)
                     << layout->metaObject()->className() << " of "
                     << layout->parentWidget()->objectName().toStdString() << " "
                     << layout->parentWidget()->metaObject()->className() << ": " << size;
@@ -202,19 +231,45 @@ std::unique_ptr<QWidget> opened(const std::string& name) {
         ->open();
 }
 
+bool isOfControlHeight(const QWidget* widget) {
+    const auto* push = qobject_cast<const QPushButton*>(widget);
+    const bool place = widget->objectName().startsWith(QLatin1String("place"));  // a tall row
+    const bool inList = qobject_cast<QComboBox*>(widget->parentWidget());
+    return (push && !place) || qobject_cast<const QComboBox*>(widget) ||
+           (qobject_cast<const QLineEdit*>(widget) && !inList);
+}
+
 TEST_P(Geometry, FieldsListsAndButtonsAreOfOneHeightAndSoAreTheHeadsOfLists) {
-    const std::unique_ptr<QWidget> window = opened("mainWindow");
-    for (const char* name : {"projectSearch", "journalKind", "journalFilter", "journalClear",
-                             "account.userId", "firstPage", "skin"})
-        EXPECT_EQ(child<QWidget>(window.get(), name)->height(), scaled(28)) << name;
-    auto* search = child<QWidget>(window.get(), "projectSearch");
-    search->hasFocus() ? search->clearFocus() : search->setFocus();
-    settle();
-    EXPECT_EQ(search->height(), scaled(28)) << "with the focus and without";
-    const std::unique_ptr<QWidget> files = opened("fileDialog");
-    const int head = child<QTreeView>(files.get(), "fileList")->header()->height();
-    for (const char* name : {"projectList", "journalView"})
-        EXPECT_EQ(child<QTreeView>(window.get(), name)->header()->height(), head) << name;
+    if (!isMeasured(GetParam())) return;
+    int controls = 0;
+    std::set<int> heads, rows;
+    for (const Page& page : allPages()) {
+        if (!windowsOfTheHost.count(page.name)) continue;
+        SCOPED_TRACE(page.name);
+        const std::unique_ptr<QWidget> window = page.open();
+        for (auto* widget : window->findChildren<QWidget*>()) {
+            if (auto* view = qobject_cast<QTreeView*>(widget)) {
+                heads.insert(view->header()->height());
+                if (view->model()->rowCount()) rows.insert(view->sizeHintForRow(0));
+            }
+            if (auto* combo = qobject_cast<QComboBox*>(widget))
+                rows.insert(combo->view()->sizeHintForRow(0));
+            if (!widget->isVisible() || !isOfControlHeight(widget)) continue;
+            const auto expect = [&](const char* how) {
+                EXPECT_EQ(widget->height(), scaled(28))
+                    << widget->objectName().toStdString() << " " << how;
+            };
+            expect("as it opens");
+            ++controls;
+            if (!qobject_cast<QLineEdit*>(widget)) continue;
+            widget->hasFocus() ? widget->clearFocus() : widget->setFocus();
+            settle();
+            expect("with or without the focus");
+        }
+    }
+    EXPECT_GT(controls, 24);
+    EXPECT_EQ(heads.size(), 1u) << testing::PrintToString(heads);
+    EXPECT_EQ(rows, std::set<int>{scaled(28)});
 }
 
 /// A caption stands beside the first line of what it names.

@@ -93,7 +93,6 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
         if (index >= 0) box->setCurrentIndex(index);
     });
     auto* cell = new QVBoxLayout;
-    cell->setSpacing(4);
     cell->addWidget(box);
     auto* note = new QLabel;
     note->setObjectName(each.field.key + QStringLiteral(".note"));
@@ -124,6 +123,7 @@ void HostPanel::adaptToScale() {
     form->setContentsMargins(scaled(16), scaled(12), scaled(16), scaled(12));
     form->setHorizontalSpacing(scaled(12));
     form->setVerticalSpacing(scaled(8));
+    for (auto* cell : form->findChildren<QVBoxLayout*>()) cell->setSpacing(scaled(4));
     for (QWidget* heading : qAsConst(headings)) {
         heading->setFont(TBaseTool::GetDefFont(roomFor(14), QFont::Bold));
         heading->setContentsMargins(0, scaled(8), 0, 0);

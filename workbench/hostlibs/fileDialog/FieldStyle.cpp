@@ -30,7 +30,7 @@ zBaseButton* windowButton(const char* name, const QString& text, QWidget* parent
     button->setObjectName(QLatin1String(name));
     button->setAccessibleName(text);
     button->setAutoDefault(false);
-    button->setFixedSize(roomFor(88), roomFor(30));
+    button->setFixedSize(roomFor(88), roomFor(kControlHeight));
     return button;
 }
 

@@ -70,7 +70,7 @@ void LoginWindow::addRow(QGridLayout* grid, int row, const QString& label, QLine
     auto* text = new zBaseLabel(label, this);
     text->setBuddy(field);
     field->setAccessibleName(label);
-    field->setFixedHeight(roomFor(30));
+    field->setFixedHeight(roomFor(kControlHeight));
     grid->addWidget(text, row, 0);
     grid->addWidget(field, row, 1);
 }

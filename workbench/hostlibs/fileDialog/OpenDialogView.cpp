@@ -35,8 +35,6 @@ const PlaceButton placeButtons[] = {{ProjectPlace, "place1", "工程文件夹"},
                                     {PersonalPlace, "place3", "个人云盘"},
                                     {CompanyPlace, "place4", "企业云盘"}};
 
-const int fieldHeight = 28;
-
 /// @param size edge in widget pixels. @param ratio device pixels per widget pixel.
 QIcon listIcon(const char* drawing, int size, qreal ratio) {
     const QString file = QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing));
@@ -64,7 +62,7 @@ QLineEdit* field(const char* name, const QString& nameForReaders, QWidget* paren
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(QLatin1String(name));
     edit->setAccessibleName(nameForReaders);
-    edit->setFixedHeight(roomFor(fieldHeight));
+    edit->setFixedHeight(roomFor(kControlHeight));
     return edit;
 }
 
@@ -118,7 +116,7 @@ QWidget* OpenDialogView::pathRow() {
     auto* row = new QWidget(this);
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", QStringLiteral("上一级"), row);
-    upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
+    upButton->setFixedSize(roomFor(72), roomFor(kControlHeight));
     pathField = field("pathField", QStringLiteral("路径"), row);
     layout->addWidget(upButton);
     layout->addWidget(pathField, 1);
@@ -195,7 +193,7 @@ QWidget* OpenDialogView::nameRow() {
     filterBox = new zBaseCombox(row);
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(QStringLiteral("文件类型"));
-    filterBox->setFixedHeight(roomFor(fieldHeight));
+    filterBox->setFixedHeight(roomFor(kControlHeight));
     filterBox->setMinimumWidth(scaled(120));
     filterBox->setMaximumWidth(roomFor(240));
     filterBox->setVisible(!foldersWanted);

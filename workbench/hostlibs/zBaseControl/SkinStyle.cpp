@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
+#include <QItemDelegate>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -18,8 +20,6 @@
 namespace workbench {
 
 namespace {
-
-constexpr double kRowHeight = 28;  // of every list and tree
 
 // Colours that can be seen in every skin, so that nothing has to be done when the skin changes.
 QString scrollBarSheet() {
@@ -109,6 +109,10 @@ void SkinStyle::polish(QWidget* widget) {
     }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
+    // Qt's own does not ask the style how its rows look.
+    auto* combo = qobject_cast<QComboBox*>(widget);
+    if (combo && qobject_cast<QItemDelegate*>(combo->itemDelegate()))
+        combo->setItemDelegate(new QStyledItemDelegate(combo));
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar) return;
     // A sheet costs, and most bars are never seen: each view has two.
@@ -176,10 +180,11 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
     if (type == CT_PushButton)
-        return found.expandedTo({qMax(scaled(76), size.width() + scaled(28)), scaled(28)});
+        return found.expandedTo(
+            {qMax(scaled(76), size.width() + scaled(28)), scaled(kControlHeight)});
     if (type == CT_CheckBox) return found + QSize(scaled(3), 0);
     if (type == CT_ComboBox)
-        return found.expandedTo({size.width() + scaled(12) + roomFor(24), scaled(28)});
+        return found.expandedTo({size.width() + scaled(12) + roomFor(24), scaled(kControlHeight)});
     if (type == CT_ToolButton && hasTextBesideIcon(option))
         return size + QSize(scaled(20), scaled(14));
     if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));

@@ -61,6 +61,7 @@ void roundCorners(QWidget* window, double radius);
 
 constexpr double kMenuRadius = 6;
 constexpr double kRowButtonHeight = 24;
+constexpr double kRowHeight = 28;  // of every list and tree
 constexpr double kFieldRadius = 4;
 
 }  // namespace workbench

@@ -84,7 +84,7 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
     for (int i = 0; i < buttons.size(); ++i) {
         auto* button = new zBaseButton(buttons[i], this);
         button->setObjectName(QStringLiteral("button%1").arg(i));
-        button->setMinimumSize(scaled(76), scaled(28));
+        button->setMinimumSize(scaled(76), scaled(kControlHeight));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
         button->setAutoDefault(false);
         button->setDefault(i == 0);
