@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QStyleOption>
 #include <QToolButton>
+#include <QTreeView>
 #include <QtMath>
 #include <algorithm>
 
@@ -112,6 +113,7 @@ class Parts {
         if (auto* dock = qobject_cast<QDockWidget*>(widget))
             texts.append({dock->windowTitle(),
                           framed({0, 0, dock->width() - scaled(48), dock->widget()->y()})});
+        if (auto* tree = qobject_cast<QTreeView*>(widget)) addBranches(*tree);
         if (auto* bar = qobject_cast<QScrollBar*>(widget))
             if (bar->maximum() > bar->minimum()) icons.append(bar->rect());
     }
@@ -181,6 +183,16 @@ class Parts {
             texts.append({combo.currentText(), inside.adjusted(before, 0, -arrow.width(), 0)});
         icons.append(arrow);
         box = combo.rect();
+    }
+
+    void addBranches(const QTreeView& tree) {
+        for (int row = 0; tree.rootIsDecorated() && row < tree.model()->rowCount(); ++row) {
+            const QModelIndex index = tree.model()->index(row, 0);
+            const QRect place = tree.visualRect(index);
+            if (!tree.model()->hasChildren(index) || place.isEmpty()) continue;
+            icons.append({tree.viewport()->x(), tree.viewport()->y() + place.top(), place.left(),
+                          place.height()});
+        }
     }
 
     void addMenu(const QMenu& menu) {
@@ -291,6 +303,15 @@ double edgeContrast(const QImage& picture, const QRect& box) {
     // Its outline may also be what stands out from its fill.
     return qMax(qMax(contrastOf(outline, around), contrastOf(fill, around)),
                 contrastOf(outline, fill));
+}
+
+QRect inkOf(const QImage& picture, const QSize& around) {
+    const QRgb ground = picture.pixel(around.width(), around.height());
+    QRect found;
+    for (int y = around.height(); y < picture.height() - around.height(); ++y)
+        for (int x = around.width(); x < picture.width() - around.width(); ++x)
+            if (picture.pixel(x, y) != ground) found |= QRect(x, y, 1, 1);
+    return found;
 }
 
 Measures measuresOf(QWidget* window) {

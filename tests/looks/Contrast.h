@@ -22,6 +22,10 @@ double contrastIn(const QImage& picture, const QRect& place);
 ///         and that, whichever is larger. @param box in the picture.
 double edgeContrast(const QImage& picture, const QRect& box);
 
+/// @return the bounds of all that differs from the ground.
+/// @param around what is left out beside it, which belongs to corners and borders, pixels.
+QRect inkOf(const QImage& picture, const QSize& around);
+
 /// What was measured, and where.
 struct Measured {
     QString what;

@@ -227,19 +227,19 @@ TEST_F(Contrast, TellsTheStatesOfAControlApart) {
     }
 }
 
+const Control& control(const char* name) {
+    return *std::find_if(controls().begin(), controls().end(),
+                         [name](const Control& each) { return each.name == std::string(name); });
+}
+
 TEST_F(Contrast, OfDefaultButtonsIsTheSameInEveryWindow) {
-    const auto named = [](const char* name) {
-        return *std::find_if(controls().begin(), controls().end(), [name](const Control& each) {
-            return each.name == std::string(name);
-        });
-    };
     for (const QString& skin : skins) {
         Host::instance().setSkin(skin);
-        for (const State& state : statesOf(Stage(named("default button")).widget)) {
+        for (const State& state : statesOf(Stage(control("default button")).widget)) {
             QVector<QColor> grounds;
             QVector<double> texts;
             for (const char* name : {"default button", "plain default button"}) {
-                Stage stage(named(name));
+                Stage stage(control(name));
                 state.enter(stage.widget);
                 grounds.append(groundOf(stage.picture(), stage.place()));
                 texts.append(*leastOf(measuresOf(&stage.window).texts));
@@ -248,6 +248,15 @@ TEST_F(Contrast, OfDefaultButtonsIsTheSameInEveryWindow) {
             EXPECT_EQ(texts[0], texts[1]) << skin.toStdString() << ", " << state.name;
         }
     }
+}
+
+/// @return how many pixels differ enough to be told apart.
+int clearlyDifferent(const QImage& one, const QImage& other) {
+    int clear = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            clear += contrast(one.pixel(x, y), other.pixel(x, y)) >= forShapes;
+    return clear;
 }
 
 /// What shows the focus differs enough from what is there without it.
@@ -260,15 +269,25 @@ TEST_F(Contrast, OfTheFocusIsEnough) {
             const QImage before = stage.picture();
             enterFocus(stage.widget);
             const QImage after = stage.picture();
-            int clear = 0;
-            for (int y = 0; y < before.height(); ++y)
-                for (int x = 0; x < before.width(); ++x)
-                    clear += contrast(before.pixel(x, y), after.pixel(x, y)) >= forShapes;
             const QSize size = stage.widget->size();
-            EXPECT_GT(clear, size.width() + size.height())
+            EXPECT_GT(clearlyDifferent(before, after), size.width() + size.height())
                 << skin.toStdString() << ", " << control.name;
         }
     }
+}
+
+TEST_F(Contrast, OfTheRowThatTheKeysGoToIsNotThatOfOneThatIsClicked) {
+    Stage stage(control("row of a list"));
+    auto* view = static_cast<QAbstractItemView*>(stage.widget);
+    const auto click = [&] {
+        const QRect row = view->visualRect(view->model()->index(0, 0));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, row.center());
+        return stage.picture();
+    };
+    const QImage clicked = click();
+    QTest::keyClick(view, Qt::Key_Home);
+    EXPECT_GT(clearlyDifferent(clicked, stage.picture()), view->width() + view->height());
+    EXPECT_EQ(clearlyDifferent(clicked, click()), 0);
 }
 
 /// Lines of drawings are what tells them; their fills may be faint.

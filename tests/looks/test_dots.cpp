@@ -7,6 +7,7 @@
 #include "core/ElidedLabel.h"
 #include "tests/looks/CutTexts.h"
 #include "tests/looks/EveryWindow.h"
+#include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace {
@@ -70,6 +71,27 @@ TEST_F(Dots, AreFoundOnlyWhereTheyAre) {
             EXPECT_FALSE(dotted(label, 600));
         }
         EXPECT_FALSE(dotted(&plain, 150));
+    }
+}
+
+TEST_F(Dots, AreNotInAListOfChoiceThatIsAsWideAsItWants) {
+    for (const double scale : {1.0, 3.0}) {
+        workbench::Host::instance().setScale(scale);
+        QComboBox plain;
+        plain.addItem(chinese);
+        zBaseCombox styled;
+        styled.addItem(chinese);
+        for (QComboBox* field : {&plain, static_cast<QComboBox*>(&styled)}) {
+            const QSize wanted = field->sizeHint();
+            const auto dots = [&](int width) {
+                field->resize(width, wanted.height());
+                const int border = workbench::scaled(4);
+                return looks_tests::hasDots(
+                    field, field->rect().adjusted(0, border, -workbench::roomFor(24), -border));
+            };
+            EXPECT_FALSE(dots(wanted.width())) << scale;
+            EXPECT_TRUE(dots(wanted.width() / 2)) << scale;
+        }
     }
 }
 
