@@ -43,20 +43,29 @@ double contrastOf(QRgb one, QRgb other) {
     return qMax(a, b) / qMin(a, b);
 }
 
-QHash<QRgb, int> coloursIn(const QImage& picture, const QRect& place) {
-    QHash<QRgb, int> counts;
+using Colours = QHash<QRgb, int>;
+
+Colours coloursIn(const QImage& picture, const QRect& place) {
+    Colours counts;
     const QRect inside = place & picture.rect();
     // Neighbours are mostly of one colour.
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
         int start = inside.left();
         for (int x = start; x <= inside.right(); ++x) {
-            const QRgb here = picture.pixel(x, y);
-            if (x < inside.right() && picture.pixel(x + 1, y) == here) continue;
-            counts[here] += x + 1 - start;
+            if (x < inside.right() && line[x + 1] == line[x]) continue;
+            counts[line[x]] += x + 1 - start;
             start = x + 1;
         }
     }
     return counts;
+}
+
+QRgb mostOf(const Colours& counts) {
+    QRgb most = 0;
+    for (auto it = counts.begin(); it != counts.end(); ++it)
+        if (it.value() > counts.value(most)) most = it.key();
+    return most;
 }
 
 /// @return what can be seen of a part of a widget, in the window.
@@ -266,19 +275,15 @@ double contrast(const QColor& one, const QColor& other) {
 }
 
 QColor groundOf(const QImage& picture, const QRect& place) {
-    const QHash<QRgb, int> counts = coloursIn(picture, place);
-    QRgb most = 0;
-    for (auto it = counts.begin(); it != counts.end(); ++it)
-        if (it.value() > counts.value(most)) most = it.key();
-    return QColor(most);
+    return QColor(mostOf(coloursIn(picture, place)));
 }
 
 double contrastIn(const QImage& picture, const QRect& place) {
     constexpr double visible = 1.2;  // grounds may run from one shade to another
-    const QRgb ground = groundOf(picture, place).rgb();
+    const Colours counts = coloursIn(picture, place);
+    const QRgb ground = mostOf(counts);
     QVector<QPair<double, int>> ink;
     int all = 0;
-    const QHash<QRgb, int> counts = coloursIn(picture, place);
     for (auto it = counts.begin(); it != counts.end(); ++it) {
         const double each = contrastOf(it.key(), ground);
         if (each < visible) continue;

@@ -4,7 +4,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QHoverEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -17,6 +16,7 @@
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"
 #include "workbench/app/clearAction.h"
+#include "workbench/base/qtNames.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/fileDialog/LoginWindow.h"
@@ -41,7 +41,7 @@ void enterHover(QWidget* widget) {
     under->setAttribute(Qt::WA_UnderMouse);
     const QPointF place = view ? QRectF(view->visualRect(view->model()->index(0, 0))).center()
                                : QRectF(widget->rect()).center();
-    QHoverEvent over(QEvent::HoverMove, place, place);
+    QHoverEvent over = workbench::hoverAt(place);
     QCoreApplication::sendEvent(under, &over);
 }
 

@@ -87,20 +87,25 @@ class Marks : public testing::Test {
 };
 
 TEST_F(Marks, TheRingOfATickStandsBesideItsText) {
-    QCheckBox tick(QStringLiteral("已登录"));
-    tick.resize(tick.sizeHint());
-    QStyleOptionButton option;
-    option.initFrom(&tick);
-    const auto part = [&](QStyle::SubElement element) {
-        return tick.style()->subElementRect(element, &option, &tick);
-    };
-    const QRect ring = part(QStyle::SE_CheckBoxFocusRect);
-    const QRect room = part(QStyle::SE_CheckBoxContents);
-    const int text = tick.fontMetrics().horizontalAdvance(tick.text());
-    EXPECT_LE(ring.left(), room.left() - 3);
-    EXPECT_GE(ring.right(), room.left() + text + 2);
-    EXPECT_GT(ring.left(), part(QStyle::SE_CheckBoxIndicator).right());
-    EXPECT_TRUE(tick.rect().contains(ring));
+    for (const double scale : {1.0, 3.0}) {
+        SCOPED_TRACE(scale);
+        Host::instance().setScale(scale);
+        QCheckBox tick(QStringLiteral("已登录"));
+        tick.resize(tick.sizeHint());
+        QStyleOptionButton option;
+        option.initFrom(&tick);
+        option.text = tick.text();
+        const auto part = [&](QStyle::SubElement element) {
+            return tick.style()->subElementRect(element, &option, &tick);
+        };
+        const QRect ring = part(QStyle::SE_CheckBoxFocusRect);
+        const int text = part(QStyle::SE_CheckBoxContents).left();
+        EXPECT_LE(ring.left(), text - scaled(3));
+        EXPECT_GE(ring.right(),
+                  text + tick.fontMetrics().horizontalAdvance(tick.text()) + scaled(2));
+        EXPECT_GT(ring.left(), part(QStyle::SE_CheckBoxIndicator).right());
+        EXPECT_TRUE(tick.rect().contains(ring));
+    }
 }
 
 TEST_F(Marks, GrowWithTheScale) {

@@ -138,6 +138,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     if (metric == PM_HeaderMargin || metric == PM_FocusFrameHMargin) return scaled(5);
     if (metric == PM_DockWidgetSeparatorExtent) return qMax(1, scaled(1));
     if (metric == PM_DockWidgetTitleMargin) return scaled(8);
+    if (metric == PM_CheckBoxLabelSpacing) return scaled(6);  // with the ring between
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
     if (size <= 0) return size;
     switch (metric) {
@@ -154,7 +155,6 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_TreeViewIndentation:
             return roomFor(size);
         case PM_ButtonMargin:
-        case PM_CheckBoxLabelSpacing:
         case PM_LayoutBottomMargin:
         case PM_LayoutHorizontalSpacing:
         case PM_LayoutLeftMargin:
@@ -194,8 +194,12 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
                                 const QWidget* widget) const {
     const QRect found = QProxyStyle::subElementRect(element, option, widget);
-    // Beside the text, not over its ends.
-    if (element == SE_CheckBoxFocusRect) return found.adjusted(-scaled(3), 0, scaled(3), 0);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == SE_CheckBoxFocusRect && button && !button->text.isEmpty()) {
+        // The style stays 3 and 2 pixels beside the text, whatever the scale.
+        const QMargins more(scaled(3) - 3, scaled(2) - 2, scaled(3) - 3, scaled(2) - 2);
+        return found.marginsAdded(more) & option->rect;
+    }
     if (element != SE_HeaderArrow) return found;
     const QRect& rect = option->rect;
     return {rect.right() - roomFor(20), rect.top(), roomFor(12), rect.height()};
