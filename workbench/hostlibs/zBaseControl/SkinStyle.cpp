@@ -11,6 +11,7 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QStyledItemDelegate>
+#include <QTreeView>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -67,15 +68,18 @@ const char byKeyProperty[] = "focusByKey";
 
 /// Keeps whether somebody goes through a view by keys, so that the current row has to be seen.
 void noteKeys(QObject* watched, QEvent* event) {
-    auto* view = qobject_cast<QAbstractItemView*>(watched);
-    if (!view) view = qobject_cast<QAbstractItemView*>(watched->parent());
+    const bool key = event->type() == QEvent::KeyPress;
+    const bool mouse = event->type() == QEvent::MouseButtonPress;
+    if (!key && !mouse && event->type() != QEvent::FocusIn) return;
+    auto* view = qobject_cast<QAbstractItemView*>(mouse ? watched->parent() : watched);
     if (!view) return;
-    if (event->type() == QEvent::KeyPress) view->setProperty(byKeyProperty, true);
-    if (event->type() == QEvent::MouseButtonPress) view->setProperty(byKeyProperty, false);
-    if (event->type() != QEvent::FocusIn) return;
-    const auto reason = static_cast<QFocusEvent*>(event)->reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason)
-        view->setProperty(byKeyProperty, true);
+    if (!key && !mouse) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) return;
+    }
+    if (view->property(byKeyProperty).toBool() != mouse) return;
+    view->setProperty(byKeyProperty, !mouse);
+    view->viewport()->update();
 }
 
 bool keysAreUsed() {
@@ -105,7 +109,8 @@ void SkinStyle::polish(QWidget* widget) {
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
         view->installEventFilter(this);
         view->viewport()->installEventFilter(this);
-        view->viewport()->setAttribute(Qt::WA_Hover);
+        // Lists are of cards, which answer the mouse themselves, or drop down and follow it.
+        if (qobject_cast<QTreeView*>(view)) view->viewport()->setAttribute(Qt::WA_Hover);
     }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
