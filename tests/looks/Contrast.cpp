@@ -260,7 +260,7 @@ void addParts(QWidget* window, const QImage& picture, QWidget* widget, Measures&
     }
     for (const QRect& icon : parts.icons) {
         const QRect place = placeIn(window, widget, icon);
-        if (place.height() < least && place.width() < least) continue;
+        if (icon.isEmpty() || place.size() != icon.size()) continue;  // seen whole
         found.icons.append({called(widget, QStringLiteral("icon")), contrastIn(picture, place)});
     }
     const QRect box = placeIn(window, widget, parts.box);
