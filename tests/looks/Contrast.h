@@ -12,12 +12,19 @@ double contrast(const QColor& one, const QColor& other);
 
 /// @return the colour that most of `place` has.
 QColor groundOf(const QImage& picture, const QRect& place);
-/// @return how far what stands on the ground of `place` is from it: the largest contrast. At large
-///         scales strokes have pixels of their pure colour.
+/// @return how far what stands on the ground of `place` is from it: what the clearest quarter of
+/// its
+///         ink has at least. At large scales strokes have so many pixels of their pure colour; the
+///         largest contrast of any pixel would be that of a border or picture which reaches into
+///         the place, and hide a weak text beside it.
 double contrastIn(const QImage& picture, const QRect& place);
 /// @return the contrast between the outline of a box and what lies around it, or between its fill
 ///         and that, whichever is larger. @param box in the picture.
 double edgeContrast(const QImage& picture, const QRect& box);
+
+/// @return the bounds of all that differs from the ground.
+/// @param around what is left out beside it, which belongs to corners and borders, pixels.
+QRect inkOf(const QImage& picture, const QSize& around);
 
 /// What was measured, and where.
 struct Measured {
@@ -25,11 +32,13 @@ struct Measured {
     double contrast;
 };
 
-/// @return the texts that can be seen in a window: labels, buttons, fields, rows of lists.
-QVector<Measured> textsOf(QWidget* window);
-/// @return the edges of what takes input: fields, lists of choice, ticks, buttons with a frame.
-QVector<Measured> edgesOf(QWidget* window);
-/// @return the pictures on buttons and labels.
-QVector<Measured> iconsOf(QWidget* window);
+/// All that can be seen in a window.
+struct Measures {
+    QVector<Measured> texts;  ///< Of labels, buttons, fields, rows, heads, menus, titles.
+    QVector<Measured> edges;  ///< Of what takes input: fields, lists of choice, ticks, buttons.
+    QVector<Measured> icons;  ///< On buttons, labels and rows; arrows; handles of scroll bars.
+};
+
+Measures measuresOf(QWidget* window);
 
 }  // namespace looks_tests

@@ -113,6 +113,7 @@ std::unique_ptr<QWidget> box(const char* picture) {
 std::unique_ptr<QWidget> mainWindow() {
     const double scale = workbench::Host::instance().scale();
     auto window = std::make_unique<workbench::MainWindow>();
+    window->setAnimated(false);  // docks in motion have no measures
     window->show();
     window->findChild<workbench::ScaleLimit*>()->fit({7680, 4320});
     window->resize(int(1280 * scale), int(820 * scale));
@@ -137,6 +138,7 @@ const std::vector<Page>& allPages() {
         {"download", largeDownload},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
+        {"about", [] { return shown(std::make_unique<workbench::AboutDialog>(nullptr)); }},
         {"mainWindow", mainWindow}};
     return pages;
 }

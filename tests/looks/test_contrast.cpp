@@ -1,18 +1,20 @@
 /// Whether what is drawn can be made out and told apart, from the skins' colours and from pictures.
-#include <QCheckBox>
-#include <QComboBox>
+#include <QAbstractItemView>
 #include <QDir>
 #include <QFile>
-#include <QLineEdit>
 #include <QMap>
-#include <QPushButton>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
 
 #include "tests/looks/Contrast.h"
+#include "tests/looks/Controls.h"
 #include "tests/looks/EveryWindow.h"
 #include "workbench/hostlibs/common/Skin.h"
-#include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zControl/MessageBox.h"
+#include "zBaseControl.h"
 
 namespace {
 
@@ -74,87 +76,6 @@ const QVector<Drawn>& drawings() {
     return table;
 }
 
-/// A control in a state, and whether another state is to be told from it.
-struct State {
-    const char* name;
-    std::function<void(QWidget*)> enter;
-};
-
-void enterHover(QWidget* widget) {
-    widget->setAttribute(Qt::WA_UnderMouse);
-}
-
-void enterFocus(QWidget* widget) {
-    widget->activateWindow();
-    widget->setFocus(Qt::TabFocusReason);
-}
-
-const std::vector<State>& statesOfAll() {
-    static const std::vector<State> states = {
-        {"normal", [](QWidget*) {}},
-        {"hovered", enterHover},
-        {"focused", enterFocus},
-        {"disabled", [](QWidget* widget) { widget->setEnabled(false); }}};
-    return states;
-}
-
-std::vector<State> statesOf(QWidget* widget) {
-    std::vector<State> states = statesOfAll();
-    if (qobject_cast<QAbstractButton*>(widget)) {
-        states.push_back({"pressed", [](QWidget* each) {
-                              enterHover(each);
-                              qobject_cast<QAbstractButton*>(each)->setDown(true);
-                          }});
-        if (qobject_cast<QAbstractButton*>(widget)->isCheckable())
-            states.push_back({"checked", [](QWidget* each) {
-                                  qobject_cast<QAbstractButton*>(each)->setChecked(true);
-                              }});
-    }
-    return states;
-}
-
-struct Control {
-    const char* name;
-    std::function<QWidget*(QWidget*)> make;
-    bool edge = true;  ///< Whether it is an input with an edge of its own.
-};
-
-template <int type, bool checkable = false>
-QWidget* styledButton(QWidget* parent) {
-    auto* button = new zBaseButton(QStringLiteral("新建"), parent);
-    button->setCheckable(checkable);
-    button->setCheckedBackColorEnabled(checkable && type == workbench::PlainType);
-    button->setControlType(type);
-    return button;
-}
-
-const std::vector<Control>& controls() {
-    static const std::vector<Control> all = {
-        {"button", styledButton<workbench::PlainType>},
-        {"switch of a row", styledButton<workbench::PlainType, true>},
-        {"default button", styledButton<workbench::DefaultActionType>},
-        {"\"新建\" button", styledButton<workbench::NewButtonType>},
-        {"part of a split button", styledButton<workbench::SplitPartType>, false},
-        {"ribbon entry", styledButton<workbench::RibbonTabType, true>, false},
-        {"list of choice",
-         [](QWidget* parent) {
-             auto* combo = new zBaseCombox(parent);
-             combo->addItem(QStringLiteral("选择"));
-             return combo;
-         }},
-        {"plain button",
-         [](QWidget* parent) { return new QPushButton(QStringLiteral("清空"), parent); }},
-        {"plain list of choice",
-         [](QWidget* parent) {
-             auto* combo = new QComboBox(parent);
-             combo->addItem(QStringLiteral("选择"));
-             return combo;
-         }},
-        {"tick", [](QWidget* parent) { return new QCheckBox(QStringLiteral("已登录"), parent); },
-         false}};
-    return all;
-}
-
 /// A control on a window in a skin, in one of its states.
 class Stage {
   public:
@@ -162,7 +83,9 @@ class Stage {
         auto* layout = new QVBoxLayout(&window);
         layout->setContentsMargins(40, 40, 40, 40);
         widget = control.make(&window);
-        layout->addWidget(widget);
+        QWidget* outer = widget;
+        while (outer->parentWidget() != &window) outer = outer->parentWidget();
+        layout->addWidget(outer);
         // Otherwise the first field takes the focus with the window.
         window.setFocusPolicy(Qt::StrongFocus);
         window.show();
@@ -173,9 +96,17 @@ class Stage {
         testing_support::settle();
         return window.grab().toImage();
     }
+    QRect place() const { return {widget->mapTo(&window, QPoint()), widget->size()}; }
     zBaseWidget window;
     QWidget* widget = nullptr;
 };
+
+/// @return the least that was measured; nothing where there is nothing to measure.
+std::optional<double> leastOf(const QVector<Measured>& found) {
+    std::optional<double> least;
+    for (const Measured& each : found) least = qMin(least.value_or(21), each.contrast);
+    return least;
+}
 
 class Contrast : public testing::Test {
   protected:
@@ -211,18 +142,52 @@ TEST_F(Contrast, OfTheSkinsColoursIsEnough) {
     }
 }
 
+void expectEnough(const Measures& found) {
+    for (const Measured& each : found.texts)
+        EXPECT_GE(each.contrast, forText) << each.what.toStdString();
+    for (const Measured& each : found.edges + found.icons)
+        EXPECT_GE(each.contrast, forShapes) << each.what.toStdString();
+}
+
+/// A strong line beside a weak text does not speak for it.
+TEST_F(Contrast, IsThatOfTheTextAndNotOfABorderBesideIt) {
+    QImage picture(200, 60, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setFont(TBaseTool::GetDefFont(39, QFont::Normal));
+    painter.setPen(QColor(0xC0C0C0));
+    painter.drawText(picture.rect(), Qt::AlignCenter, QStringLiteral("工程文件"));
+    const double weak = contrast(QColor(0xC0C0C0), Qt::white);
+    EXPECT_NEAR(contrastIn(picture, picture.rect()), weak, 0.01);
+    painter.fillRect(0, 0, 200, 2, Qt::black);
+    EXPECT_NEAR(contrastIn(picture, picture.rect()), weak, 0.01);
+}
+
+/// What is chosen, and what the mouse is over.
+void touch(QWidget* window) {
+    for (auto* view : window->findChildren<QAbstractItemView*>())
+        if (view->isVisible() && view->selectionModel()) selectFirst(view);
+    for (auto* widget : window->findChildren<QWidget*>()) widget->setAttribute(Qt::WA_UnderMouse);
+}
+
 TEST_F(Contrast, OfEveryTextEdgeAndIconOfEveryPageIsEnough) {
     for (const QString& skin : skins) {
         Host::instance().setSkin(skin);
         for (const Page& page : allPages()) {
             SCOPED_TRACE(skin.toStdString() + ", " + page.name);
             const std::unique_ptr<QWidget> window = page.open();
-            const QVector<Measured> texts = textsOf(window.get());
-            EXPECT_GE(texts.size(), 3);
-            for (const Measured& each : texts)
-                EXPECT_GE(each.contrast, forText) << each.what.toStdString();
-            for (const Measured& each : edgesOf(window.get()) + iconsOf(window.get()))
-                EXPECT_GE(each.contrast, forShapes) << each.what.toStdString();
+            const Measures found = measuresOf(window.get());
+            EXPECT_GE(found.texts.size(), 3);
+            expectEnough(found);
+            touch(window.get());
+            {
+                SCOPED_TRACE("touched");
+                expectEnough(measuresOf(window.get()));
+            }
+            if (qobject_cast<workbench::MessageBox*>(window.get())) continue;  // always of use
+            window->setEnabled(false);
+            SCOPED_TRACE("disabled");
+            expectEnough(measuresOf(window.get()));
         }
     }
 }
@@ -235,14 +200,10 @@ TEST_F(Contrast, OfControlsIsEnoughInEveryState) {
                 SCOPED_TRACE(skin.toStdString() + ", " + control.name + ", " + state.name);
                 Stage stage(control);
                 state.enter(stage.widget);
-                const QImage picture = stage.picture();
-                const int frame = workbench::scaled(4);
-                const QRect inside =
-                    stage.widget->geometry().adjusted(frame, frame, -frame, -frame);
-                EXPECT_GE(contrastIn(picture, inside), forText);
-                if (control.edge) {
-                    EXPECT_GE(edgeContrast(picture, stage.widget->geometry()), forShapes);
-                }
+                testing_support::settle();
+                const Measures found = measuresOf(&stage.window);
+                EXPECT_FALSE((found.texts + found.edges + found.icons).isEmpty());
+                expectEnough(found);
             }
     }
 }
@@ -255,8 +216,7 @@ TEST_F(Contrast, TellsTheStatesOfAControlApart) {
             for (const State& state : statesOf(Stage(control).widget)) {
                 Stage stage(control);
                 state.enter(stage.widget);
-                pictures.insert(QLatin1String(state.name),
-                                stage.picture().copy(stage.widget->geometry()));
+                pictures.insert(QLatin1String(state.name), stage.picture().copy(stage.place()));
             }
             for (const QString& one : pictures.keys())
                 for (const QString& other : pictures.keys())
@@ -269,24 +229,67 @@ TEST_F(Contrast, TellsTheStatesOfAControlApart) {
     }
 }
 
+const Control& control(const char* name) {
+    return *std::find_if(controls().begin(), controls().end(),
+                         [name](const Control& each) { return each.name == std::string(name); });
+}
+
+TEST_F(Contrast, OfDefaultButtonsIsTheSameInEveryWindow) {
+    for (const QString& skin : skins) {
+        Host::instance().setSkin(skin);
+        for (const State& state : statesOf(Stage(control("default button")).widget)) {
+            QVector<QColor> grounds;
+            QVector<double> texts;
+            for (const char* name : {"default button", "plain default button"}) {
+                Stage stage(control(name));
+                state.enter(stage.widget);
+                grounds.append(groundOf(stage.picture(), stage.place()));
+                texts.append(*leastOf(measuresOf(&stage.window).texts));
+            }
+            EXPECT_EQ(grounds[0], grounds[1]) << skin.toStdString() << ", " << state.name;
+            EXPECT_EQ(texts[0], texts[1]) << skin.toStdString() << ", " << state.name;
+        }
+    }
+}
+
+/// @return how many pixels differ enough to be told apart.
+int clearlyDifferent(const QImage& one, const QImage& other) {
+    int clear = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            clear += contrast(one.pixel(x, y), other.pixel(x, y)) >= forShapes;
+    return clear;
+}
+
 /// What shows the focus differs enough from what is there without it.
 TEST_F(Contrast, OfTheFocusIsEnough) {
     for (const QString& skin : skins) {
         Host::instance().setSkin(skin);
         for (const Control& control : controls()) {
             Stage stage(control);
+            if (!(stage.widget->focusPolicy() & Qt::TabFocus)) continue;
             const QImage before = stage.picture();
             enterFocus(stage.widget);
             const QImage after = stage.picture();
-            int clear = 0;
-            for (int y = 0; y < before.height(); ++y)
-                for (int x = 0; x < before.width(); ++x)
-                    clear += contrast(before.pixel(x, y), after.pixel(x, y)) >= forShapes;
             const QSize size = stage.widget->size();
-            EXPECT_GT(clear, size.width() + size.height())
+            EXPECT_GT(clearlyDifferent(before, after), size.width() + size.height())
                 << skin.toStdString() << ", " << control.name;
         }
     }
+}
+
+TEST_F(Contrast, OfTheRowThatTheKeysGoToIsNotThatOfOneThatIsClicked) {
+    Stage stage(control("row of a list"));
+    auto* view = static_cast<QAbstractItemView*>(stage.widget);
+    const auto click = [&] {
+        const QRect row = view->visualRect(view->model()->index(0, 0));
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, row.center());
+        return stage.picture();
+    };
+    const QImage clicked = click();
+    QTest::keyClick(view, Qt::Key_Home);
+    EXPECT_GT(clearlyDifferent(clicked, stage.picture()), view->width() + view->height());
+    EXPECT_EQ(clearlyDifferent(clicked, click()), 0);
 }
 
 /// Lines of drawings are what tells them; their fills may be faint.
@@ -327,13 +330,12 @@ QString rowOfPictures(const Control& control, const State& state) {
         Host::instance().setSkin(skin);
         Stage stage(control);
         state.enter(stage.widget);
-        const QImage picture = stage.picture();
-        const int frame = workbench::scaled(4);
-        const QRect box = stage.widget->geometry();
-        row += QStringLiteral(" %1 |").arg(
-            number(contrastIn(picture, box.adjusted(frame, frame, -frame, -frame))));
-        row += control.edge ? QStringLiteral(" %1 |").arg(number(edgeContrast(picture, box)))
-                            : QStringLiteral(" |");
+        testing_support::settle();
+        const Measures found = measuresOf(&stage.window);
+        for (const auto& part : {found.texts, found.edges, found.icons}) {
+            const auto least = leastOf(part);
+            row += least ? QStringLiteral(" %1 |").arg(number(*least)) : QStringLiteral(" |");
+        }
     }
     return row + QLatin1Char('\n');
 }
@@ -353,8 +355,8 @@ QString table() {
             text += QStringLiteral(" %1 |\n").arg(drawn.needed);
         }
     text += QStringLiteral(
-        "\n| control | state | light: text | edge | dark: text | edge | contrast: text | edge |\n"
-        "|---|---|---|---|---|---|---|---|\n");
+        "\n| control | state | light: text | edge | icon | dark: text | edge | icon "
+        "| contrast: text | edge | icon |\n|---|---|---|---|---|---|---|---|---|---|---|\n");
     for (const Control& control : controls())
         for (const State& state : statesOf(Stage(control).widget))
             text += rowOfPictures(control, state);

@@ -7,7 +7,9 @@
 #include <QTreeWidget>
 
 #include "core/ElidedLabel.h"
+#include "tests/looks/CutTexts.h"
 #include "tests/looks/EveryWindow.h"
+#include "workbench/hostlibs/common/Skin.h"
 #include "zBaseControl.h"
 
 namespace {
@@ -66,6 +68,44 @@ TEST_F(Dots, AreTheSameBehindEveryScriptInLabelsAndControls) {
             EXPECT_NEAR(dots.first, found.first().first, 1);
             EXPECT_NEAR(dots.second, found.first().second, 1);
             EXPECT_LT(dots.second - dots.first, 5) << "that is no dot";
+        }
+    }
+}
+
+TEST_F(Dots, AreFoundOnlyWhereTheyAre) {
+    const auto dotted = [](QWidget* label, int width) {
+        label->resize(width, 30);
+        return looks_tests::hasDots(label, label->rect());
+    };
+    for (const QString& text : {chinese, latin}) {
+        newpro::ElidedLabel ofTheDialog(text, Qt::ElideMiddle, nullptr);
+        zBaseLabel ofTheHost(text);
+        QLabel plain(text);
+        for (QWidget* label : QWidgetList{&ofTheDialog, &ofTheHost}) {
+            EXPECT_TRUE(dotted(label, 150)) << text.toStdString();
+            EXPECT_FALSE(dotted(label, 600));
+        }
+        EXPECT_FALSE(dotted(&plain, 150));
+    }
+}
+
+TEST_F(Dots, AreNotInAListOfChoiceThatIsAsWideAsItWants) {
+    for (const double scale : {1.0, 3.0}) {
+        workbench::Host::instance().setScale(scale);
+        QComboBox plain;
+        plain.addItem(chinese);
+        zBaseCombox styled;
+        styled.addItem(chinese);
+        for (QComboBox* field : {&plain, static_cast<QComboBox*>(&styled)}) {
+            const QSize wanted = field->sizeHint();
+            const auto dots = [&](int width) {
+                field->resize(width, wanted.height());
+                const int border = workbench::scaled(4);
+                return looks_tests::hasDots(
+                    field, field->rect().adjusted(0, border, -workbench::roomFor(24), -border));
+            };
+            EXPECT_FALSE(dots(wanted.width())) << scale;
+            EXPECT_TRUE(dots(wanted.width() / 2)) << scale;
         }
     }
 }

@@ -5,21 +5,13 @@
 #include <QPushButton>
 #include <QStyle>
 
+#include "tests/looks/Contrast.h"
 #include "tests/looks/EveryWindow.h"
 #include "zBaseControl.h"
 
 namespace {
 
-/// @return the bounds of all that differs from the ground.
-/// @param around what is left out beside it, which belongs to corners and borders, pixels.
-QRect inkOf(const QImage& picture, const QSize& around) {
-    const QRgb ground = picture.pixel(around.width(), around.height());
-    QRect found;
-    for (int y = around.height(); y < picture.height() - around.height(); ++y)
-        for (int x = around.width(); x < picture.width() - around.width(); ++x)
-            if (picture.pixel(x, y) != ground) found |= QRect(x, y, 1, 1);
-    return found;
-}
+using looks_tests::inkOf;
 
 class LargerFont : public testing::Test {
   protected:

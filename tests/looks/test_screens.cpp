@@ -2,12 +2,15 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 
 #include "dialog/NewProCfgDialog.h"
+#include "tests/looks/CutTexts.h"
 #include "tests/looks/EveryWindow.h"
 #include "tests/support/Looks.h"
 #include "workbench/app/MainWindow.h"
 #include "workbench/app/ScaleLimit.h"
+#include "workbench/app/Surface.h"
 #include "workbench/hostlibs/common/Skin.h"
 
 namespace {
@@ -15,6 +18,8 @@ namespace {
 using testing_support::child;
 using testing_support::settle;
 using workbench::Host;
+using workbench::Language;
+using workbench::Surface;
 
 const QSize laptop(1366, 768);
 const QSize large(3840, 2160);
@@ -96,18 +101,34 @@ TEST_F(Screens, TheDialogFitsAtEveryScaleThatIsLeft) {
     }
 }
 
-TEST_F(Screens, OnALaptopNothingOfTheWindowIsCut) {
-    for (const double scale : {1.0, 1.5}) {
-        SCOPED_TRACE(scale);
-        limit->fit(laptop);
-        Host::instance().setScale(scale);
-        window.resize(laptop);
-        settle();
-        EXPECT_EQ(window.size(), laptop);
-        EXPECT_EQ(testing_support::clippedTexts(&window, 0, {}), QStringList());
-        EXPECT_GE(child<QPlainTextEdit>(&window, "detailRequest")->height(),
-                  workbench::scaled(120));
-    }
+/// At the largest scale that each holds, with all that the status bar has to say.
+TEST_F(Screens, NothingOfTheWindowIsCutInEitherLanguage) {
+    const struct {
+        QSize screen;
+        double scale;
+    } screens[] = {{laptop, 1}, {{1920, 1080}, 1.25}, {{2560, 1440}, 1.5}, {large, 2}};
+    const auto chinese = qScopeGuard([] { Surface::instance().setLanguage(Language::Chinese); });
+    for (const Language language : {Language::Chinese, Language::English})
+        for (const auto& each : screens) {
+            SCOPED_TRACE(each.scale);
+            Surface::instance().setLanguage(language);
+            limit->fit(each.screen);
+            Host::instance().setScale(3);
+            ASSERT_EQ(Host::instance().scale(), each.scale);
+            settle();  // and so is the least size
+            window.resize(each.screen);
+            child<QLabel>(&window, "createdMessage")
+                ->setText(
+                    workbench::said("已创建工程文件：%1").arg(QStringLiteral("某住宅小区.GCFX")));
+            settle();
+            EXPECT_EQ(window.size(), each.screen);
+            EXPECT_TRUE(noticed());
+            EXPECT_EQ(testing_support::clippedTexts(&window, 0, {}), QStringList());
+            EXPECT_EQ(looks_tests::cutWithoutDots(&window), QStringList());
+            EXPECT_TRUE(child<QLabel>(&window, "createdMessage")->isVisible());
+            EXPECT_GE(child<QPlainTextEdit>(&window, "detailRequest")->height(),
+                      workbench::scaled(120));
+        }
 }
 
 }  // namespace

@@ -46,7 +46,7 @@ QLayout* heading() {
     auto* picture = new QLabel;
     picture->setPixmap(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), size, 1));
     auto* title = new QLabel(said("新建工程工作台"));
-    title->setFont(TBaseTool::GetDefFont(roomFor(18), QFont::Bold));
+    title->setFont(TBaseTool::GetDefFont(roomFor(16), QFont::Bold));
     auto* row = new QHBoxLayout;
     row->setSpacing(scaled(12));
     row->addWidget(picture);
@@ -73,13 +73,13 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     setWindowTitle(said("关于工作台"));
     setObjectName(QStringLiteral("aboutDialog"));
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(scaled(20), scaled(18), scaled(20), scaled(16));
-    layout->setSpacing(scaled(14));
+    layout->setContentsMargins(scaled(20), scaled(16), scaled(20), scaled(16));
+    layout->setSpacing(scaled(16));
     layout->addLayout(heading());
     layout->addWidget(selectable(said("用来运行、查看和测试对话框“新建工程”的小型宿主。")));
     auto* table = new QGridLayout;
     table->setHorizontalSpacing(scaled(24));
-    table->setVerticalSpacing(scaled(6));
+    table->setVerticalSpacing(scaled(8));
     for (const auto& [name, version] : partVersions()) {
         const int row = table->rowCount();
         table->addWidget(new QLabel(name), row, 0);
@@ -88,6 +88,7 @@ AboutDialog::AboutDialog(QWidget* parent) : QDialog(parent) {
     table->setColumnStretch(1, 1);
     layout->addLayout(table);
     auto* buttons = new QDialogButtonBox;
+    buttons->layout()->setSpacing(scaled(8));
     auto* copy = buttons->addButton(said("复制版本信息"), QDialogButtonBox::ActionRole);
     copy->setObjectName(QStringLiteral("copyVersions"));
     copy->setAccessibleDescription(said("把以上各项的版本复制到剪贴板"));

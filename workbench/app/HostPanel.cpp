@@ -138,11 +138,11 @@ void HostPanel::addList(const HostSwitch& each, const QString& caption,
 }
 
 void HostPanel::setNote(const QString& text) {
-    const bool isNews = isVisible() && !text.isEmpty() && text != note->text();
     note->setText(text);
     note->setVisible(!text.isEmpty());
+    if (text.isEmpty()) return;
     // Once it has its place.
-    if (isNews) QTimer::singleShot(0, note, [this] { ensureWidgetVisible(note); });
+    QTimer::singleShot(0, note, [this] { ensureWidgetVisible(note); });
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,

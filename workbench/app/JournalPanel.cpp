@@ -95,6 +95,7 @@ void JournalPanel::makeView() {
     view->setObjectName(QStringLiteral("journalView"));
     view->setAccessibleName(QStringLiteral("日志"));
     view->setRootIsDecorated(false);
+    view->setAllColumnsShowFocus(true);
     view->setUniformRowHeights(true);
     view->setAlternatingRowColors(true);
     view->setFrameShape(QFrame::NoFrame);

@@ -70,7 +70,8 @@ QLineEdit:disabled,QPlainTextEdit:disabled{background:@disabled;color:@faint}
     const int line = qMax(1, scaled(1));
     // As high as buttons and lists, and as the text of a large font needs.
     const int height = QFontMetrics(QApplication::font()).height() + scaled(8);
-    sheet.replace(QLatin1String("@height"), QString::number(qMax(scaled(28), height) - 4 * line));
+    sheet.replace(QLatin1String("@height"),
+                  QString::number(qMax(scaled(kControlHeight), height) - 4 * line));
     for (const int size : {1, 2, 3, 4, 8}) {
         sheet.replace(QStringLiteral("#%1#").arg(size), QString::number(qMax(1, scaled(size))));
         sheet.replace(QStringLiteral("~%1~").arg(size), QString::number(size * line));

@@ -13,6 +13,7 @@
 #include <QLocale>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QTimer>
 #include <QTreeWidget>
 
 #include "workbench/app/Surface.h"
@@ -99,6 +100,7 @@ QWidget* ProjectPanel::makeList() {
     list->setAccessibleName(QStringLiteral("工程列表"));
     list->setColumnCount(ColumnCount);
     list->setRootIsDecorated(false);
+    list->setAllColumnsShowFocus(true);
     list->setAlternatingRowColors(true);
     list->setFrameShape(QFrame::NoFrame);
     list->setSortingEnabled(true);
@@ -239,7 +241,13 @@ void ProjectPanel::adaptToScale() {
 
 void ProjectPanel::changeEvent(QEvent* event) {
     QSplitter::changeEvent(event);
-    if (event->type() == QEvent::FontChange) adaptToScale();
+    if (event->type() != QEvent::FontChange) return;
+    adaptToScale();
+    // Once every label has the font: the form may keep lines of the height of the one before.
+    QTimer::singleShot(0, this, [details = title->parentWidget()] {
+        details->layout()->invalidate();
+        details->layout()->activate();
+    });
 }
 
 void ProjectPanel::refresh() {

@@ -35,6 +35,11 @@ inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPos();
 }
 
+/// @return what a widget is told of a mouse over it, without a button. @param place in the widget.
+inline QHoverEvent hoverAt(const QPointF& place) {
+    return {QEvent::HoverMove, place, place};
+}
+
 /// @return the folder of Qt's own translations.
 inline QString qtTranslations() {
     return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
@@ -63,6 +68,10 @@ inline int firstKeyOf(const QKeySequence& sequence) {
 
 inline QPoint placeOnScreen(const QMouseEvent& event) {
     return event.globalPosition().toPoint();
+}
+
+inline QHoverEvent hoverAt(const QPointF& place) {
+    return {QEvent::HoverMove, place, place, place};
 }
 
 inline QString qtTranslations() {

@@ -40,6 +40,9 @@ enum class Tint {
     Count
 };
 
+/// Of buttons, fields and lists of choice, in design pixels.
+constexpr double kControlHeight = 28;
+
 /// @return the colour in the current skin.
 WORKBENCH_API QColor colour(Tint tint);
 

@@ -33,7 +33,7 @@ zBaseButton* windowButton(const char* name, const QString& text, const QString& 
     button->setAccessibleName(text);
     button->setAccessibleDescription(description);
     button->setAutoDefault(false);
-    button->setFixedSize(roomFor(88), roomFor(30));
+    button->setFixedSize(roomFor(88), roomFor(kControlHeight));
     return button;
 }
 

@@ -73,7 +73,7 @@ void LoginWindow::addRow(QGridLayout* grid, int row, const QString& label, QLine
     text->setBuddy(field);
     field->setAccessibleName(label);
     field->setAccessibleDescription(QStringLiteral("云盘的") + label);
-    field->setFixedHeight(roomFor(30));
+    field->setFixedHeight(roomFor(kControlHeight));
     grid->addWidget(text, row, 0);
     grid->addWidget(field, row, 1);
 }

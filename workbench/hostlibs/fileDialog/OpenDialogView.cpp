@@ -36,8 +36,6 @@ const PlaceButton placeButtons[] = {{ProjectPlace, "place1", "工程文件夹"},
                                     {PersonalPlace, "place3", "个人云盘"},
                                     {CompanyPlace, "place4", "企业云盘"}};
 
-const int fieldHeight = 28;
-
 /// @param size edge in widget pixels. @param ratio device pixels per widget pixel.
 QIcon listIcon(const char* drawing, int size, qreal ratio) {
     const QString file = QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing));
@@ -67,7 +65,7 @@ QLineEdit* field(const char* name, const QString& nameForReaders, const QString&
     edit->setObjectName(QLatin1String(name));
     edit->setAccessibleName(nameForReaders);
     edit->setAccessibleDescription(description);
-    edit->setFixedHeight(roomFor(fieldHeight));
+    edit->setFixedHeight(roomFor(kControlHeight));
     return edit;
 }
 
@@ -123,7 +121,7 @@ QWidget* OpenDialogView::pathRow() {
     auto* layout = plainLayout<QHBoxLayout>(row, 8);
     upButton = windowButton("upButton", hostText(QStringLiteral("上一级")),
                             hostText(QStringLiteral("转到上一级文件夹")), row);
-    upButton->setFixedSize(roomFor(72), roomFor(fieldHeight));
+    upButton->setFixedSize(roomFor(72), roomFor(kControlHeight));
     pathField = field("pathField", hostText(QStringLiteral("路径")),
                       hostText(QStringLiteral("所列文件夹的路径，按回车键转到")), row);
     layout->addWidget(upButton);
@@ -139,6 +137,7 @@ QWidget* OpenDialogView::fileList() {
     list->setAccessibleName(hostText(QStringLiteral("文件列表")));
     list->setModel(model);
     list->setRootIsDecorated(false);
+    list->setAllColumnsShowFocus(true);
     list->setItemsExpandable(false);
     list->setUniformRowHeights(true);  // thousands of rows stay quick
     list->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -207,7 +206,7 @@ QWidget* OpenDialogView::nameRow() {
     filterBox->setObjectName(QStringLiteral("filterBox"));
     filterBox->setAccessibleName(hostText(QStringLiteral("文件类型")));
     filterBox->setAccessibleDescription(hostText(QStringLiteral("只列出此类型的文件")));
-    filterBox->setFixedHeight(roomFor(fieldHeight));
+    filterBox->setFixedHeight(roomFor(kControlHeight));
     filterBox->setMinimumWidth(scaled(120));
     filterBox->setMaximumWidth(roomFor(240));
     filterBox->setVisible(!foldersWanted);

@@ -53,7 +53,7 @@ void EmptyState::fit() {
     const QString head = text.section(QLatin1Char('\n'), 0, 0);
     const QString rest = text.section(QLatin1Char('\n'), 1);
     const QString title = QStringLiteral("<p style='font-size:%1px;color:%2'>%3</p>")
-                              .arg(roomFor(15))
+                              .arg(roomFor(16))
                               .arg(colour(Tint::Text).name(), head.toHtmlEscaped());
     setText(title + QStringLiteral("<p style='color:%1'>%2</p>")
                         .arg(colour(Tint::Muted).name(), rest.toHtmlEscaped()));

@@ -2,11 +2,16 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QFocusEvent>
+#include <QItemDelegate>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
+#include <QTreeView>
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
@@ -16,8 +21,6 @@
 namespace workbench {
 
 namespace {
-
-constexpr double kRowHeight = 28;  // of every list and tree
 
 QString scrollBarSheet() {
     return QStringLiteral(
@@ -61,6 +64,29 @@ void drawHeaderSection(QPainter& painter, const QRect& rect) {
     painter.fillRect(rect.right() + 1 - line, rect.y(), line, rect.height(), colour(Tint::Divider));
 }
 
+const char byKeyProperty[] = "focusByKey";
+
+/// Keeps whether somebody goes through a view by keys, so that the current row has to be seen.
+void noteKeys(QObject* watched, QEvent* event) {
+    const bool key = event->type() == QEvent::KeyPress;
+    const bool mouse = event->type() == QEvent::MouseButtonPress;
+    if (!key && !mouse && event->type() != QEvent::FocusIn) return;
+    auto* view = qobject_cast<QAbstractItemView*>(mouse ? watched->parent() : watched);
+    if (!view) return;
+    if (!key && !mouse) {
+        const auto reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::TabFocusReason && reason != Qt::BacktabFocusReason) return;
+    }
+    if (view->property(byKeyProperty).toBool() != mouse) return;
+    view->setProperty(byKeyProperty, !mouse);
+    view->viewport()->update();
+}
+
+bool keysAreUsed() {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && focus->property(byKeyProperty).toBool();
+}
+
 void drawHeaderText(QPainter& painter, const QStyleOptionHeader& header) {
     painter.setPen(header.palette.color(QPalette::ButtonText));
     drawLine(painter, header.rect, header.textAlignment, header.text);
@@ -85,10 +111,18 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
-    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+        view->installEventFilter(this);
         view->viewport()->installEventFilter(this);
+        // Lists are of cards, which answer the mouse themselves, or drop down and follow it.
+        if (qobject_cast<QTreeView*>(view)) view->viewport()->setAttribute(Qt::WA_Hover);
+    }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
+    // Qt's own does not ask the style how its rows look.
+    auto* combo = qobject_cast<QComboBox*>(widget);
+    if (combo && qobject_cast<QItemDelegate*>(combo->itemDelegate()))
+        combo->setItemDelegate(new QStyledItemDelegate(combo));
     auto* bar = qobject_cast<QScrollBar*>(widget);
     if (!bar) return;
     // A sheet costs, and most bars are never seen: each view has two.
@@ -97,6 +131,7 @@ void SkinStyle::polish(QWidget* widget) {
 }
 
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
+    noteKeys(watched, event);
     if (event->type() == QEvent::Show)
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
     if (event->type() == QEvent::ToolTip && watched->isWidgetType()) {
@@ -113,6 +148,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     if (metric == PM_HeaderMargin || metric == PM_FocusFrameHMargin) return scaled(5);
     if (metric == PM_DockWidgetSeparatorExtent) return qMax(1, scaled(1));
     if (metric == PM_DockWidgetTitleMargin) return scaled(8);
+    if (metric == PM_CheckBoxLabelSpacing) return scaled(6);  // with the ring between
     const int size = QProxyStyle::pixelMetric(metric, option, widget);
     if (size <= 0) return size;
     switch (metric) {
@@ -129,7 +165,6 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
         case PM_TreeViewIndentation:
             return roomFor(size);
         case PM_ButtonMargin:
-        case PM_CheckBoxLabelSpacing:
         case PM_LayoutBottomMargin:
         case PM_LayoutHorizontalSpacing:
         case PM_LayoutLeftMargin:
@@ -156,8 +191,11 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
     const QSize found = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_ItemViewItem) return found.expandedTo({0, scaled(kRowHeight)});
     if (type == CT_PushButton)
-        return found.expandedTo({qMax(scaled(76), size.width() + scaled(28)), scaled(28)});
-    if (type == CT_ComboBox) return found.expandedTo({0, scaled(28)});
+        return found.expandedTo(
+            {qMax(scaled(76), size.width() + scaled(28)), scaled(kControlHeight)});
+    if (type == CT_CheckBox) return found + QSize(scaled(3), 0);
+    if (type == CT_ComboBox)
+        return found.expandedTo({size.width() + scaled(12) + roomFor(24), scaled(kControlHeight)});
     if (type == CT_ToolButton && hasTextBesideIcon(option))
         return size + QSize(scaled(20), scaled(14));
     if (type == CT_MenuBarItem) return size + QSize(scaled(16), scaled(8));
@@ -167,6 +205,12 @@ QSize SkinStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 QRect SkinStyle::subElementRect(SubElement element, const QStyleOption* option,
                                 const QWidget* widget) const {
     const QRect found = QProxyStyle::subElementRect(element, option, widget);
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+    if (element == SE_CheckBoxFocusRect && button && !button->text.isEmpty()) {
+        // The style stays 3 and 2 pixels beside the text, whatever the scale.
+        const QMargins more(scaled(3) - 3, scaled(2) - 2, scaled(3) - 3, scaled(2) - 2);
+        return found.marginsAdded(more) & option->rect;
+    }
     if (element != SE_HeaderArrow) return found;
     const QRect& rect = option->rect;
     return {rect.right() - roomFor(20), rect.top(), roomFor(12), rect.height()};
@@ -251,8 +295,24 @@ QIcon SkinStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                                             : nullptr;
     if (!drawing) return QProxyStyle::standardIcon(which, option, widget);
     const int side = roomFor(16);
-    return QIcon(pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
-                          {side, side}, widget ? widget->devicePixelRatioF() : 1));
+    const QPixmap picture =
+        pixmapOf(QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(drawing)),
+                 {side, side}, widget ? widget->devicePixelRatioF() : 1);
+    QIcon icon(picture);
+    QPixmap lit = picture;  // under the mouse, and pressed
+    QPainter painter(&lit);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(lit.rect(), colour(Tint::AccentLine));
+    painter.end();
+    icon.addPixmap(lit, QIcon::Active);
+    return icon;
+}
+
+/// The style's own pictures of what cannot be used are too pale, and those of what is selected
+/// take on the colour of the selection.
+QPixmap SkinStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap& picture,
+                                       const QStyleOption*) const {
+    return mode == QIcon::Disabled ? greyed(picture) : picture;
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -273,8 +333,8 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         return drawBox(*painter, option->rect, Qt::transparent, colour(Tint::Line), 0);
     const bool inView = qobject_cast<const QAbstractItemView*>(widget);
     if (element == PE_FrameFocusRect) {
-        // The rows of a plain view show the current one by their ground.
-        if (!inView) drawFocusRing(*painter, option->rect);
+        // A view asks for its whole row without a word of who it is.
+        if (!inView && (widget || keysAreUsed())) drawFocusRing(*painter, option->rect);
         return;
     }
     if (element == PE_PanelItemViewItem && inView) {

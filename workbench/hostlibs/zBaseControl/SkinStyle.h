@@ -39,6 +39,8 @@ class SkinStyle : public QProxyStyle {
                          const QWidget* widget) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
                        const QWidget* widget) const override;
+    QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& picture,
+                                const QStyleOption* option) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -141,6 +141,18 @@ bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, co
     return true;
 }
 
+QPixmap greyed(const QPixmap& picture) {
+    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const int grey = qGray(line[x]);
+            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 85 / 100);
+        }
+    }
+    return QPixmap::fromImage(image);
+}
+
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up) {
     const QColor pen = colour(enabled ? Tint::Muted : Tint::Faint);
     painter.save();

@@ -47,6 +47,9 @@ int heightWithText(const QFontMetrics& font, double design);
 /// Draws a text that is cut already. @param place where the base line begins.
 void drawWithDots(QPainter& painter, QPointF place, const QString& text);
 
+/// @return the picture as one of something that cannot be used: paler it could not be made out.
+QPixmap greyed(const QPixmap& picture);
+
 /// The arrow of a field that drops something down, or of a column that is sorted.
 void drawArrow(QPainter& painter, const QPoint& centre, bool enabled, bool up = false);
 
@@ -59,6 +62,7 @@ void roundCorners(QWidget* window, double radius);
 
 constexpr double kMenuRadius = 6;
 constexpr double kRowButtonHeight = 24;
+constexpr double kRowHeight = 28;  // of every list and tree
 constexpr double kFieldRadius = 4;
 
 }  // namespace workbench

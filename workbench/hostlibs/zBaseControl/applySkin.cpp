@@ -31,7 +31,7 @@ constexpr RoleTint roles[] = {
     {QPalette::Button, Tint::Card, Tint::Disabled},
     {QPalette::ButtonText, Tint::Text, Tint::Faint},
     {QPalette::BrightText, Tint::OnAccent, Tint::OnAccent},
-    {QPalette::Highlight, Tint::Selected, Tint::Disabled},
+    {QPalette::Highlight, Tint::Selected, Tint::Selected},
     {QPalette::HighlightedText, Tint::Text, Tint::Faint},
     {QPalette::Link, Tint::AccentLine, Tint::Faint},
     {QPalette::Light, Tint::Card, Tint::Card},

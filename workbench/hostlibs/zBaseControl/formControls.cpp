@@ -26,6 +26,18 @@ void drawText(QPainter& painter, const QStyleOption& option, const QRect& room,
     drawLine(painter, room, Qt::AlignLeft | Qt::AlignVCenter, text);
 }
 
+/// As the styled buttons of this kind.
+void drawDefaultButton(QPainter& painter, const QStyleOption& option) {
+    Tint fill = Tint::Accent;
+    if (option.state & QStyle::State_MouseOver) fill = Tint::AccentHover;
+    if (option.state & QStyle::State_Sunken) fill = Tint::AccentPressed;
+    drawBox(painter, option.rect, colour(fill), colour(Tint::AccentLine), kFieldRadius);
+    if (!(option.state & QStyle::State_HasFocus)) return;
+    const int inset = scaled(2);
+    drawBox(painter, option.rect.adjusted(inset, inset, -inset, -inset), Qt::transparent,
+            colour(Tint::OnAccent), kFieldRadius);
+}
+
 }  // namespace
 
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
@@ -45,7 +57,7 @@ void drawCheckBox(QPainter& painter, const QStyleOption& option) {
     const bool active = enabled && (pressed || (option.state & QStyle::State_MouseOver));
     Tint fill = pressed ? Tint::Pressed : Tint::Field;
     if (ticked) fill = pressed ? Tint::AccentPressed : Tint::Accent;
-    if (!enabled) fill = Tint::Disabled;
+    if (!enabled) fill = ticked ? Tint::Selected : Tint::Disabled;
     const int side = qMin(option.rect.width(), option.rect.height());
     QRect box(0, 0, side, side);
     box.moveCenter(option.rect.center());
@@ -63,7 +75,8 @@ void drawToolButton(QPainter& painter, const QStyleOption& option) {
     if (option.state & QStyle::State_MouseOver) fill = Tint::Hover;
     if (option.state & QStyle::State_On) fill = Tint::Selected;
     if (option.state & QStyle::State_Sunken) fill = Tint::Pressed;
-    if (option.state & QStyle::State_Enabled)
+    const bool on = option.state & QStyle::State_On;
+    if (on || (option.state & QStyle::State_Enabled))
         drawBox(painter, option.rect, colour(fill), Qt::transparent, kFieldRadius);
 }
 
@@ -78,7 +91,14 @@ void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option
         option.text);
 }
 
+bool isDefault(const QStyleOption& option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    return button && (button->features & QStyleOptionButton::DefaultButton) &&
+           (button->state & QStyle::State_Enabled);
+}
+
 void drawPushButton(QPainter& painter, const QStyleOption& option) {
+    if (isDefault(option)) return drawDefaultButton(painter, option);
     Tint fill = Tint::Card;
     if (option.state & QStyle::State_MouseOver) fill = Tint::Hover;
     if (option.state & QStyle::State_On) fill = Tint::Selected;
@@ -90,7 +110,8 @@ void drawPushButton(QPainter& painter, const QStyleOption& option) {
 }
 
 void drawPushButtonText(QPainter& painter, const QStyleOptionButton& option) {
-    painter.setPen(option.palette.color(QPalette::ButtonText));
+    painter.setPen(isDefault(option) ? colour(Tint::OnAccent)
+                                     : option.palette.color(QPalette::ButtonText));
     drawLine(painter, option.rect, Qt::AlignCenter, option.text);
 }
 

@@ -38,13 +38,13 @@ constexpr Face faces[] = {
       {Tint::Pressed, Tint::AccentLine, Tint::Text},
       {Tint::Selected, Tint::AccentLine, Tint::AccentLine},
       {Tint::Disabled, Tint::Border, Tint::Faint}}},
-    {{kPill, 14, 28, 4},
+    {{kPill, 14, workbench::kControlHeight, 4},
      {{Tint::Card, Tint::Border, Tint::Text},
       {Tint::Hover, Tint::AccentLine, Tint::AccentLine},
       {Tint::Pressed, Tint::AccentLine, Tint::Text},
       {Tint::Accent, Tint::AccentLine, Tint::OnAccent},
       {Tint::Disabled, Tint::Border, Tint::Faint}}},
-    {{workbench::DefaultActionType, 12, 28, 4},
+    {{workbench::DefaultActionType, 12, workbench::kControlHeight, 4},
      {{Tint::Accent, Tint::AccentLine, Tint::OnAccent},
       {Tint::AccentHover, Tint::AccentLine, Tint::OnAccent},
       {Tint::AccentPressed, Tint::AccentLine, Tint::OnAccent},
@@ -110,19 +110,6 @@ int textWidth(const QPushButton& button, bool roomForBold) {
     QFont bold = button.font();
     bold.setWeight(QFont::Bold);
     return qMax(widthOf(bold, button.text()), now);
-}
-
-/// @return the picture as one of something that cannot be used: paler it could not be made out.
-QPixmap greyed(const QPixmap& picture) {
-    QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < image.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const int grey = qGray(line[x]);
-            line[x] = qRgba(grey, grey, grey, qAlpha(line[x]) * 85 / 100);
-        }
-    }
-    return QPixmap::fromImage(image);
 }
 
 /// Where picture and text of a button stand.
@@ -201,10 +188,19 @@ QSize zBaseButton::minimumSizeHint() const {
 void zBaseButton::paintEvent(QPaintEvent*) {
     const Face& face = faceOf(look->type, look->checkedBackground);
     const State state = stateOf(*this);
-    const Tints& tints = face.states[state];
+    Tints tints = face.states[state];
+    // What is on stays so while it cannot be used.
+    if (state == Disabled && isChecked() && face.states[Checked].fill != Tint::None)
+        tints.fill = Tint::Selected;
     QPainter painter(this);
     const bool own = state == Rest && look->background.isValid();
-    workbench::drawBox(painter, rect(), own ? look->background : colour(tints.fill),
+    QRect box = rect();
+    if (look->type == workbench::SplitPartType && parentWidget()) {
+        const int line = qMax(1, scaled(1));  // the border of the whole button stays in sight
+        const QRect whole = parentWidget()->rect().adjusted(line, line, -line, -line);
+        box &= whole.translated(-pos());
+    }
+    workbench::drawBox(painter, box, own ? look->background : colour(tints.fill),
                        colour(tints.border), face.body.radius);
     if (look->type == workbench::SplitPartType && menu())
         painter.fillRect(0, scaled(6), qMax(1, scaled(1)), height() - 2 * scaled(6),
@@ -222,7 +218,7 @@ void zBaseButton::paintEvent(QPaintEvent*) {
             QStyle::alignedRect(layoutDirection(), vertical, iconSize(), content.all);
         const bool drawnDisabled = look->icons[3] != look->icons[0];
         QPixmap picture = workbench::pixmapOf(look->icons[index], iconSize(), devicePixelRatioF());
-        if (state == Disabled && !drawnDisabled) picture = greyed(picture);
+        if (state == Disabled && !drawnDisabled) picture = workbench::greyed(picture);
         painter.drawPixmap(iconPlace.topLeft(), picture);
     }
     painter.setPen(colour(tints.text));

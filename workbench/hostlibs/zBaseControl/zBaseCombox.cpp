@@ -19,7 +19,8 @@ class Rows : public QStyledItemDelegate {
     bool iconsShown = false;
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-        return {QStyledItemDelegate::sizeHint(option, index).width() + scaled(12), scaled(30)};
+        return {QStyledItemDelegate::sizeHint(option, index).width() + scaled(12),
+                workbench::heightWithText(option.fontMetrics, workbench::kRowHeight)};
     }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -87,7 +88,7 @@ void zBaseCombox::SetComboxShowIcon(bool show) {
 }
 
 QSize zBaseCombox::sizeHint() const {
-    return {QComboBox::sizeHint().width() + scaled(20), scaled(30)};
+    return {QComboBox::sizeHint().width() + scaled(20), scaled(workbench::kControlHeight)};
 }
 
 void zBaseCombox::paintEvent(QPaintEvent*) {

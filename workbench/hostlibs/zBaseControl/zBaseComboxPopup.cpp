@@ -18,7 +18,7 @@ zBaseComboxPopup::zBaseComboxPopup(QWidget* parent) : zBaseWidget(parent), popup
     look->rest = Tint::Field;
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
-    setMinimumHeight(scaled(30));
+    setMinimumHeight(scaled(workbench::kControlHeight));
     popup->frame = new QFrame(this, Qt::Popup);
     popup->frame->setObjectName(QStringLiteral("popup"));
     popup->frame->setFrameShape(QFrame::StyledPanel);

@@ -26,7 +26,8 @@ QWidget* pictureLabel(const char* name, QWidget* parent) {
 /// @return a text, in what it is scrolled in if the box would leave the screen with it.
 QWidget* scrolledIfLong(QLabel* text) {
     const QWidget* box = text->window();
-    const int room = box->screen()->availableSize().height() - roomFor(160);  // for what is around
+    const int around = roomFor(160);
+    const int room = qMax(scaled(40), box->screen()->availableSize().height() - around);
     if (text->minimumHeight() <= room) return text;
     auto* area = new QScrollArea;
     area->setFrameShape(QFrame::NoFrame);
@@ -85,7 +86,7 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
         button->setObjectName(QStringLiteral("button%1").arg(i));
         // What it answers: the keys are with it when the box comes up.
         button->setAccessibleDescription(findChild<QLabel*>(QStringLiteral("text"))->text());
-        button->setMinimumSize(scaled(76), scaled(28));
+        button->setMinimumSize(scaled(76), scaled(kControlHeight));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
         button->setAutoDefault(false);
         button->setDefault(i == 0);
