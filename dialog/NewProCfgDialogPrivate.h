@@ -135,8 +135,9 @@ void NewProCfgDialogPrivate::deafWhile(const Close& close) {
     newpro::withEnd(close, [this, &focused] {
         if (!q || !q->isVisible()) return;
         q->listenAgain();
-        // It went when the dialog was disabled, and every key with it.
-        if (focused && !q->focusWidget()) focused->setFocus();
+        // It went when the dialog was disabled, and every key with it. It comes back as it was,
+        // seen or not.
+        if (focused && !q->focusWidget()) focused->setFocus(Qt::ActiveWindowFocusReason);
     });
 }
 

@@ -242,7 +242,10 @@ bool zBaseButton::event(QEvent* event) {
     switch (event->type()) {
         case QEvent::FocusIn: {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
-            look->keyboardFocus = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+            // From another window or a menu it comes back as it went.
+            const bool back = reason == Qt::ActiveWindowFocusReason ||
+                              reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason;
+            if (!back) look->keyboardFocus = reason != Qt::MouseFocusReason;
             break;
         }
         case QEvent::KeyPress: {
