@@ -46,7 +46,7 @@ QLayout* heading() {
     auto* picture = new QLabel;
     picture->setPixmap(pixmapOf(QStringLiteral(":/Image/Workbench/app.svg"), size, 1));
     auto* title = new QLabel(said("新建工程工作台"));
-    title->setFont(TBaseTool::GetDefFont(roomFor(18), QFont::Bold));
+    title->setFont(TBaseTool::GetDefFont(roomFor(16), QFont::Bold));
     auto* row = new QHBoxLayout;
     row->setSpacing(scaled(12));
     row->addWidget(picture);

@@ -143,7 +143,7 @@ MainWindow::MainWindow(Settings* settings)
     watchJournal();
     adaptToLook();
     showInstallation();
-    projects->setFocus();
+    projects->focusList();
     Surface::instance().adopt(this);
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::showInstallation);
     connect(&Surface::instance(), &Surface::languageChanged, this, &MainWindow::adaptToLook);

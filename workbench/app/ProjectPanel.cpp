@@ -84,7 +84,6 @@ ProjectPanel::ProjectPanel(QWidget* parent)
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
     connect(&Surface::instance(), &Surface::languageChanged, this, &ProjectPanel::say);
-    setFocusProxy(list);
     adaptToScale();
     say();
 }
@@ -159,6 +158,10 @@ QString ProjectPanel::currentPath() const {
 
 bool ProjectPanel::isSearching() const {
     return !search->text().trimmed().isEmpty();
+}
+
+void ProjectPanel::focusList() {
+    list->setFocus();
 }
 
 void ProjectPanel::focusSearch() {
