@@ -10,6 +10,7 @@
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/comboAccessible.h"
 #include "workbench/hostlibs/zBaseControl/cutTips.h"
 #include "workbench/hostlibs/zBaseControl/formControls.h"
 
@@ -80,8 +81,10 @@ void SkinStyle::dress(QScrollBar& bar) {
 
 void SkinStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
-    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
         view->viewport()->installEventFilter(this);
+        nameComboList(*view);
+    }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);

@@ -99,6 +99,12 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 }  // namespace
 
+void nameComboList(QAbstractItemView& view) {
+    const QWidget* around = view.parentWidget();
+    const auto* combo = around ? qobject_cast<QComboBox*>(around->parentWidget()) : nullptr;
+    if (combo) view.setAccessibleName(combo->accessibleName());
+}
+
 void makeCombosAccessible() {
     static const struct Installed {
         Installed() { QAccessible::installFactory(makeInterface); }
