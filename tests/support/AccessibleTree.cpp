@@ -113,7 +113,8 @@ QStringList accessibleFaults(QWidget* window) {
         QAccessibleInterface* thing = each.thing;
         const auto* widget = qobject_cast<QWidget*>(thing->object());
         if (widget) objects.insert(widget);
-        if (isInteractive(thing) && thing->text(QAccessible::Name).isEmpty())
+        const bool used = isInteractive(thing) || thing->state().focusable;
+        if (used && thing->text(QAccessible::Name).isEmpty())
             faults << QStringLiteral("no name: ") + told(thing);
         if (thing->role() == QAccessible::NoRole)
             faults << QStringLiteral("no role: ") + told(thing);

@@ -25,6 +25,7 @@ HostPanel::HostPanel(QWidget* parent) : QScrollArea(parent), form(new QFormLayou
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
+    setAccessibleName(QStringLiteral("主程序开关"));
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const HostSwitch& each : hostSwitches()) add(each);
     adaptToScale();

@@ -212,6 +212,7 @@ QWidget* ProjectPanel::makeDetails() {
     layout->addWidget(request, 1);
     // In a low window the request keeps its height, and one scrolls to what is below.
     auto* area = new QScrollArea;
+    area->setAccessibleName(QStringLiteral("工程信息"));
     area->setWidget(details);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
