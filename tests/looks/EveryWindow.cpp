@@ -109,10 +109,6 @@ std::unique_ptr<QWidget> box(const char* picture) {
         QStringList{QStringLiteral("确定"), QStringLiteral("取消")}, picture, nullptr));
 }
 
-std::unique_ptr<QWidget> about() {
-    return shown(std::make_unique<workbench::AboutDialog>(nullptr));
-}
-
 /// As on a screen that holds every scale.
 std::unique_ptr<QWidget> mainWindow() {
     const double scale = workbench::Host::instance().scale();
@@ -141,7 +137,7 @@ const std::vector<Page>& allPages() {
         {"download", largeDownload},
         {"information", [] { return box("info"); }},
         {"critical", [] { return box("critical"); }},
-        {"about", about},
+        {"about", [] { return shown(std::make_unique<workbench::AboutDialog>(nullptr)); }},
         {"mainWindow", mainWindow}};
     return pages;
 }
@@ -158,7 +154,7 @@ const std::vector<Page>& windowsOfTheWorkbench() {
                  QStringLiteral("提示"), QStringLiteral("无法打开的工程文件\n").repeated(60),
                  QStringList{QStringLiteral("确定")}, "critical", nullptr));
          }},
-        {"about", about},
+        {"about", [] { return shown(std::make_unique<workbench::AboutDialog>(nullptr)); }},
         {"mainWindow", [] { return shown(std::make_unique<workbench::MainWindow>()); }}};
     return pages;
 }

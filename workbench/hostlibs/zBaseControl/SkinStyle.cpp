@@ -80,11 +80,10 @@ void SkinStyle::dress(QScrollBar& bar) {
 }
 
 void SkinStyle::polish(QWidget* widget) {
+    nameComboList(*widget);
     QProxyStyle::polish(widget);
-    if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
+    if (auto* view = qobject_cast<QAbstractItemView*>(widget))
         view->viewport()->installEventFilter(this);
-        nameComboList(*view);
-    }
     if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
         widget->installEventFilter(this);
     auto* bar = qobject_cast<QScrollBar*>(widget);

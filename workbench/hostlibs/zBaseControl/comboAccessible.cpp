@@ -99,18 +99,19 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 
 }  // namespace
 
-void nameComboList(QAbstractItemView& view) {
-    const QWidget* around = view.parentWidget();
-    const auto* combo = around ? qobject_cast<QComboBox*>(around->parentWidget()) : nullptr;
-    if (combo) view.setAccessibleName(combo->accessibleName());
-}
-
 void makeCombosAccessible() {
     static const struct Installed {
         Installed() { QAccessible::installFactory(makeInterface); }
         ~Installed() { QAccessible::removeFactory(makeInterface); }
     } installed;
     Q_UNUSED(installed)
+}
+
+void nameComboList(QWidget& widget) {
+    const auto* view = qobject_cast<QAbstractItemView*>(&widget);
+    const QWidget* around = view ? view->parentWidget() : nullptr;
+    const auto* combo = around ? qobject_cast<QComboBox*>(around->parentWidget()) : nullptr;
+    if (combo) widget.setAccessibleName(combo->accessibleName());
 }
 
 }  // namespace workbench

@@ -1,7 +1,7 @@
 /// What a screen reader finds in a field with a list.
 #pragma once
 
-class QAbstractItemView;
+class QWidget;
 
 namespace workbench {
 
@@ -9,7 +9,7 @@ namespace workbench {
 /// open. Once for the process; further calls do nothing.
 void makeCombosAccessible();
 
-/// Gives a list that belongs to such a field its name. Other views stay as they are.
-void nameComboList(QAbstractItemView& view);
+/// Gives a list that belongs to such a field its name. Other widgets stay as they are.
+void nameComboList(QWidget& widget);
 
 }  // namespace workbench
