@@ -2,7 +2,6 @@
 
 #include <QLabel>
 #include <QLayout>
-#include <QTextLayout>
 
 #include "tests/import/ExcelSelection.h"
 #include "tests/support/Looks.h"
@@ -65,41 +64,6 @@ TEST_F(ExcelSelection, shows_all_of_its_texts_at_every_scale) {
         EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelFile")->text(), QStringLiteral("选择文件"));
         EXPECT_EQ(child<zBaseButton>(&dialog, "btnSelDir")->text(), QStringLiteral("选择文件夹"));
     }
-}
-
-/// @return the lines that a label of several lines breaks its text into.
-QStringList linesOf(const QLabel* label) {
-    QTextLayout layout(label->text(), label->font());
-    QStringList lines;
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(label->contentsRect().width());
-        lines.append(label->text().mid(line.textStart(), line.textLength()));
-    }
-    layout.endLayout();
-    return lines;
-}
-
-/// @return the same of all labels of a dialog.
-QStringList linesOf(const QWidget& dialog) {
-    QStringList lines;
-    for (const QLabel* label : dialog.findChildren<QLabel*>())
-        if (label->wordWrap()) lines += linesOf(label);
-    return lines;
-}
-
-TEST_F(ExcelSelection, breaks_its_texts_alike_at_every_scale) {
-    QStringList design;
-    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
-        SCOPED_TRACE(scale);
-        workbench::Host::instance().setScale(scale);
-        importExcelSelFile dialog(nullptr);
-        dialog.show();
-        settle();
-        if (design.isEmpty()) design = linesOf(dialog);
-        EXPECT_EQ(linesOf(dialog), design);
-    }
-    EXPECT_EQ(design.size(), 3);
 }
 
 TEST_F(ExcelSelection, has_the_contracting_tile_at_the_right_of_the_budget_tile) {
