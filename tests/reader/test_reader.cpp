@@ -154,7 +154,9 @@ void compare(const Told& told, QAccessibleInterface* thing) {
     if (!widget) return;
     EXPECT_EQ(showing, isSeen(widget) || isScrolledOut(widget));
     if (!showing) return;
-    if (qobject_cast<const QAbstractButton*>(widget)) EXPECT_NE(told.name, QString());
+    if (qobject_cast<const QAbstractButton*>(widget)) {
+        EXPECT_NE(told.name, QString());
+    }
     EXPECT_TRUE(told.name.contains(writtenOn(widget))) << writtenOn(widget).toStdString();
     if (!valueOf(widget).isEmpty()) {
         EXPECT_EQ(told.text, valueOf(widget));

@@ -208,7 +208,6 @@ TEST_F(ProgramTest, TheGalleryPicturesEveryPageInEverySkin_AndTheDocumentsShowTh
 
 TEST_F(ProgramTest, AGalleryPageIsPixelForPixel_WithItsMenuOverIt) {
     const QString pictures = folder.filePath(QStringLiteral("pages"));
-    const QString play = QStringLiteral("play");
     const Ran ran = runProgram({play, QStringLiteral(REPOSITORY "/tests/scenarios/gallery.json"),
                                 QStringLiteral("--pictures"), pictures});
     EXPECT_EQ(ran.code, 0) << ran.err.toStdString();

@@ -1,5 +1,6 @@
 #include "workbench/app/galleryCommand.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
