@@ -1,19 +1,24 @@
 /// Opening the new-project dialog: constructing it and its first paint, for 30, 300 and 3,000
 /// pricing models, beside two floors from plain Qt widgets without style sheets: the same labels
 /// and buttons with a plain list, and the same with all views and fields of the dialog's other
-/// pages.
+/// pages. And all that a large installation takes: reading 5,000 models with their fees as well.
 #include <QtTest/qtestspontaneevent.h>
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -72,6 +77,70 @@ void openDialog(benchmark::State& state) {
         state.ResumeTiming();
     }
     state.SetComplexityN(state.range(0));
+}
+
+/// Writes an installation like the sample, with its first model over and over. Each has two fee
+/// modes, so that its card gets a menu.
+/// @return whether all of it could be written.
+bool writeInstallation(const QString& folder, int count) {
+    const QString sample = QStringLiteral(SAMPLE_INSTALLATION "/");
+    QFile file(sample + QStringLiteral("models.json"));
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    QJsonObject kinds = QJsonDocument::fromJson(file.readAll()).object();
+    QJsonArray budget = kinds[u"Kvys"].toArray();
+    QJsonObject entry = budget[0].toObject();
+    QJsonObject record = entry[u"models"].toArray()[0].toObject();
+    QJsonArray records;
+    for (int i = 0; i < count; ++i) {
+        const TaxTemplateInfo info = model(i);
+        record[u"name"] = info.name;
+        record[u"key"] = info.key;
+        records.append(record);
+    }
+    entry[u"models"] = records;
+    budget[0] = entry;
+    kinds[u"Kvys"] = budget;
+    QFile models(folder + QStringLiteral("/models.json"));
+    const QByteArray json = QJsonDocument(kinds).toJson();
+    bool written = models.open(QIODevice::WriteOnly) && models.write(json) == json.size();
+    for (const char* name : {"settings.json", "history.json"})
+        written = QFile::copy(sample + QLatin1String(name),
+                              folder + QLatin1Char('/') + QLatin1String(name)) &&
+                  written;
+    return written;
+}
+
+/// Reads the files of an installation, and opens the dialog over it. @param opens false: reads
+/// alone.
+void useInstallation(benchmark::State& state, bool opens) {
+    const QTemporaryDir folder;
+    if (!writeInstallation(folder.path(), int(state.range(0))))
+        return state.SkipWithError("the installation cannot be written");
+    workbench::Host& host = workbench::Host::instance();
+    for (auto _ : state) {
+        if (!host.loadInstallation(folder.path()).isEmpty())
+            state.SkipWithError("the installation cannot be read");
+        std::unique_ptr<NewProCfgDialog> dialog;
+        if (opens) {
+            dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
+            paint(*dialog);
+        }
+        state.PauseTiming();
+        dialog.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        workbench::Journal::instance().clear();
+        state.ResumeTiming();
+    }
+    host.reset();
+    state.SetComplexityN(state.range(0));
+}
+
+void readInstallation(benchmark::State& state) {
+    useInstallation(state, false);
+}
+
+void openInstallation(benchmark::State& state) {
+    useInstallation(state, true);
 }
 
 QWidget* plainCard(const TaxTemplateInfo& info) {
@@ -251,6 +320,18 @@ BENCHMARK(touchpad)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond)
 BENCHMARK(plainList)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(plainDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(openDialog)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
+BENCHMARK(readInstallation)
+    ->Arg(50)
+    ->Arg(500)
+    ->Arg(5000)
+    ->Complexity()
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(openInstallation)
+    ->Arg(50)
+    ->Arg(500)
+    ->Arg(5000)
+    ->Complexity()
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

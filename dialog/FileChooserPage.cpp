@@ -21,6 +21,14 @@ namespace {
 
 constexpr double gapAboveButton = 140.0;
 
+/// Editable before anything else is made: the field's place among the tab stops is where it was
+/// made, and from behind the buttons Backtab would lead past them.
+zBaseCombox* editableCombo(QWidget* parent) {
+    auto* combo = new zBaseCombox(parent);
+    combo->setEditable(true);
+    return combo;
+}
+
 zBaseLabel* captionLabel(const QString& text, QWidget* page) {
     auto* caption = new zBaseLabel(text, page);
     caption->setObjectName(QStringLiteral("caption"));
@@ -49,7 +57,7 @@ QHBoxLayout* centred(QWidget* widget) {
 FileChooserPage::FileChooserPage(const FileChooserConfig& config, QWidget* parent)
     : zBaseWidget(parent, TransparentRow),
       panel(new zBaseWidget(this)),
-      combo(new zBaseCombox(panel)),
+      combo(editableCombo(panel)),
       browse(new zBaseButton(panel)),
       create(new zBaseButton(config.createText, this)) {
     setObjectName(QLatin1String(config.objectName));
@@ -93,7 +101,6 @@ void FileChooserPage::buildPathPanel() {
     panel->setMinimumHeight(scaled(30));
     panel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     combo->setObjectName(QStringLiteral("fileCombo"));
-    combo->setEditable(true);
     // What is typed stays text: it becomes an entry only through the history.
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->SetComboxShowIcon(true);

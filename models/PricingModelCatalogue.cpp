@@ -3,6 +3,7 @@
 #include "core/cardRow.h"
 #include "core/scale.h"
 #include "models/ProModelItemForm.h"
+#include "models/feeRecords.h"
 
 namespace newpro {
 
@@ -33,6 +34,7 @@ void PricingModelCatalogue::clear() {
 void PricingModelCatalogue::load(const QString& appType, const Create& create,
                                  const ModeFilled& modeFilled) {
     const int filling = pool.filling();
+    const RecordIndex index;
     ProjectSettingHelper* helper = ProjectSettingHelper::GetProjectSettingHelper();
     // A copy: the host may rebuild its list while the cards ask for their configuration.
     QList<ProjectSettingSpace::ProTaxTemplateInfo> entries;

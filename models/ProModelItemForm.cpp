@@ -10,6 +10,7 @@
 #include "core/hostContract.h"
 #include "core/scale.h"
 #include "core/styleCodes.h"
+#include "models/feeRecords.h"
 
 using newpro::guarded;
 using newpro::scaled;
@@ -175,15 +176,13 @@ void ProModelItemForm::initXjButton(zBaseButton* button) {
     // Always the budget type's configuration, whatever kind the dialog is in.
     const ProjectSettingSpace::PricingModelInfoMap configured =
         helper->GetPricingModelInfoMap(newpro::applicationType::budget, QString());
-    for (const ProjectSettingSpace::PricingModelInfo& info : configured) {
-        if (info.key != model.key) continue;
-        model.alternativeFeeMode = info.defaultFeeMode;
-        if (info.feeModes.size() == 1) {
-            model.feeMode = info.feeModes.constFirst();
-        } else if (info.feeModes.size() > 1) {
-            if (!button->layout()) splitButton(button, info.feeModes);
-        }
-        return;
+    const ProjectSettingSpace::PricingModelInfo* info = newpro::recordOf(configured, model.key);
+    if (!info) return;
+    model.alternativeFeeMode = info->defaultFeeMode;
+    if (info->feeModes.size() == 1) {
+        model.feeMode = info->feeModes.constFirst();
+    } else if (info->feeModes.size() > 1) {
+        if (!button->layout()) splitButton(button, info->feeModes);
     }
 }
 

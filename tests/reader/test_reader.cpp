@@ -12,6 +12,7 @@
 
 #include "tests/looks/EveryWindow.h"
 #include "tests/reader/Reader.h"
+#include "tests/support/AccessibleTree.h"
 #include "workbench/app/MainWindow.h"
 
 namespace {
@@ -152,15 +153,23 @@ void compare(const Told& told, QAccessibleInterface* thing) {
     if (!widget) return;
     EXPECT_EQ(showing, isSeen(widget) || isScrolledOut(widget));
     if (!showing) return;
+    if (qobject_cast<const QAbstractButton*>(widget)) {
+        EXPECT_NE(told.name, QString());
+    }
     EXPECT_TRUE(told.name.contains(writtenOn(widget))) << writtenOn(widget).toStdString();
     if (!valueOf(widget).isEmpty()) {
         EXPECT_EQ(told.text, valueOf(widget));
     }
 }
 
-/// Expects that a reader is told what is there and what is seen.
+/// Expects that a reader is told what is there and what is seen, and can make something of it.
 void expectTold() {
     settle();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (!window->isVisible()) continue;
+        EXPECT_EQ(testing_support::accessibleFaults(window), QStringList())
+            << window->metaObject()->className();
+    }
     const QVector<Told> told = whatIsTold();
     QVector<QAccessibleInterface*> things;
     gather(QAccessible::queryAccessibleInterface(qApp), things);
@@ -225,6 +234,15 @@ TEST_F(ReaderOfDialog, IsToldOfAListThatIsOpen) {
     const std::unique_ptr<QWidget> dialog = shown("excel");
     dialog->findChild<QComboBox*>()->showPopup();
     ASSERT_TRUE(QApplication::activePopupWidget());
+    expectTold();
+}
+
+TEST_F(ReaderOfDialog, IsToldOfANotice) {
+    const std::unique_ptr<QWidget> window = shown("mainWindow");
+    static_cast<workbench::MainWindow*>(window.get())
+        ->tellBroken(QStringLiteral("/工程"),
+                     QStringLiteral("models.json:3: name: must be a text"));
+    ASSERT_TRUE(child<QWidget>(window.get(), "notice")->isVisible());
     expectTold();
 }
 

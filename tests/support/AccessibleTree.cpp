@@ -133,7 +133,8 @@ QStringList accessibleFaults(QWidget* window) {
         QAccessibleInterface* thing = each.thing;
         const auto* widget = qobject_cast<QWidget*>(thing->object());
         if (widget) objects.insert(widget);
-        if (isInteractive(thing) && thing->text(QAccessible::Name).isEmpty())
+        const bool used = isInteractive(thing) || thing->state().focusable;
+        if (used && thing->text(QAccessible::Name).isEmpty())
             faults << QStringLiteral("no name: ") + told(thing);
         if (isControl(thing) && !isDescribed(thing))
             faults << QStringLiteral("no description: ") + told(thing);

@@ -170,24 +170,56 @@ TEST_F(ProgramTest, TheTourPrintsTheJournalAndWhereThePicturesAre) {
         EXPECT_TRUE(ran.out.contains(pictures + QLatin1Char('/') + file)) << file.toStdString();
 }
 
-TEST_F(ProgramTest, TheGalleryHasASheetForEverySkinOfTheHost) {
-    const QString pictures = folder.filePath(QStringLiteral("sheets"));
-    const Ran ran = runProgram({QStringLiteral("gallery"), QStringLiteral("--pictures"), pictures});
+QString documentOf(const char* path) {
+    QFile file(QStringLiteral(REPOSITORY "/") + QLatin1String(path));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+    return QString::fromUtf8(file.readAll());
+}
+
+TEST_F(ProgramTest, TheGalleryPicturesEveryPageInEverySkin_AndTheDocumentsShowThem) {
+    const QDir pictures(folder.filePath(QStringLiteral("sheets")));
+    const Ran ran =
+        runProgram({QStringLiteral("gallery"), QStringLiteral("--pictures"), pictures.path()});
     EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
     const QStringList skins = workbench::fieldNamed(workbench::hostFields(), "skin").words;
     ASSERT_GE(skins.size(), 2);
+    const QStringList pages = QDir(pictures.filePath(skins.first())).entryList(QDir::Files);
+    EXPECT_GE(pages.size(), 16);
+    QStringList files;
     for (const QString& skin : skins) {
-        const QString file = QStringLiteral("%1/gallery-%2.png").arg(pictures, skin);
-        const QImage sheet(file);
-        EXPECT_GT(sheet.width(), 3 * 300) << file.toStdString();
-        EXPECT_GT(sheet.height(), 3 * 300) << file.toStdString();
-        EXPECT_TRUE(ran.out.contains(file));
-        const QString shown = QStringLiteral("pictures/gallery-%1.png").arg(skin);
-        QFile page(QStringLiteral(REPOSITORY "/docs/gallery.md"));
-        ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-        EXPECT_TRUE(QString::fromUtf8(page.readAll()).contains(shown))
-            << "docs/gallery.md lacks " << shown.toStdString();
+        const QImage sheet(pictures.filePath(QStringLiteral("gallery-%1.png").arg(skin)));
+        EXPECT_GT(sheet.width(), 4 * 300) << skin.toStdString();
+        EXPECT_GT(sheet.height(), 4 * 300) << skin.toStdString();
+        const QString inReadme = QStringLiteral("(docs/pictures/gallery-%1.png)").arg(skin);
+        for (const char* readme : {"README.md", "README.zh-CN.md"})
+            EXPECT_TRUE(documentOf(readme).contains(inReadme)) << readme << skin.toStdString();
+        files << QStringLiteral("gallery-%1.png").arg(skin);
+        files << QStringLiteral("scales-%1.png").arg(skin);
+        for (const QString& page : pages) files << skin + QLatin1Char('/') + page;
     }
+    const QString gallery = documentOf("docs/gallery.md");
+    for (const QString& file : files) {
+        EXPECT_FALSE(QImage(pictures.filePath(file)).isNull()) << file.toStdString();
+        EXPECT_TRUE(ran.out.contains(pictures.filePath(file))) << file.toStdString();
+        EXPECT_TRUE(gallery.contains(QStringLiteral("(pictures/%1)").arg(file)))
+            << "docs/gallery.md lacks " << file.toStdString();
+        EXPECT_TRUE(QFile::exists(QStringLiteral(REPOSITORY "/docs/pictures/") + file))
+            << file.toStdString();
+    }
+}
+
+TEST_F(ProgramTest, AGalleryPageIsPixelForPixel_WithItsMenuOverIt) {
+    const QString pictures = folder.filePath(QStringLiteral("pages"));
+    const Ran ran = runProgram({play, QStringLiteral(REPOSITORY "/tests/scenarios/gallery.json"),
+                                QStringLiteral("--pictures"), pictures});
+    EXPECT_EQ(ran.code, 0) << ran.err.toStdString();
+    const QImage page(pictures + QStringLiteral("/models.png"));
+    const QImage menu(pictures + QStringLiteral("/fee-menu.png"));
+    EXPECT_EQ(page.size(), QSize(880, 750));
+    EXPECT_EQ(menu.size(), page.size());
+    const QRect below(0, 300, 880, 450);
+    EXPECT_NE(menu, page);
+    EXPECT_EQ(menu.copy(below), page.copy(below));
 }
 
 TEST_F(ProgramTest, WhatTheCommandLineLacksOrDoesNotKnowEndsWith2) {

@@ -68,9 +68,9 @@ void describe(QCommandLineParser& parser) {
         text("Open the window on a temporary copy and write what is done in the dialog as a "
              "scenario file."),
         text("record FILE |"));
-    parser.addPositionalArgument(text("gallery"),
-                                 text("Picture every page in every skin, a sheet for each skin."),
-                                 text("gallery]"));
+    parser.addPositionalArgument(
+        text("gallery"), text("Picture every page in every skin, one by one and on a sheet."),
+        text("gallery]"));
 }
 
 /// Prints what was asked for instead of a command.

@@ -65,6 +65,7 @@ HostPanel::HostPanel(QWidget* parent)
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
+    setAccessibleName(QStringLiteral("主程序开关"));
     form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const HostSwitch& each : hostSwitches()) add(each);
     adaptToScale();

@@ -151,7 +151,7 @@ MainWindow::MainWindow(Settings* settings)
     watchJournal();
     adaptToLook();
     showInstallation();
-    projects->setFocus();
+    projects->focusList();
     Surface::instance().adopt(this);
     connect(&Surface::instance(), &Surface::languageChanged, this, nameProgram);
     nameProgram();

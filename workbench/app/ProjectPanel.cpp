@@ -85,7 +85,6 @@ ProjectPanel::ProjectPanel(QWidget* parent)
     connect(&watcher, &QFileSystemWatcher::directoryChanged, this, &ProjectPanel::refresh);
     connect(&Host::instance(), &Host::skinChanged, this, &ProjectPanel::refresh);
     connect(&Surface::instance(), &Surface::languageChanged, this, &ProjectPanel::say);
-    setFocusProxy(list);
     adaptToScale();
     say();
 }
@@ -163,6 +162,10 @@ bool ProjectPanel::isSearching() const {
     return !search->text().trimmed().isEmpty();
 }
 
+void ProjectPanel::focusList() {
+    list->setFocus();
+}
+
 void ProjectPanel::focusSearch() {
     search->setFocus();
     search->selectAll();
@@ -212,6 +215,7 @@ QWidget* ProjectPanel::makeDetails() {
     layout->addWidget(request, 1);
     // In a low window the request keeps its height, and one scrolls to what is below.
     auto* area = new QScrollArea;
+    area->setAccessibleName(QStringLiteral("工程信息"));
     area->setWidget(details);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

@@ -29,6 +29,7 @@ class ProjectPanel : public QSplitter {
     /// @return how many of the listed files the search has found; all where nothing is searched.
     int shownCount() const;
     bool isSearching() const;
+    void focusList();
     void focusSearch();
 
   Q_SIGNALS:

@@ -62,6 +62,7 @@ const SurfaceText surfaceTexts[] = {
     {"来源：", "Source:"},
     {"文件：", "File:"},
     {"创建请求", "Creation Request"},
+    {"工程信息", "Project Details"},
     {"无", "none"},
     {"还没有工程", "No project yet"},
     {"没有找到工程", "No project found"},

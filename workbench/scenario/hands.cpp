@@ -97,7 +97,7 @@ void pressClose(QWidget* window) {
 }
 
 void type(QWidget* editor, const QString& text) {
-    press(editor);
+    if (!editor->hasFocus()) press(editor);
     QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(editor, Qt::Key_Delete);
     if (text.isEmpty()) return;

@@ -1,4 +1,6 @@
+#include <QApplication>
 #include <QDir>
+#include <QPainter>
 #include <QPixmap>
 
 #include "workbench/hostlibs/common/hostSwitches.h"
@@ -115,13 +117,22 @@ Plan check(Stage& stage, QWidget* window, const QJsonObject& args) {
     return Plan::act([&stage, target, args] { compare(stage, target, args); });
 }
 
+/// @return the window as it is seen: a pop-up lies over the window that it belongs to.
+QPixmap pictureOf(QWidget* window) {
+    QWidget* below = QApplication::activeModalWidget();
+    if (!below || window->windowType() != Qt::Popup) return window->grab();
+    QPixmap picture = below->grab();
+    QPainter(&picture).drawPixmap(below->mapFromGlobal(window->pos()), window->grab());
+    return picture;
+}
+
 Plan picture(Stage& stage, QWidget* window, const QJsonObject& args) {
     return Plan::act([&stage, window, args] {
         if (stage.pictureFolder.isEmpty()) return;
         const QString file = QDir(stage.pictureFolder).absoluteFilePath(args[u"file"].toString());
         // Packed lightly: smaller files would take several times as long.
         constexpr int quality = 70;
-        if (QDir().mkpath(QFileInfo(file).path()) && window->grab().save(file, "PNG", quality))
+        if (QDir().mkpath(QFileInfo(file).path()) && pictureOf(window).save(file, "PNG", quality))
             stage.pictures.append(file);
         else
             stage.differences.append(QStringLiteral("picture: %1 cannot be written").arg(file));

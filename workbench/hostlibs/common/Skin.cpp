@@ -83,9 +83,12 @@ int scaled(double designPixels) {
     return qRound(designPixels * Host::instance().scale());
 }
 
+int fontSize() {
+    return int(13 * Host::instance().scale());
+}
+
 int roomFor(double designPixels) {
-    const double own = scaled(13);  // as applySkin gives it
-    const double larger = QFontInfo(QGuiApplication::font()).pixelSize() / own;
+    const double larger = QFontInfo(QGuiApplication::font()).pixelSize() / double(fontSize());
     return scaled(designPixels * qMax(1.0, larger));
 }
 

@@ -48,6 +48,9 @@ WORKBENCH_API QColor colour(Tint tint);
 
 /// @param designPixels a size of the design at 100 %. @return the size on this screen, in pixels.
 WORKBENCH_API int scaled(double designPixels);
+/// @return the height of the application's own font, in pixels: 13 in the design. Rounded down, so
+///         that a text never takes more of its room than at 100 %, and breaks where it does there.
+WORKBENCH_API int fontSize();
 /// @return the size where it holds text: it grows with an application's font that is larger than
 ///         the host's own.
 WORKBENCH_API int roomFor(double designPixels);

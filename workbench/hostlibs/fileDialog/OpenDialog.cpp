@@ -137,7 +137,7 @@ void OpenDialog::start() {
     if (first.isEmpty()) first = QDir::homePath();
     go([first](FileLocation& to) { return to.goToFolder(first); });
     view->setName(QFileInfo(request.selected).fileName());
-    view->setFocus();
+    view->focusList();
 }
 
 void OpenDialog::done(int result) {

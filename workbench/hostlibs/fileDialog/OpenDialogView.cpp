@@ -88,7 +88,6 @@ OpenDialogView::OpenDialogView(const FileRequest& request, QWidget* parent)
     right->addWidget(buttonRow());
     applyColours();
     connectWidgets();
-    setFocusProxy(list);
 }
 
 QWidget* OpenDialogView::placeColumn(bool withClouds) {
@@ -361,6 +360,10 @@ void OpenDialogView::tell(const QString& message, bool failure) {
     messageLabel->setToolTip(message.toHtmlEscaped());
 }
 
+void OpenDialogView::focusList() {
+    list->setFocus();
+}
+
 void OpenDialogView::setBusy(bool busy) {
     QVector<QWidget*> widgets{upButton, pathField, list, nameField, filterBox, openButton};
     for (zBaseButton* button : qAsConst(places)) widgets.append(button);
@@ -371,7 +374,7 @@ void OpenDialogView::setBusy(bool busy) {
     if (busy) return setCursor(Qt::BusyCursor);
     unsetCursor();
     upButton->setEnabled(canGoUp);
-    list->setFocus();
+    focusList();
 }
 
 void OpenDialogView::showProgress(qint64 done, qint64 total) {

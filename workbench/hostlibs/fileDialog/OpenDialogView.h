@@ -25,6 +25,7 @@ class OpenDialogView : public QWidget {
     void showListing(const Listing& listing, int place);
     void markPlace(int place);
     void tell(const QString& message, bool failure = true);
+    void focusList();
     /// While busy everything is disabled but the cancel button.
     void setBusy(bool busy);
     /// Busy with a download, of which `done` of `total` bytes are here.

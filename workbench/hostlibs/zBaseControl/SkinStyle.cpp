@@ -15,6 +15,7 @@
 
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
+#include "workbench/hostlibs/zBaseControl/comboAccessible.h"
 #include "workbench/hostlibs/zBaseControl/cutTips.h"
 #include "workbench/hostlibs/zBaseControl/formControls.h"
 
@@ -110,6 +111,7 @@ void SkinStyle::dress(QScrollBar& bar) {
 }
 
 void SkinStyle::polish(QWidget* widget) {
+    nameComboList(*widget);
     QProxyStyle::polish(widget);
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
         view->installEventFilter(this);

@@ -60,7 +60,7 @@ void applySkin() {
     makeControlsAccessible();
     styled = true;
 
-    const QFont font = TBaseTool::GetDefFont(scaled(13), QFont::Normal);
+    const QFont font = TBaseTool::GetDefFont(fontSize(), QFont::Normal);
     const QPalette palette = skinPalette();
     QApplication::setFont(font);
     QApplication::setPalette(palette);

@@ -110,4 +110,11 @@ void makeControlsAccessible() {
     Q_UNUSED(installed)
 }
 
+void nameComboList(QWidget& widget) {
+    const auto* view = qobject_cast<QAbstractItemView*>(&widget);
+    const QWidget* around = view ? view->parentWidget() : nullptr;
+    const auto* combo = around ? qobject_cast<QComboBox*>(around->parentWidget()) : nullptr;
+    if (combo) widget.setAccessibleName(combo->accessibleName());
+}
+
 }  // namespace workbench
