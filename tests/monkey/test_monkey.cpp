@@ -100,7 +100,7 @@ TEST_F(MonkeyTest, OneThrowRuleIsLeftOfAHostThatThrows) {
 
 TEST_F(MonkeyTest, AThrowAtAPlaceIsShrunkAndTheCommandThatIsToldShowsItAgain) {
     const QStringList trap{QStringLiteral("--never"), QStringLiteral("zBaseLabel::setControlType")};
-    const Ran ran = play(1, 12, trap);
+    const Ran ran = play(41, 12, trap);
     EXPECT_EQ(ran.code, 1);
     const QString text = QString::fromUtf8(QJsonDocument(content()).toJson());
     EXPECT_EQ(text.count(QStringLiteral("\"throw\"")), 1) << text.toStdString();

@@ -60,6 +60,7 @@ void NoticeBar::say() {
     text->setText(said(notice.what));
     detail->setText(*notice.advice ? notice.detail + QLatin1Char('\n') + said(notice.advice)
                                    : notice.detail);
+    detail->setHidden(detail->text().isEmpty());
     setAccessibleName((text->text() + QLatin1Char('\n') + detail->text()).trimmed());
     while (QLayoutItem* old = buttons->takeAt(0)) {
         if (old->widget() && old->widget() != closing) old->widget()->deleteLater();

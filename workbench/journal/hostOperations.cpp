@@ -41,6 +41,7 @@ QStringList hostOperations() {
         "SharedInterface::ReplaceFunLog",
         "SharedInterface::UseFunc",
         "SharedInterface::getInstance",
+        "SkinManager::instance",
         "TranMiUtilAction::Instance",
         "TranMiUtilAction::JudageValue",
         "UserInfo::IsLogin",

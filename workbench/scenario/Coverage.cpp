@@ -11,6 +11,7 @@ namespace workbench {
 namespace {
 
 constexpr char notJournalled[] = "asked for every size: not journalled";
+constexpr char askedByAll[] = "asked by all that has a skin: not journalled";
 constexpr char noTemplateChooser[] =
     "only with the import dialog's template chooser, which the "
     "dialog is laid out without";
@@ -29,6 +30,7 @@ const struct {
     {"InterfaceAdaptation::getResolutionRatioH", notJournalled},
     {"ProjectSettingHelper::getJiLinMoBanList", noTemplateChooser},
     {"SharedInterface::getInstance", noEstimatePage},
+    {"SkinManager::instance", askedByAll},
 };
 
 constexpr int anyPlugin = -1;

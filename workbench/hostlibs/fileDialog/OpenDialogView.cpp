@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "workbench/hostlibs/common/FileDialogState.h"
+#include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
 #include "workbench/hostlibs/common/hostTexts.h"
 #include "workbench/hostlibs/fileDialog/DownloadWindow.h"
@@ -264,8 +265,7 @@ void OpenDialogView::connectWidgets() {
     });
     connect(openButton, &QPushButton::clicked, this, &OpenDialogView::confirmed);
     connect(cancelButton, &QPushButton::clicked, this, &OpenDialogView::cancelled);
-    connect(SkinManager::instance(), &SkinManager::signalSkinChanged, this,
-            &OpenDialogView::applyColours);
+    connect(&Host::instance(), &Host::skinChanged, this, &OpenDialogView::applyColours);
     list->installEventFilter(this);
     pathField->installEventFilter(this);
 }

@@ -14,6 +14,9 @@ namespace workbench {
 /// when the application exists; it then follows Host::setSkin and Host::setScale.
 WORKBENCH_API void applySkin();
 
+/// Lets the application follow the host's skin and scale, ahead of all that hear of them later.
+void followHost();
+
 /// Fusion at the host's scale, with flat scroll bars, list rows and headers. It is a style and not
 /// a style sheet of the application, because under a sheet a widget that moves to another parent
 /// loses the font weight that was set on it.

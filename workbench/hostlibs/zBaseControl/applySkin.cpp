@@ -52,9 +52,18 @@ QPalette skinPalette() {
 
 }  // namespace
 
+void followHost() {
+    static const bool follows = [] {
+        QObject::connect(&Host::instance(), &Host::skinChanged, &applySkin);
+        QObject::connect(&Host::instance(), &Host::scaleChanged, &applySkin);
+        return true;
+    }();
+    Q_UNUSED(follows)
+}
+
 void applySkin() {
     if (!qApp) return;
-    SkinManager::instance();  // from now on it follows the host's skin and scale
+    followHost();
     static bool styled = false;
     if (!styled) QApplication::setStyle(new SkinStyle);
     makeControlsAccessible();

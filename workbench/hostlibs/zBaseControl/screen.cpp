@@ -43,12 +43,9 @@ SkinManager* SkinManager::instance() {
 
 // The application has its new colours before anybody hears of the change.
 SkinManager::SkinManager() {
-    connect(&workbench::Host::instance(), &workbench::Host::skinChanged, this, [this] {
-        workbench::applySkin();
-        Q_EMIT signalSkinChanged();
-    });
-    connect(&workbench::Host::instance(), &workbench::Host::scaleChanged, this,
-            &workbench::applySkin);
+    workbench::followHost();
+    connect(&workbench::Host::instance(), &workbench::Host::skinChanged, this,
+            &SkinManager::signalSkinChanged);
 }
 
 QFont TBaseTool::GetDefFont(int size, int weight) {

@@ -3,6 +3,7 @@
 #include <QToolTip>
 #include <QtMath>
 
+#include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/zBaseControl/Style.h"
 
 using workbench::colour;
@@ -98,7 +99,7 @@ void zBaseLabel::setControlType(int type) {
 
 void zBaseLabel::setPixmap(const QString& imagePath, const QSize& size) {
     if (look->picture.isEmpty())
-        connect(SkinManager::instance(), &SkinManager::signalSkinChanged, this,
+        connect(&workbench::Host::instance(), &workbench::Host::skinChanged, this,
                 &zBaseLabel::showPicture);
     look->picture = imagePath;
     look->pictureSize = size;
