@@ -143,7 +143,9 @@ void HostPanel::setNote(const QString& text) {
     note->setVisible(!text.isEmpty());
     if (text.isEmpty()) return;
     // Once it has its place.
-    QTimer::singleShot(0, note, [this] { ensureWidgetVisible(note); });
+    QTimer::singleShot(0, note, [this] {
+        if (!note->isHidden()) ensureWidgetVisible(note);
+    });
 }
 
 void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,

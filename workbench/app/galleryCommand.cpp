@@ -11,6 +11,7 @@
 #include <numeric>
 
 #include "workbench/app/MainWindow.h"
+#include "workbench/app/ScaleLimit.h"
 #include "workbench/app/playCommands.h"
 #include "workbench/hostlibs/common/Host.h"
 #include "workbench/hostlibs/common/Skin.h"
@@ -99,6 +100,8 @@ QString addOwnWindows(const QString& skin, Pictures& pages) {
     for (const OwnWindow& each : ownWindows) {
         const std::unique_ptr<QWidget> window = each.make();
         window->show();
+        // Not that of a screen that nobody sees.
+        if (auto* limit = window->findChild<ScaleLimit*>()) limit->fit({1920, 1080});
         if (!each.size.isEmpty()) window->resize(each.size);
         QCoreApplication::processEvents();
         pages.append({QLatin1String(each.name), window->grab().toImage()});
