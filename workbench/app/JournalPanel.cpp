@@ -156,7 +156,7 @@ void JournalPanel::adaptToScale() {
     layout()->setSpacing(scaled(8));
     text->parentWidget()->layout()->setSpacing(scaled(8));
     kind->setMinimumWidth(roomFor(110));
-    view->setMinimumHeight(roomFor(84));  // the heading and two rows
+    view->setMinimumHeight(roomFor(84));                // the heading and two rows
     view->header()->setMinimumSectionSize(scaled(40));  // by itself it is that of the font before
     view->header()->resizeSection(JournalModel::Number, roomFor(60));
     view->header()->resizeSection(JournalModel::Time, roomFor(90));
