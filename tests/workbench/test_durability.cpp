@@ -188,8 +188,13 @@ TEST_F(Durability, PathsMayBeLongerThanWindowsTakesThemAsTheyAre) {
     EXPECT_EQ(contentOf(file), QByteArray("new"));
     EXPECT_EQ(filesIn(deep), QStringList{QStringLiteral("file")});
     const QString copy = QFileInfo(deep).path() + QStringLiteral("/copy");
+#ifdef Q_OS_WIN
+    EXPECT_NE(workbench::copyFolderWhole(deep, copy), QString()) << "not copied, and said";
+    EXPECT_FALSE(QFileInfo::exists(copy));
+#else
     EXPECT_EQ(workbench::copyFolderWhole(deep, copy), QString());
     EXPECT_EQ(contentOf(copy + QStringLiteral("/file")), QByteArray("new"));
+#endif
 }
 
 TEST_F(Durability, ALockEndsWithItsHolderHoweverThatEnds) {

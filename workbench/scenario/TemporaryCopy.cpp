@@ -19,6 +19,13 @@ namespace {
 
 /// Template cards are listed by modification time, so that a copy must keep the times.
 void copyTree(const fs::path& from, const fs::path& to) {
+#ifdef Q_OS_WIN
+    // One compiler's library lists the current folder in place of one with a longer path.
+    constexpr size_t longest = 240;
+    if (from.native().size() > longest)
+        throw fs::filesystem_error("the path is too long to be copied", from,
+                                   std::make_error_code(std::errc::filename_too_long));
+#endif
     fs::create_directories(to);
     for (const fs::directory_entry& entry : fs::directory_iterator(from)) {
         const fs::path target = to / entry.path().filename();
