@@ -65,16 +65,21 @@ void paint(QWidget& window) {
     QCoreApplication::processEvents();  // delivers the expose event, and with it the first paint
 }
 
+/// Deletes a dialog, and what the journal has of it, out of the measured time.
+void endUntimed(benchmark::State& state, std::unique_ptr<QDialog> dialog) {
+    state.PauseTiming();
+    dialog.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    workbench::Journal::instance().clear();
+    state.ResumeTiming();
+}
+
 void openDialog(benchmark::State& state) {
     useModels(int(state.range(0)));
     for (auto _ : state) {
         auto dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
         paint(*dialog);
-        state.PauseTiming();
-        dialog.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        workbench::Journal::instance().clear();
-        state.ResumeTiming();
+        endUntimed(state, std::move(dialog));
     }
     state.SetComplexityN(state.range(0));
 }
@@ -125,11 +130,7 @@ void useInstallation(benchmark::State& state, bool opens) {
             dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);
             paint(*dialog);
         }
-        state.PauseTiming();
-        dialog.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        workbench::Journal::instance().clear();
-        state.ResumeTiming();
+        endUntimed(state, std::move(dialog));
     }
     host.reset();
     state.SetComplexityN(state.range(0));
@@ -265,10 +266,7 @@ void openPlain(benchmark::State& state, QListWidget* (*addRest)(QVBoxLayout* col
             }
         }
         paint(*dialog);
-        state.PauseTiming();
-        dialog.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        state.ResumeTiming();
+        endUntimed(state, std::move(dialog));
     }
     state.SetComplexityN(state.range(0));
 }

@@ -12,6 +12,15 @@ namespace dialog_tests {
 const QString wholeFee = QStringLiteral("整体计费");
 const QString perUnitFee = QStringLiteral("单独计费");
 
+/// Keeps a window open that is to close.
+struct RefusesToClose : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::Close) return false;
+        event->ignore();
+        return true;
+    }
+};
+
 class Keyboard : public DialogTest {
   protected:
     void SetUp() override {

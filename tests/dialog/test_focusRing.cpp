@@ -78,13 +78,7 @@ TEST_F(FocusRing, IsStillThereWhenAMenuHasBeenClosed) {
 }
 
 TEST_F(FocusRing, IsAsItWasInADialogThatStaysOpenAfterAll) {
-    struct Refusing : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            if (event->type() != QEvent::Close) return false;
-            event->ignore();
-            return true;
-        }
-    } refusing;
+    RefusesToClose refusing;
     const QString file = host.write(QStringLiteral("甲.GCFX"));
     for (const bool byKey : {true, false}) {
         zBaseButton* button = auditButton();

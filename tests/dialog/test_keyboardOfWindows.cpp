@@ -47,13 +47,7 @@ TEST_F(Keyboard, ReturnInAnEmptyFieldDoesWhatTheNewButtonDoes) {
 }
 
 TEST_F(Keyboard, ADialogThatStaysOpenAfterAllKeepsItsFocus) {
-    struct Refusing : QObject {
-        bool eventFilter(QObject*, QEvent* event) override {
-            if (event->type() != QEvent::Close) return false;
-            event->ignore();
-            return true;
-        }
-    } refusing;
+    RefusesToClose refusing;
     const QString file = host.write(QStringLiteral("甲.GCFX"));
     open();
     pick(auditLabel);
