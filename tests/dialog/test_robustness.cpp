@@ -232,7 +232,6 @@ TEST_F(Robustness, TheTemplateTreeMayGoBeforeTheDialog) {
     EXPECT_NE(tree()->styleSheet(), light) << "the new one follows the skin as well";
 }
 
-/// The answer may be empty: no card is made then that would tell that its list is another's.
 TEST_F(Robustness, TheTaxPagesMayGoBeforeTheDialog) {
     open();
     delete taxStack();
@@ -279,6 +278,7 @@ TEST_F(Robustness, ButtonsOfTheTaxModesMayGoBeforeTheDialog) {
     }
 }
 
+/// The answer may be empty: no card is made then that would tell that its list is another's.
 TEST_F(Robustness, AKindThatIsPickedWhileTheHostIsAskedForModelsShowsEachTemplateOnce) {
     host.clearModels();
     open();

@@ -10,8 +10,7 @@ using namespace dialog_tests;
 
 using As = workbench::ThrowRule::As;
 
-const char* const scalingCalls[] = {"InterfaceAdaptation::getResolutionRatioH",
-                                    "InterfaceAdaptation::getInstance"};
+using testing_support::scalingCalls;
 
 class Scaling : public HostileUse {
   protected:

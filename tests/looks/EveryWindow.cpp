@@ -160,6 +160,25 @@ const std::vector<Page>& windowsOfTheWorkbench() {
     return pages;
 }
 
+const Page& pageNamed(const std::string& name) {
+    const auto& pages = allPages();
+    const auto found = std::find_if(pages.begin(), pages.end(),
+                                    [&name](const Page& page) { return page.name == name; });
+    if (found == pages.end()) throw std::out_of_range("no page " + name);
+    return *found;
+}
+
+std::unique_ptr<QWidget> withKeys(const Page& page) {
+    std::unique_ptr<QWidget> window = page.open();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    return window;
+}
+
+std::string nameOfPage(const testing::TestParamInfo<Page>& info) {
+    return info.param.name;
+}
+
 QFont doubled(QFont font) {
     font.setPixelSize(2 * font.pixelSize());
     return font;

@@ -21,6 +21,15 @@ inline void PrintTo(const Page& page, std::ostream* out) {
 /// @return all of them, over the sample installation.
 const std::vector<Page>& allPages();
 
+/// @return the page of allPages() of this name; it has to be there.
+const Page& pageNamed(const std::string& name);
+
+/// @return the window of a page, with the keys going to it.
+std::unique_ptr<QWidget> withKeys(const Page& page);
+
+/// Names a test by its page.
+std::string nameOfPage(const testing::TestParamInfo<Page>& info);
+
 /// @return the windows that the workbench adds, each as large as it opens by itself.
 const std::vector<Page>& windowsOfTheWorkbench();
 

@@ -24,13 +24,6 @@ void Geometry::keepPicture(QWidget* window, const char* page, const char* what) 
             .arg(qRound(GetParam().scale * 100)));
 }
 
-std::unique_ptr<QWidget> opened(const std::string& name) {
-    const auto& pages = allPages();
-    return std::find_if(pages.begin(), pages.end(),
-                        [&name](const Page& page) { return page.name == name; })
-        ->open();
-}
-
 bool isMeasured(const Look& look) {
     return look.scale == 1 || look.skin == std::string("light");
 }

@@ -18,9 +18,6 @@ class Geometry : public testing::TestWithParam<testing_support::Look> {
 /// What has measures has the same ones in every skin.
 bool isMeasured(const testing_support::Look& look);
 
-/// @return a page of allPages() by its name, open.
-std::unique_ptr<QWidget> opened(const std::string& name);
-
 /// @return the widgets that reach beyond their parents, for no reason.
 QStringList outsiders(const QWidget* window);
 

@@ -21,36 +21,30 @@ QString brokenText(const QLabel& label) {
     return lines.join(QLatin1Char('\n'));
 }
 
-/// The dialogs. The main window's parts are as wide as a person makes them.
-std::vector<Page> dialogs() {
-    std::vector<Page> found;
-    for (const Page& page : allPages())
-        if (page.name != std::string("mainWindow")) found.push_back(page);
-    return found;
+/// @return what is seen of several lines in a window.
+QStringList brokenTexts(const QWidget* window) {
+    QStringList texts;
+    for (const auto* label : window->findChildren<QLabel*>())
+        if (label->isVisible() && label->wordWrap()) texts.append(brokenText(*label));
+    return texts;
 }
 
-class Wrapping : public testing::TestWithParam<Page> {
-  protected:
-    SampleHost host;
-};
-
-TEST_P(Wrapping, IsTheSameAtEveryScale) {
-    QStringList design;
-    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
-        workbench::Host::instance().setScale(scale);
-        const std::unique_ptr<QWidget> window = GetParam().open();
-        QStringList texts;
-        for (const auto* label : window->findChildren<QLabel*>())
-            if (label->isVisible() && label->wordWrap()) texts.append(brokenText(*label));
-        if (scale == 1) design = texts;
-        EXPECT_EQ(texts, design) << scale;
+TEST(Wrapping, IsTheSameAtEveryScale) {
+    const SampleHost host;
+    int texts = 0;
+    for (const Page& page : allPages()) {
+        // Its parts are as wide as a person makes them.
+        if (page.name == std::string("mainWindow")) continue;
+        workbench::Host::instance().setScale(1);
+        const QStringList design = brokenTexts(page.open().get());
+        texts += design.size();
+        for (const double scale : {1.25, 1.5, 1.75, 2.0, 3.0}) {
+            if (design.isEmpty()) break;
+            workbench::Host::instance().setScale(scale);
+            EXPECT_EQ(brokenTexts(page.open().get()), design) << page.name << " at " << scale;
+        }
     }
+    EXPECT_GT(texts, 3);
 }
-
-std::string nameOfWrapped(const testing::TestParamInfo<Page>& info) {
-    return info.param.name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Looks, Wrapping, testing::ValuesIn(dialogs()), nameOfWrapped);
 
 }  // namespace

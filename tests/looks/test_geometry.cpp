@@ -186,7 +186,7 @@ TEST_P(Geometry, FieldsListsAndButtonsAreOfOneHeightAndSoAreTheHeadsOfLists) {
 
 /// A caption stands beside the first line of what it names.
 TEST_P(Geometry, CaptionsStandBesideTheFirstLine) {
-    const std::unique_ptr<QWidget> window = opened("mainWindow");
+    const std::unique_ptr<QWidget> window = pageNamed("mainWindow").open();
     const auto* details = child<QLabel>(window.get(), "detailFile")->parentWidget();
     const auto* form = details->findChild<QFormLayout*>();
     bool wrapped = false;

@@ -137,7 +137,7 @@ QVector<QImage> dockTitles(QWidget* window) {
 TEST_P(LargeFont, IsFollowedByAMainWindowThatIsOpen) {
     if (GetParam().scale != 1) return;  // the window would take up the host's font with its scale
     const auto withNotice = [] {
-        std::unique_ptr<QWidget> window = opened("mainWindow");
+        std::unique_ptr<QWidget> window = pageNamed("mainWindow").open();
         static_cast<workbench::MainWindow&>(*window).tellBroken(QStringLiteral("/x"), {});
         settle();
         return window;

@@ -8,19 +8,6 @@ namespace {
 using namespace looks_tests;
 using testing_support::settle;
 
-/// @return the window of a page, with the keys going to it.
-std::unique_ptr<QWidget> withKeys(const std::string& name) {
-    for (const Page& page : allPages()) {
-        if (page.name != name) continue;
-        std::unique_ptr<QWidget> window = page.open();
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        return window;
-    }
-    ADD_FAILURE() << "no window " << name;
-    return nullptr;
-}
-
 void press(QWidget& window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(window.focusWidget(), key, modifiers);
     settle();
@@ -65,7 +52,7 @@ class Keys : public testing::TestWithParam<Page> {
 };
 
 TEST_P(Keys, TabLeadsToEverythingThatTakesThem_AndBackTabTheOtherWay) {
-    const std::unique_ptr<QWidget> window = withKeys(GetParam().name);
+    const std::unique_ptr<QWidget> window = withKeys(GetParam());
     const QVector<QWidget*> stops = stopsOf(*window);
     EXPECT_EQ(window->focusWidget(), stops.first());
     for (auto* widget : window->findChildren<QWidget*>()) {
@@ -86,9 +73,9 @@ TEST_P(Keys, TabLeadsToEverythingThatTakesThem_AndBackTabTheOtherWay) {
 
 TEST_P(Keys, EscapeClosesADialogFromEveryStop) {
     if (std::string(GetParam().name) == "mainWindow") return;  // it is no dialog
-    const int count = stopsOf(*withKeys(GetParam().name)).size();
+    const int count = stopsOf(*withKeys(GetParam())).size();
     for (int steps = 0; steps < count; ++steps) {
-        const std::unique_ptr<QWidget> window = withKeys(GetParam().name);
+        const std::unique_ptr<QWidget> window = withKeys(GetParam());
         for (int i = 0; i < steps; ++i) press(*window, Qt::Key_Tab);
         const QString stop = nameOf(window->focusWidget());
         press(*window, Qt::Key_Escape);
@@ -96,11 +83,7 @@ TEST_P(Keys, EscapeClosesADialogFromEveryStop) {
     }
 }
 
-std::string nameOfKeysPage(const testing::TestParamInfo<Page>& info) {
-    return info.param.name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Looks, Keys, testing::ValuesIn(allPages()), nameOfKeysPage);
+INSTANTIATE_TEST_SUITE_P(Looks, Keys, testing::ValuesIn(allPages()), nameOfPage);
 
 /// From top to bottom as they are read, from the place where the work begins.
 TEST(KeysOfDialogs, TabGoesInTheOrderOfReading) {
@@ -120,7 +103,7 @@ TEST(KeysOfDialogs, TabGoesInTheOrderOfReading) {
                 {"information", "确定 取消"},
                 {"about", "关闭 复制版本信息"}};
     for (const auto& row : rows) {
-        const std::unique_ptr<QWidget> window = withKeys(row.page);
+        const std::unique_ptr<QWidget> window = withKeys(pageNamed(row.page));
         EXPECT_EQ(namesOf(stopsOf(*window)).join(QLatin1Char(' ')), QString::fromUtf8(row.names))
             << row.page;
     }
@@ -131,7 +114,7 @@ TEST(KeysOfDialogs, OnOpeningItIsSeenWhereTheyGo) {
     const SampleHost host;
     for (const char* page :
          {"general", "audit", "chooser", "excel", "login", "information", "critical", "about"}) {
-        const std::unique_ptr<QWidget> window = withKeys(page);
+        const std::unique_ptr<QWidget> window = withKeys(pageNamed(page));
         QWidget* stop = window->focusWidget();
         ASSERT_TRUE(stop) << page;
         const QImage with = window->grab().toImage();

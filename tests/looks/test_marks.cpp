@@ -66,10 +66,7 @@ QSize chevronOfPart() {
 
 /// @param open whether the folder is.
 QSize branch(bool open) {
-    const auto& pages = looks_tests::allPages();
-    const auto window = std::find_if(pages.begin(), pages.end(), [](const looks_tests::Page& each) {
-                            return each.name == std::string("templates");
-                        })->open();
+    const auto window = looks_tests::pageNamed("templates").open();
     auto* tree = child<QTreeWidget>(window.get(), "templateTree");
     QTreeWidgetItem* folder = nullptr;
     for (QTreeWidgetItemIterator it(tree); *it && !folder; ++it)

@@ -18,7 +18,10 @@
 namespace {
 
 using namespace reader_tests;
+using looks_tests::nameOfPage;
 using looks_tests::Page;
+using looks_tests::pageNamed;
+using looks_tests::withKeys;
 using testing_support::child;
 using testing_support::settle;
 
@@ -186,20 +189,6 @@ void expectTold() {
     EXPECT_GE(focused, 1);
 }
 
-/// @return the window, with the keys going to it.
-std::unique_ptr<QWidget> shown(const Page& page) {
-    std::unique_ptr<QWidget> window = page.open();
-    window->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-    return window;
-}
-
-std::unique_ptr<QWidget> shown(const char* name) {
-    for (const Page& page : looks_tests::allPages())
-        if (page.name == std::string(name)) return shown(page);
-    return nullptr;
-}
-
 class Reader : public testing::TestWithParam<Page> {
   protected:
     Reader() { testing_support::clearJournal(); }
@@ -207,12 +196,8 @@ class Reader : public testing::TestWithParam<Page> {
 };
 
 TEST_P(Reader, IsToldWhatIsOnTheScreen) {
-    const std::unique_ptr<QWidget> window = shown(GetParam());
+    const std::unique_ptr<QWidget> window = withKeys(GetParam());
     expectTold();
-}
-
-std::string nameOfPage(const testing::TestParamInfo<Page>& info) {
-    return info.param.name;
 }
 
 class ReaderOfDialog : public testing::Test {
@@ -221,7 +206,7 @@ class ReaderOfDialog : public testing::Test {
 };
 
 TEST_F(ReaderOfDialog, IsToldOfAMenuThatIsOpen) {
-    const std::unique_ptr<QWidget> dialog = shown("general");
+    const std::unique_ptr<QWidget> dialog = withKeys(pageNamed("general"));
     auto* row = child<QWidget>(dialog.get(), "lswGeneralTax")
                     ->findChild<QWidget*>(QStringLiteral("btnNewProject"));
     for (auto* button : row->findChildren<QPushButton*>())
@@ -231,14 +216,14 @@ TEST_F(ReaderOfDialog, IsToldOfAMenuThatIsOpen) {
 }
 
 TEST_F(ReaderOfDialog, IsToldOfAListThatIsOpen) {
-    const std::unique_ptr<QWidget> dialog = shown("excel");
+    const std::unique_ptr<QWidget> dialog = withKeys(pageNamed("excel"));
     dialog->findChild<QComboBox*>()->showPopup();
     ASSERT_TRUE(QApplication::activePopupWidget());
     expectTold();
 }
 
 TEST_F(ReaderOfDialog, IsToldOfANotice) {
-    const std::unique_ptr<QWidget> window = shown("mainWindow");
+    const std::unique_ptr<QWidget> window = withKeys(pageNamed("mainWindow"));
     static_cast<workbench::MainWindow*>(window.get())
         ->tellBroken(QStringLiteral("/工程"),
                      QStringLiteral("models.json:3: name: must be a text"));
@@ -248,7 +233,7 @@ TEST_F(ReaderOfDialog, IsToldOfANotice) {
 
 /// Each row once, and the button that Tab leads to.
 TEST_F(ReaderOfDialog, HearsWhereTheKeysGoAmongTheCards) {
-    const std::unique_ptr<QWidget> dialog = shown("general");
+    const std::unique_ptr<QWidget> dialog = withKeys(pageNamed("general"));
     auto* list = child<QListWidget>(dialog.get(), "lswGeneralTax");
     list->setFocus();
     settle();
@@ -264,7 +249,7 @@ TEST_F(ReaderOfDialog, HearsWhereTheKeysGoAmongTheCards) {
 }
 
 TEST_F(ReaderOfDialog, HearsWhereTheKeysGoInTheTree) {
-    const std::unique_ptr<QWidget> dialog = shown("templates");
+    const std::unique_ptr<QWidget> dialog = withKeys(pageNamed("templates"));
     auto* tree = child<QTreeWidget>(dialog.get(), "templateTree");
     tree->setFocus();
     settle();
