@@ -87,9 +87,10 @@ importExcelSelFile::~importExcelSelFile() = default;
 
 bool importExcelSelFile::eventFilter(QObject* watched, QEvent* event) {
     return guardedOr(excelSource, false, [&] {
-        for (zBaseWidget* tile : {m_pYsTile, m_pZcbTile}) {
-            if (tile && tile == watched && handleTileEvent(tile, event)) return true;
-        }
+        // Of a tile that is being deleted only a plain widget is left when its children go.
+        auto* tile = qobject_cast<zBaseWidget*>(watched);
+        if (tile && (tile == m_pYsTile || tile == m_pZcbTile) && handleTileEvent(tile, event))
+            return true;
         return RoundedDialog::eventFilter(watched, event);
     });
 }
