@@ -123,8 +123,10 @@ void useInstallation(benchmark::State& state, bool opens) {
         return state.SkipWithError("the installation cannot be written");
     workbench::Host& host = workbench::Host::instance();
     for (auto _ : state) {
-        if (!host.loadInstallation(folder.path()).isEmpty())
+        if (!host.loadInstallation(folder.path()).isEmpty()) {
             state.SkipWithError("the installation cannot be read");
+            break;
+        }
         std::unique_ptr<NewProCfgDialog> dialog;
         if (opens) {
             dialog = std::make_unique<NewProCfgDialog>(0, true, nullptr);

@@ -135,8 +135,7 @@ void ProModelItemForm::UpdateDataDisplay() {
     guarded(cardSource, [this] {
         if (!ui) return;
         ui->lblTitle->setText(model.name);
-        ui->btnNewProject->setAccessibleName(QStringLiteral("新建：") + model.name);
-        ui->btnNewProject->setAccessibleDescription(QStringLiteral("按此计价模型新建工程"));
+        if (!ui->btnNewProject->layout()) describe(ui->btnNewProject);  // else it has parts
 
         QStringList basis;
         if (!model.leadingBasisDocument.isEmpty()) basis << model.leadingBasisDocument;
@@ -186,6 +185,11 @@ void ProModelItemForm::initXjButton(zBaseButton* button) {
     }
 }
 
+void ProModelItemForm::describe(zBaseButton* button) const {
+    button->setAccessibleName(QStringLiteral("新建：") + model.name);
+    button->setAccessibleDescription(QStringLiteral("按此计价模型新建工程"));
+}
+
 void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeModes) {
     button->SetText(QString());
     // The two parts take the keyboard; the frame around them has no action of its own to offer.
@@ -201,8 +205,7 @@ void ProModelItemForm::splitButton(zBaseButton* button, const QStringList& feeMo
             emitWithout(create);
         });
     });
-    create->setAccessibleName(button->accessibleName());
-    create->setAccessibleDescription(button->accessibleDescription());
+    describe(create);
     button->setAccessibleDescription(QString());  // it is said of the part
     create->setTextAlignment(Qt::AlignRight);
     create->setControlType(newpro::SplitPart);

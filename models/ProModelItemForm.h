@@ -33,6 +33,7 @@ class ProModelItemForm : public zBaseWidget {
     struct Form;
 
     Q_INVOKABLE void initXjButton(zBaseButton* button);
+    void describe(zBaseButton* button) const;
     void splitButton(zBaseButton* button, const QStringList& feeModes);
     zBaseMenu* feeModeMenu(const QStringList& feeModes, zBaseButton* create, QWidget* parent);
     void emitWithout(zBaseButton* create);

@@ -13,10 +13,9 @@ double contrast(const QColor& one, const QColor& other);
 /// @return the colour that most of `place` has.
 QColor groundOf(const QImage& picture, const QRect& place);
 /// @return how far what stands on the ground of `place` is from it: what the clearest quarter of
-/// its
-///         ink has at least. At large scales strokes have so many pixels of their pure colour; the
-///         largest contrast of any pixel would be that of a border or picture which reaches into
-///         the place, and hide a weak text beside it.
+///         its ink has at least. At large scales strokes have so many pixels of their pure colour;
+///         the largest contrast of any pixel would be that of a border or picture which reaches
+///         into the place, and hide a weak text beside it.
 double contrastIn(const QImage& picture, const QRect& place);
 /// @return the contrast between the outline of a box and what lies around it, or between its fill
 ///         and that, whichever is larger. @param box in the picture.

@@ -1,6 +1,5 @@
 #include "tests/looks/Controls.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>

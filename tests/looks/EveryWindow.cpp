@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 #include <QWidgetAction>
+#include <algorithm>
 
 #include "dialog/NewProCfgDialog.h"
 #include "dialog/xzGcLxDialog.h"

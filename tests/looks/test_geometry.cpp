@@ -6,7 +6,6 @@
 #include <QHeaderView>
 #include <QLayout>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollArea>

@@ -238,8 +238,8 @@ TEST_F(RecordHandsTest, TheWindowShowsThatItRecordsAndKeepsToItsInstallation) {
         const struct {
             Language language;
             const char *title, *label;
-        } rows[] = {{Language::Chinese, "新建工程工作台 — 录制中", "● 录制中"},
-                    {Language::English, "New Project Workbench — Recording", "● Recording"}};
+        } rows[] = {{Language::Chinese, "录制中 — 新建工程工作台", "● 录制中"},
+                    {Language::English, "Recording — New Project Workbench", "● Recording"}};
         auto* label = child<QLabel>(window, "recordingLabel");
         EXPECT_TRUE(label->isVisible());
         EXPECT_FALSE(window->findChild<QAction*>(QStringLiteral("openInstallationAction")));

@@ -21,33 +21,17 @@ namespace workbench {
 
 namespace {
 
-/// What each switch is for, to whom the captions around it are not in sight.
-const std::pair<const char*, const char*> descriptions[] = {
-    {"firstPage", "对话框询问时首页插件的状态"},
-    {"prodAreaYN", "主程序所在的地区"},
-    {"openVersion", "此版本及以前的功能可用"},
-    {"configuration", "主程序是否有计价配置"},
-    {"account.userId", "云账号的用户名"},
-    {"account.loggedIn", "云账号是否已登录"},
-    {"account.login", "登录窗口如何回答"},
-    {"cloud.slow", "云盘过一会儿才应答"},
-    {"cloud.refused", "云盘对每个请求都拒绝"},
-    {"cloud.broken", "云盘的应答无法读懂"},
-    {"cloud.foldersRefused", "云盘不列出文件夹"},
-    {"pluginManager", "主程序是否有插件管理器"},
-    {"plugins.4", "对话框不必再加载预算插件"},
-    {"plugins.8", "对话框不必再加载结算插件"},
-    {"plugins.16", "对话框不必再加载总承包插件"},
-    {"skin", "窗口和对话框的颜色"},
-    {"scale", "窗口和对话框的大小"}};
-
-void describe(QWidget* control) {
-    for (const auto& [key, text] : descriptions)
-        if (control->objectName() == QLatin1String(key))
-            control->setAccessibleDescription(QString::fromUtf8(text));
+QStringList split(const char* texts) {
+    return QString::fromUtf8(texts).split(QLatin1Char('|'), Qt::SkipEmptyParts);
 }
 
 }  // namespace
+
+void HostPanel::name(QWidget* control, const Names& names) {
+    control->setObjectName(names.key);
+    control->setAccessibleName(names.caption);
+    control->setAccessibleDescription(names.description);
+}
 
 HostPanel::HostPanel(QWidget* parent)
     : QScrollArea(parent), form(new QFormLayout), note(new QLabel) {
@@ -91,18 +75,18 @@ void HostPanel::add(const HostSwitch& each) {
         form->addRow(headings.last());
     }
     const QString caption = QString::fromUtf8(each.caption);
-    const QStringList captions =
-        QString::fromUtf8(each.captions).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+    const QStringList captions = split(each.captions);
     if (each.field.shape == workbench::Shape::Text) return addText(each, caption);
     if (captions.isEmpty())
         return addTick(
-            caption, each.field.key, [&each] { return each.get().toBool(); },
-            [&each](bool on) { each.set(on); });
+            {each.field.key, caption, QString::fromUtf8(each.description)},
+            [&each] { return each.get().toBool(); }, [&each](bool on) { each.set(on); });
     if (!caption.isEmpty()) return addList(each, caption, captions);
+    const QStringList descriptions = split(each.description);
     for (int i = 0; i < captions.size(); ++i) {
         const QString& word = each.field.words.at(i);
         addTick(
-            captions[i], each.field.key + QLatin1Char('.') + word,
+            {each.field.key + QLatin1Char('.') + word, captions[i], descriptions[i]},
             [&each, word] { return each.get()[word].toBool(); },
             [&each, word](bool on) {
                 each.set(QJsonObject{{word, on}});
@@ -112,9 +96,7 @@ void HostPanel::add(const HostSwitch& each) {
 
 void HostPanel::addText(const HostSwitch& each, const QString& caption) {
     auto* line = new QLineEdit;
-    line->setObjectName(each.field.key);
-    line->setAccessibleName(caption);
-    describe(line);
+    name(line, {each.field.key, caption, QString::fromUtf8(each.description)});
     connect(line, &QLineEdit::textEdited, this, [&each](const QString& text) { each.set(text); });
     refreshers.append([line, &each] {
         if (line->text() != each.get().toString()) line->setText(each.get().toString());
@@ -125,9 +107,7 @@ void HostPanel::addText(const HostSwitch& each, const QString& caption) {
 void HostPanel::addList(const HostSwitch& each, const QString& caption,
                         const QStringList& captions) {
     auto* box = new QComboBox;
-    box->setObjectName(each.field.key);
-    box->setAccessibleName(caption);
-    describe(box);
+    name(box, {each.field.key, caption, QString::fromUtf8(each.description)});
     for (int i = 0; i < captions.size(); ++i) box->addItem(captions[i], each.field.words.at(i));
     connect(box, QOverload<int>::of(&QComboBox::activated), this,
             [box, &each](int index) { each.set(box->itemData(index).toString()); });
@@ -148,12 +128,10 @@ void HostPanel::setNote(const QString& text) {
     });
 }
 
-void HostPanel::addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
+void HostPanel::addTick(const Names& names, std::function<bool()> isOn,
                         std::function<void(bool)> set) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(name);
-    box->setAccessibleName(caption);
-    describe(box);
+    auto* box = new QCheckBox(names.caption);
+    name(box, names);
     connect(box, &QCheckBox::clicked, this, set);
     refreshers.append([box, isOn] { box->setChecked(isOn()); });
     form->addRow(box);

@@ -31,11 +31,16 @@ class HostPanel : public QScrollArea {
     void changeEvent(QEvent* event) override;
 
   private:
+    /// Of a control, as the tests, the user and who does not see its caption know it.
+    struct Names {
+        QString key, caption, description;
+    };
+
+    static void name(QWidget* control, const Names& names);
     void add(const HostSwitch& each);
     void addText(const HostSwitch& each, const QString& caption);
     void addList(const HostSwitch& each, const QString& caption, const QStringList& captions);
-    void addTick(const QString& caption, const QString& name, std::function<bool()> isOn,
-                 std::function<void(bool)> set);
+    void addTick(const Names& names, std::function<bool()> isOn, std::function<void(bool)> set);
     void adaptToScale();
 
     QFormLayout* form;

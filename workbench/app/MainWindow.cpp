@@ -125,6 +125,7 @@ MainWindow::MainWindow(Settings* settings)
       projects(new ProjectPanel),
       tools(new QToolBar(QStringLiteral("工具栏"))),
       created(new zBaseLabel),
+      passing(new QTimer(created)),
       count(new QLabel),
       installation(new zBaseLabel) {
     setWindowTitle(QStringLiteral("新建工程工作台"));
@@ -166,8 +167,9 @@ MainWindow::MainWindow(Settings* settings)
     });
 }
 
-QAction* MainWindow::addAction(const QString& text, const char* picture, const char* objectName,
-                               const char* shortcut, const std::function<void()>& work) {
+QAction* MainWindow::addAction(const QString& text, const QString& description, const char* picture,
+                               const char* objectName, const char* shortcut,
+                               const std::function<void()>& work) {
     auto* action = new QAction(text, this);
     action->setShortcut(QKeySequence(QLatin1String(shortcut)));
     // Beside the text that its button shows.
@@ -177,37 +179,29 @@ QAction* MainWindow::addAction(const QString& text, const char* picture, const c
     action->setProperty(pictureProperty,
                         QStringLiteral(":/Image/Workbench/%1.svg").arg(QLatin1String(picture)));
     tools->addAction(action);
+    QWidget* button = tools->widgetForAction(action);
+    button->setAccessibleName(text);
+    button->setAccessibleDescription(description);
     return action;
 }
 
 void MainWindow::makeActions() {
-    addAction(QStringLiteral("新建工程"), "new", "newProjectAction", "Ctrl+N",
-              [this] { newProject(); });
-    addAction(QStringLiteral("选择工程类型"), "project", "chooseKindAction", "Ctrl+Shift+N",
-              [this] { chooseKind(); });
+    addAction(QStringLiteral("新建工程"), QStringLiteral("打开对话框，新建一个工程"), "new",
+              "newProjectAction", "Ctrl+N", [this] { newProject(); });
+    addAction(QStringLiteral("选择工程类型"), QStringLiteral("先选择工程类型，再打开对话框"),
+              "project", "chooseKindAction", "Ctrl+Shift+N", [this] { chooseKind(); });
     tools->addSeparator();
-    addAction(QStringLiteral("打开工程文件夹"), "folder", "openFolderAction", "",
+    addAction(QStringLiteral("打开工程文件夹"), QStringLiteral("在文件管理器中打开工程文件夹"),
+              "folder", "openFolderAction", "",
               [this] { showFolder(Host::instance().installation().projectFolder()); });
-    addAction(QStringLiteral("刷新"), "refresh", "refreshAction", "F5",
-              [this] { projects->refresh(); });
-    addAction(QStringLiteral("切换皮肤"), "skin-light", "skinAction", "", [] { nextSkin(); });
+    addAction(QStringLiteral("刷新"), QStringLiteral("重新读取工程列表"), "refresh",
+              "refreshAction", "F5", [this] { projects->refresh(); });
+    addAction(QStringLiteral("切换皮肤"), QStringLiteral("换上下一种皮肤"), "skin-light",
+              "skinAction", "", [] { nextSkin(); });
     tools->setObjectName(QStringLiteral("tools"));
     tools->setMovable(false);
     tools->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     addToolBar(tools);
-    const struct {
-        const char *action, *description;
-    } described[] = {{"newProjectAction", "打开对话框，新建一个工程"},
-                     {"chooseKindAction", "先选择工程类型，再打开对话框"},
-                     {"openFolderAction", "在文件管理器中打开工程文件夹"},
-                     {"refreshAction", "重新读取工程列表"},
-                     {"skinAction", "换上下一种皮肤"}};
-    for (const auto& each : described) {
-        auto* action = findChild<QAction*>(QLatin1String(each.action));
-        QWidget* button = tools->widgetForAction(action);
-        button->setAccessibleName(action->text());
-        button->setAccessibleDescription(QString::fromUtf8(each.description));
-    }
 }
 
 /// One entry for each skin, of which the current one is marked.
@@ -253,7 +247,6 @@ void MainWindow::makeStatusBar() {
     created->setObjectName(QStringLiteral("createdMessage"));
     created->setMinimumWidth(1);
     statusBar()->addWidget(created, 1);
-    auto* passing = new QTimer(created);
     passing->setSingleShot(true);
     passing->setInterval(messageMs);
     connect(passing, &QTimer::timeout, created, &QLabel::clear);
@@ -362,7 +355,7 @@ void MainWindow::showCreated(const QString& path) {
     projects->refresh();
     projects->select(path);
     created->setText(said("已创建工程文件：%1").arg(QFileInfo(path).fileName()));
-    created->findChild<QTimer*>()->start();
+    passing->start();
 }
 
 void MainWindow::showCount() {

@@ -52,8 +52,9 @@ class MainWindow : public QMainWindow {
     void showFolder(const QString& path);
     void tellFailed(const QString& reason);
     void watchJournal();
-    QAction* addAction(const QString& text, const char* picture, const char* objectName,
-                       const char* shortcut, const std::function<void()>& work);
+    QAction* addAction(const QString& text, const QString& description, const char* picture,
+                       const char* objectName, const char* shortcut,
+                       const std::function<void()>& work);
     void addSkins(QMenu* menu);
     void makeDocks();
     void makeStatusBar();
@@ -68,6 +69,7 @@ class MainWindow : public QMainWindow {
     ProjectPanel* projects;
     QToolBar* tools;
     zBaseLabel* created;  ///< Names for a while the file that was made.
+    QTimer* passing;      ///< That while.
     QLabel* count;
     zBaseLabel* installation;
 };

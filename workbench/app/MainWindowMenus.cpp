@@ -80,7 +80,8 @@ void MainWindow::showRecording() {
     label->setObjectName(QStringLiteral("recordingLabel"));
     statusBar()->insertPermanentWidget(1, label);
     const auto tell = [this, label] {
-        setWindowTitle(said("新建工程工作台") + QStringLiteral(" — ") + said("录制中"));
+        // The program's name at the end, where the system would add it.
+        setWindowTitle(said("录制中") + QStringLiteral(" — ") + said("新建工程工作台"));
         label->setText(QStringLiteral("● ") + said("录制中"));
         label->setToolTip(said("在对话框中的操作正在写成场景文件，关闭窗口即结束录制"));
     };

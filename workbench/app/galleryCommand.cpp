@@ -134,9 +134,9 @@ QImage drawnSheet(const Pictures& pictures, int columns) {
     return sheet;
 }
 
-/// @return the pages as they stand on a sheet, none wider than the first.
+/// @param pages at least one. @return them as they stand on a sheet, none wider than the first.
 Pictures small(Pictures pages) {
-    const int widest = pages.isEmpty() ? 0 : pages.first().image.width();
+    const int widest = pages.first().image.width();
     for (Picture& page : pages) {
         const int width = qRound(qMin(page.image.width(), widest) * galleryZoom);
         page.image = page.image.scaledToWidth(width, Qt::SmoothTransformation);
@@ -157,11 +157,6 @@ QVector<QRgb> mostFrequent(const QHash<QRgb, int>& counts) {
     return colours.mid(0, 256);
 }
 
-int distance(QRgb a, QRgb b) {
-    const int red = qRed(a) - qRed(b), green = qGreen(a) - qGreen(b), blue = qBlue(a) - qBlue(b);
-    return red * red + green * green + blue * blue;
-}
-
 /// @return the picture in its most frequent colours, and the others in the nearest of these: half
 ///         the bytes, and nobody sees it.
 QImage inFewColours(const QImage& picture) {
@@ -169,20 +164,7 @@ QImage inFewColours(const QImage& picture) {
     QHash<QRgb, int> counts;
     for (int y = 0; y < whole.height(); ++y)
         for (int x = 0; x < whole.width(); ++x) ++counts[lineOf(whole, y)[x]];
-    const QVector<QRgb> table = mostFrequent(counts);
-    QHash<QRgb, uchar> places;
-    for (auto each = counts.keyBegin(); each != counts.keyEnd(); ++each) {
-        const auto nearer = [&each](QRgb a, QRgb b) {
-            return distance(a, *each) < distance(b, *each);
-        };
-        const auto nearest = std::min_element(table.begin(), table.end(), nearer);
-        places.insert(*each, uchar(nearest - table.begin()));
-    }
-    QImage few(whole.size(), QImage::Format_Indexed8);
-    few.setColorTable(table);
-    for (int y = 0; y < whole.height(); ++y)
-        for (int x = 0; x < whole.width(); ++x) few.scanLine(y)[x] = places[lineOf(whole, y)[x]];
-    return few;
+    return whole.convertToFormat(QImage::Format_Indexed8, mostFrequent(counts));
 }
 
 bool keep(const QImage& picture, const QString& folder, const QString& name) {
@@ -200,6 +182,7 @@ bool keepSkin(const Scenario& scenario, const QString& skin, const QString& fold
         Pictures pages;
         QString reason = pictured(scenario, skin, scale, pages);
         if (scale == 1 && reason.isEmpty()) reason = addOwnWindows(skin, pages);
+        if (reason.isEmpty() && pages.isEmpty()) reason = QStringLiteral("it has no pictures");
         if (!reason.isEmpty()) {
             complain(QStringLiteral("%1 at %2: %3").arg(skin).arg(scale).arg(reason));
             return false;

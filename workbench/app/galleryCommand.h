@@ -10,8 +10,7 @@ namespace workbench {
 /// no scenario shows; gallery-SKIN.png, all of these on one sheet; scales-SKIN.png, a part of the
 /// first page as each scale draws it.
 /// @return 0: all are written; 1: a play differs or a picture cannot be written; 2: there is no
-/// such
-///         scenario.
+///         such scenario.
 int makeGallery(const CommandLine& line);
 
 }  // namespace workbench

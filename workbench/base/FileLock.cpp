@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QThread>
+#include <cerrno>
 
 #ifdef Q_OS_WIN
 #include <io.h>
@@ -11,8 +12,6 @@
 #else
 #include <sys/file.h>
 #include <sys/stat.h>
-
-#include <cerrno>
 #endif
 
 namespace workbench {
@@ -38,7 +37,13 @@ Attempt take(QFile& file, QString& problem) {
         return refusal == ERROR_ACCESS_DENIED ? Attempt::Denied : Attempt::Impossible;
     }
     const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), 0);
+    if (descriptor < 0) {
+        CloseHandle(handle);
+        problem = qt_error_string(EMFILE);
+        return Attempt::Impossible;
+    }
     if (file.open(descriptor, QIODevice::ReadWrite, QFile::AutoCloseHandle)) return Attempt::Held;
+    _close(descriptor);
     problem = file.errorString();
     return Attempt::Impossible;
 }
@@ -79,7 +84,7 @@ void removeOpen(QFile& file) {
 
 constexpr int glanceMs = 1;
 // Windows also denies a file that its holder is just removing, which takes no time.
-constexpr int mostDenials = 100;
+constexpr int longestDenialMs = 200;
 
 }  // namespace
 
@@ -94,11 +99,12 @@ FileLock::~FileLock() {
 bool FileLock::lock(int patience) {
     QElapsedTimer waited;
     waited.start();
-    for (int denials = 0;;) {
+    for (qint64 deniedSince = 0;;) {
         const Attempt result = take(file, problem);
         if (result == Attempt::Held) return true;
-        denials = result == Attempt::Denied ? denials + 1 : 0;
-        const bool hopeless = result == Attempt::Impossible || denials > mostDenials;
+        if (result != Attempt::Denied) deniedSince = waited.elapsed();
+        const bool hopeless =
+            result == Attempt::Impossible || waited.elapsed() - deniedSince > longestDenialMs;
         if (hopeless || waited.elapsed() >= patience) return false;
         QThread::msleep(glanceMs);
     }

@@ -1,13 +1,13 @@
 #include "workbench/base/fileSystem.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QThread>
 
 #ifdef Q_OS_WIN
 #include <io.h>
 #include <windows.h>
-
-#include <QDir>
 #else
 #include <unistd.h>
 
@@ -17,6 +17,11 @@
 namespace workbench {
 
 namespace fs = std::filesystem;
+
+QString temporaryPlace() {
+    const QString place = QDir::tempPath();  // empty where what the system names does not exist
+    return QFileInfo(place).isDir() ? place : QString();
+}
 
 #ifdef Q_OS_WIN
 

@@ -12,6 +12,9 @@ namespace workbench {
 /// @return a path as the system takes it, however long it is.
 WORKBENCH_API std::filesystem::path systemPath(const QString& path);
 
+/// @return the system's folder for temporary files; empty where there is none.
+WORKBENCH_API QString temporaryPlace();
+
 /// Opens a file that somebody may just be replacing: Windows refuses it for as long as that takes.
 /// @return whether it is open; else file.errorString() is the reason.
 WORKBENCH_API bool openPatiently(QFile& file, QIODevice::OpenMode mode);

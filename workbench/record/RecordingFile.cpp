@@ -5,6 +5,7 @@
 #include <QSaveFile>
 #include <QTemporaryFile>
 
+#include "workbench/base/fileSystem.h"
 #include "workbench/record/scenarioText.h"
 
 namespace workbench {
@@ -27,9 +28,10 @@ void RecordingFile::write(const Scenario& scenario) {
 }
 
 void RecordingFile::writeElsewhere(const Scenario& scenario) {
-    if (spare.isEmpty() && !QDir::tempPath().isEmpty()) {
-        QTemporaryFile fresh(QStringLiteral("%1/%2-XXXXXX.json")
-                                 .arg(QDir::tempPath(), QFileInfo(path).completeBaseName()));
+    const QString place = temporaryPlace();
+    if (spare.isEmpty() && !place.isEmpty()) {
+        QTemporaryFile fresh(
+            QStringLiteral("%1/%2-XXXXXX.json").arg(place, QFileInfo(path).completeBaseName()));
         fresh.setAutoRemove(false);
         if (fresh.open()) spare = fresh.fileName();
     }

@@ -58,7 +58,7 @@ const QFile::Permissions onlyMine = QFile::ReadOwner | QFile::WriteOwner | QFile
 /// @return a name that nobody has. @see removeAbandonedCopies
 QString freshPlace() {
     const QString number = QString::number(QRandomGenerator::system()->generate64(), 16);
-    return QDir(QDir::tempPath())
+    return QDir(temporaryPlace())
         .absoluteFilePath(QStringLiteral("newpro-workbench-") +
                           number.rightJustified(16, QLatin1Char('0')));
 }
@@ -89,7 +89,7 @@ QString copyFolderWhole(const QString& source, const QString& target) {
 
 // The lock comes first: its file is what tells a folder of ours from any other.
 TemporaryFolder::TemporaryFolder() : place(freshPlace()), lock(place + lockSuffix) {
-    if (!QFileInfo(QDir::tempPath()).isDir()) {
+    if (temporaryPlace().isEmpty()) {
         problem = QStringLiteral("the system's temporary folder does not exist");
         return;
     }
@@ -115,8 +115,8 @@ TemporaryCopy::TemporaryCopy(const QString& source)
 
 void removeAbandonedCopies() {
     static const QRegularExpression ours(QStringLiteral("^newpro-workbench-[0-9a-f]{16}\\.lock$"));
-    if (QDir::tempPath().isEmpty()) return;
-    const QDir temporary(QDir::tempPath());
+    if (temporaryPlace().isEmpty()) return;
+    const QDir temporary(temporaryPlace());
     const QStringList candidates{QStringLiteral("newpro-workbench-*.lock")};
     for (const QFileInfo& file : temporary.entryInfoList(candidates, QDir::Files)) {
         const QFileInfo folder(temporary.filePath(file.completeBaseName()));

@@ -21,8 +21,10 @@ struct HostSwitch {
     /// For the page, where "%1" stands for the words of a member; null for a switch of the panel
     /// alone.
     const char* text;
-    const char* setting = "";   ///< Its place in an installation's settings.json, if it has one.
-    const char* caption = "";   ///< In the panel; empty where each word is a tick of its own.
+    const char* setting = "";  ///< Its place in an installation's settings.json, if it has one.
+    const char* caption = "";  ///< In the panel; empty where each word is a tick of its own.
+    /// What it is for, told where its captions are not in sight; of each tick, with "|" between.
+    const char* description = "";
     const char* captions = "";  ///< Of the words, with "|" between them.
     const char* heading = "";   ///< Of the panel's part that begins here.
 

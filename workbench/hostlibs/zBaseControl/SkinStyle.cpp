@@ -111,7 +111,6 @@ void SkinStyle::dress(QScrollBar& bar) {
 }
 
 void SkinStyle::polish(QWidget* widget) {
-    nameComboList(*widget);
     QProxyStyle::polish(widget);
     if (auto* view = qobject_cast<QAbstractItemView*>(widget)) {
         view->installEventFilter(this);
@@ -134,8 +133,10 @@ void SkinStyle::polish(QWidget* widget) {
 
 bool SkinStyle::eventFilter(QObject* watched, QEvent* event) {
     noteKeys(watched, event);
-    if (event->type() == QEvent::Show)
+    if (event->type() == QEvent::Show && watched->isWidgetType()) {
+        nameComboList(*static_cast<QWidget*>(watched));
         if (auto* bar = qobject_cast<QScrollBar*>(watched)) dress(*bar);
+    }
     if (event->type() == QEvent::ToolTip && watched->isWidgetType()) {
         const auto& widget = *static_cast<QWidget*>(watched);
         const auto& asks = *static_cast<QHelpEvent*>(event);

@@ -38,6 +38,13 @@ void drawDefaultButton(QPainter& painter, const QStyleOption& option) {
             colour(Tint::OnAccent), kFieldRadius);
 }
 
+/// @return whether it is a button that Enter presses, and that can be pressed.
+bool isDefault(const QStyleOption& option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    return button && (button->features & QStyleOptionButton::DefaultButton) &&
+           (button->state & QStyle::State_Enabled);
+}
+
 }  // namespace
 
 void drawComboBox(QPainter& painter, const QStyleOptionComboBox& option) {
@@ -89,12 +96,6 @@ void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option
         painter, option,
         {icon.right() + scaled(6), icon.top(), option.rect.right() - icon.right(), icon.height()},
         option.text);
-}
-
-bool isDefault(const QStyleOption& option) {
-    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
-    return button && (button->features & QStyleOptionButton::DefaultButton) &&
-           (button->state & QStyle::State_Enabled);
 }
 
 void drawPushButton(QPainter& painter, const QStyleOption& option) {

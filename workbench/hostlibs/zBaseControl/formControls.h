@@ -20,8 +20,6 @@ void drawCheckBoxText(QPainter& painter, const QStyleOptionButton& option);
 void drawToolButton(QPainter& painter, const QStyleOption& option);
 /// Icon and text of a tool's button, side by side.
 void drawToolButtonLabel(QPainter& painter, const QStyleOptionToolButton& option);
-/// @return whether it is a button that Enter presses, and that can be pressed.
-bool isDefault(const QStyleOption& option);
 /// A push button but for its text.
 void drawPushButton(QPainter& painter, const QStyleOption& option);
 /// Its text, cut with dots.

@@ -53,7 +53,7 @@ MessageBox::MessageBox(const QString& title, const QString& text, const QStringL
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(caption);
     layout->addLayout(makeMessage(text, picture));
-    layout->addLayout(makeButtons(buttons));
+    layout->addLayout(makeButtons(buttons, text));
 }
 
 QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
@@ -77,7 +77,7 @@ QLayout* MessageBox::makeMessage(const QString& text, const char* picture) {
     return row;
 }
 
-QLayout* MessageBox::makeButtons(const QStringList& buttons) {
+QLayout* MessageBox::makeButtons(const QStringList& buttons, const QString& text) {
     auto* row = new QHBoxLayout;
     row->setSpacing(scaled(8));
     row->addStretch();
@@ -85,7 +85,7 @@ QLayout* MessageBox::makeButtons(const QStringList& buttons) {
         auto* button = new zBaseButton(buttons[i], this);
         button->setObjectName(QStringLiteral("button%1").arg(i));
         // What it answers: the keys are with it when the box comes up.
-        button->setAccessibleDescription(findChild<QLabel*>(QStringLiteral("text"))->text());
+        button->setAccessibleDescription(text);
         button->setMinimumSize(scaled(76), scaled(kControlHeight));
         button->setControlType(i == 0 ? DefaultActionType : PlainType);
         button->setAutoDefault(false);

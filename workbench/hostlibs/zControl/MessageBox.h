@@ -19,7 +19,7 @@ class WORKBENCH_API MessageBox : public RoundedDialog {
 
   private:
     QLayout* makeMessage(const QString& text, const char* picture);
-    QLayout* makeButtons(const QStringList& buttons);
+    QLayout* makeButtons(const QStringList& buttons, const QString& text);
 
     int choice = -1;
 };
