@@ -166,9 +166,9 @@ TEST_F(Construction, LaysOutHeaderRowAndStylesAsDesigned) {
     EXPECT_EQ(button("generalTaxButton")->parentWidget()->height(), 30);
     EXPECT_EQ(pageStack()->styleSheet(),
               QStringLiteral("#m_StackedWidget{background: transparent;}"));
-    EXPECT_TRUE(taxStack()->styleSheet().startsWith(
-        QStringLiteral("/* QListWidget */QListWidget{background:transparent;}"
-                       "QListWidget::item{background:transparent;}")));
+    EXPECT_EQ(taxStack()->styleSheet(),
+              QStringLiteral("/* QListWidget */QListWidget{background:transparent;}"
+                             "QListWidget::item{background:transparent;}"));
     EXPECT_EQ(list("lswGeneralTax")->styleSheet(),
               QStringLiteral(".QWidget{\nbackground-color: transparent;}"));
     for (const char* name : {"lswSimpleTax", "lswBusinessTax", "lswTemplateEng"}) {

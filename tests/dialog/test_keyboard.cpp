@@ -62,6 +62,13 @@ TEST_F(Keyboard, OpensOnTheFirstCard) {
     EXPECT_EQ(ringRow(), 0);
 }
 
+TEST_F(Keyboard, ACardThatIsCurrentBeforeTheFocusComesIsNoStop) {
+    make();
+    cards()->setCurrentRow(0);
+    auto* create = child<QWidget>(card("lswGeneralTax", 0), "btnNewProject");
+    EXPECT_FALSE(create->focusPolicy() & Qt::TabFocus);
+}
+
 TEST_F(Keyboard, NothingMovesUnderTheMouseThatPresses) {
     open();
     ASSERT_EQ(cards()->currentRow(), 0);

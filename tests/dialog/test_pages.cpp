@@ -106,6 +106,25 @@ TEST_F(Pages, OfTheGridHaveTheirCaptionAboveThePath) {
     auto* combo = on<QWidget>("contractingPage", "fileCombo");
     EXPECT_LT(caption->mapTo(dialog.get(), caption->rect().bottomLeft()).y(),
               combo->mapTo(dialog.get(), QPoint()).y());
+    auto* create = on<QWidget>("contractingPage", "newButton");
+    const int below =
+        create->mapTo(page, QPoint()).y() - combo->mapTo(page, combo->rect().bottomLeft()).y();
+    EXPECT_GT(below, 140) << "the gap is a row of its own";
+    EXPECT_EQ(create->height(), 32);
+}
+
+TEST_F(Pages, TellAReaderWhatTheirControlsAreFor) {
+    open();
+    for (const char* page : {"auditPage", "contractingPage"}) {
+        const QString caption = on<QLabel>(page, "caption")->text();
+        const QString text = on<zBaseButton>(page, "newButton")->text();
+        const auto description = [&](const char* control) {
+            return on<QWidget>(page, control)->accessibleDescription();
+        };
+        EXPECT_EQ(description("fileCombo"), QStringLiteral("输入路径，或从最近的工程中选择"));
+        EXPECT_EQ(description("browseButton"), QStringLiteral("在文件窗口中选择") + caption);
+        EXPECT_EQ(description("newButton"), QStringLiteral("由所填的工程文件") + text);
+    }
 }
 
 TEST_F(Pages, DressTheNewButtonAsOne) {

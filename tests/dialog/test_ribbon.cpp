@@ -119,6 +119,17 @@ TEST_F(Ribbon, OnlyTheBudgetKindRefreshesTheListOfTheCheckedMode) {
     EXPECT_TRUE(list("lswGeneralTax")->isVisible());
 }
 
+TEST_F(Ribbon, TheListIsRefreshedBeforeTheTenderQuery) {
+    open();
+    addKindOnMainPage(contractingLabel);
+    list("lswSimpleTax")->show();
+    pick(contractingLabel);
+    throwAt("TranMiUtilAction::JudageValue", testing_support::thrownKinds().front().as);
+    pick(budgetLabel);
+    EXPECT_EQ(countOf("exception"), 1);
+    EXPECT_TRUE(list("lswSimpleTax")->isHidden());
+}
+
 TEST_F(Ribbon, AnAnswerToTheTenderQueryHidesTheTenderButton) {
     open();
     addKindOnMainPage(contractingLabel);
@@ -291,6 +302,19 @@ TEST_F(Ribbon, AnUnknownEntryShowsItsPageAndKeepsTheKind) {
     EXPECT_EQ(pageStack()->currentWidget(), page);
     EXPECT_EQ(boldEntries(), QStringList{QStringLiteral("别的")});
     EXPECT_EQ(programType(), 8);
+}
+
+TEST_F(Ribbon, ADialogThatIsNotWholeAsksTheHostForNoModelsOfAKind) {
+    throwAt("CpfMain::IsProdAreaYN", testing_support::thrownKinds().front().as);
+    make();
+    ASSERT_EQ(countOf("exception"), 1);
+    throwNoMore();
+    QAction* budget = addKind(budgetLabel);
+    ASSERT_TRUE(budget);
+    clearJournal();
+    budget->trigger();
+    EXPECT_EQ(journalLines(), Lines{});
+    EXPECT_EQ(programType(), newpro::BudgetProgram);
 }
 
 TEST_F(Ribbon, WithoutASenderNothingHappens) {

@@ -2,6 +2,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "fileDialog.h"
 #include "tests/dialog/HostileUse.h"
 
 #ifdef Q_OS_WIN
@@ -124,6 +125,33 @@ size_t heapInUse() {
 #else
     return mallinfo2().uordblks;
 #endif
+}
+
+TEST_F(Robustness, ACloudPathThatCannotBeResolvedIsNotResolved) {
+    open();
+    throwAt("Users::Instance", testing_support::thrownKinds().front().as);
+    QString local = QStringLiteral("before");
+    bool resolved = true;
+    ASSERT_TRUE(QMetaObject::invokeMethod(
+        dialog.get(), "loadYunPanPath", Qt::DirectConnection, Q_RETURN_ARG(bool, resolved),
+        QArgument<QString&>("QString&", local),
+        Q_ARG(QString, QStringList({QStringLiteral("个人"), QStringLiteral("a.GCFX")})
+                           .join(zFileDialog::pathFgf)),
+        Q_ARG(bool, false)));
+    EXPECT_EQ(countOf("exception"), 1);
+    EXPECT_FALSE(resolved);
+    EXPECT_EQ(local, QStringLiteral("before"));
+}
+
+TEST_F(Robustness, ATreeWhoseColumnsCannotBeFittedHasItsNewSize) {
+    open();
+    click(button("templateButton"));
+    settle();
+    const int width = tree()->viewport()->width();
+    throwAt(testing_support::scalingCalls[0], testing_support::thrownKinds().front().as);
+    tree()->resize(tree()->width() - 50, tree()->height());
+    EXPECT_EQ(countOf("exception"), 1);
+    EXPECT_EQ(tree()->viewport()->width(), width - 50);
 }
 
 TEST_F(Robustness, AThousandKindSwitchesKeepTheHeapFlat) {

@@ -69,6 +69,8 @@ TEST_F(Told, ACardCanBeFocused) {
 
 TEST_F(Told, ACardIsFocusedByOneActionAndCreatesByTheOther) {
     open();
+    button("generalTaxButton")->setFocus();
+    ASSERT_FALSE(cards()->hasFocus());
     QAccessibleActionInterface* actions = toldOf(card("lswGeneralTax", 2))->actionInterface();
     actions->doAction(QAccessibleActionInterface::setFocusAction());
     EXPECT_EQ(cards()->currentRow(), 2);
@@ -79,6 +81,26 @@ TEST_F(Told, ACardIsFocusedByOneActionAndCreatesByTheOther) {
     actions->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(countOf("SignalCreatePro"), 1);
     EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(Told, ARowOfTheTreeIsAFolderOrAFile) {
+    openTree();
+    const auto description = [this](QTreeWidgetItem* item) {
+        return toldOf(treeRow(item))->text(QAccessible::Description);
+    };
+    EXPECT_EQ(description(folder()), QStringLiteral("文件夹"));
+    EXPECT_EQ(description(folder()->child(0)), QStringLiteral("模板工程文件"));
+}
+
+TEST_F(Told, ButtonsOfARowAreItsPartsAndOthersAreAsQtTellsThem) {
+    open();
+    QAccessibleInterface* row = toldOf(card("lswGeneralTax", 0));
+    ASSERT_EQ(row->childCount(), 1);
+    EXPECT_EQ(row->indexOfChild(row->child(0)), 0);
+    EXPECT_EQ(row->indexOfChild(nullptr), -1);
+    EXPECT_EQ(row->indexOfChild(toldOf(button("generalTaxButton"))), -1);
+    EXPECT_EQ(row->child(0)->role(), QAccessible::Button);
+    EXPECT_EQ(toldOf(button("generalTaxButton"))->role(), QAccessible::CheckBox);
 }
 
 TEST_F(Told, TheRowThatBecomesTheCurrentOneIsScrolledTo) {

@@ -69,6 +69,15 @@ TEST_F(Scrolling, IsByPixels) {
 }
 
 /// The time of it is measured in docs/measures.md; this is what it is made of.
+TEST_F(Scrolling, IsNeverSideways) {
+    open();
+    taxStack()->setMinimumWidth(2 * dialog->width());
+    settle();
+    auto* area = find<QScrollArea>("taxPageArea");
+    EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible());
+}
+
 TEST_F(Scrolling, IsNoMoreWorkInALongList) {
     const auto few = workOfSteps(30);
     EXPECT_GT(few[0].at(QEvent::Paint), 10);

@@ -50,6 +50,14 @@ TEST_F(TemplateCard, has_its_button_behind_its_title) {
     EXPECT_GT(newButton(&card)->geometry().left(), title->geometry().right());
 }
 
+TEST_F(TemplateCard, has_its_lines_in_the_order_of_the_design) {
+    const TemplateProListItem card(file);
+    const auto* lines = child<QVBoxLayout>(&card, "verticalLayout_2");
+    QStringList names;
+    for (int i = 0; i < lines->count(); ++i) names << lines->itemAt(i)->widget()->objectName();
+    EXPECT_EQ(names.join(QLatin1Char(' ')), QStringLiteral("lblDescription lblPath label_2 label"));
+}
+
 TEST_F(TemplateCard, scales_every_size_but_the_style_s_own_margins) {
     for (const double scale : {1.0, 1.5, 2.0}) {
         workbench::Host::instance().setScale(scale);
@@ -74,6 +82,8 @@ TEST_F(TemplateCard, scales_every_size_but_the_style_s_own_margins) {
 TEST_F(TemplateCard, of_a_path_shows_title_information_and_folder) {
     const TemplateProListItem card(file);
     EXPECT_EQ(text(&card, "lblTitle"), QStringLiteral("住宅楼.v2"));
+    EXPECT_EQ(child<QLabel>(&card, "lblTitle")->toolTip(),
+              QStringLiteral("<span>住宅楼.v2.MODX</span>"));
     EXPECT_EQ(text(&card, "lblPath"),
               QStringLiteral("路径：") + installation.path(QStringLiteral("MBSC/kvys")));
     EXPECT_FALSE(child<QLabel>(&card, "lblDescription")->isHidden());

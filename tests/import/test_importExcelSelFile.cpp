@@ -180,6 +180,13 @@ TEST_F(ExcelSelection, filters_the_events_of_its_tiles_only) {
     EXPECT_FALSE(dialog.eventFilter(budget(dialog), &move));
     EXPECT_FALSE(dialog.eventFilter(combo(dialog), &enter));
     EXPECT_FALSE(dialog.eventFilter(nullptr, &enter));
+    QEvent leave(QEvent::Leave);
+    EXPECT_TRUE(dialog.eventFilter(budget(dialog), &leave));
+    EXPECT_TRUE(dialog.eventFilter(contracting(dialog), &leave));
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+        QMouseEvent released(QEvent::MouseButtonRelease, QPointF(), button, {}, {});
+        EXPECT_EQ(dialog.eventFilter(budget(dialog), &released), button == Qt::LeftButton);
+    }
 }
 
 TEST_F(ExcelSelection, accepts_a_workbook_that_opens) {

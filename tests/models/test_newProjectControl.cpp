@@ -55,6 +55,13 @@ TEST_F(Card, TheButtonIsCalledByTheModelThatItCreatesFrom) {
     make(model(name));
     EXPECT_EQ(newButton()->accessibleName(), QStringLiteral("新建：某模式"));
     EXPECT_EQ(left()->accessibleName(), QStringLiteral("新建：某模式"));
+    EXPECT_EQ(right()->accessibleName(), QStringLiteral("选择计费方式"));
+    const QString description = QStringLiteral("按此计价模型新建工程");
+    EXPECT_EQ(left()->accessibleDescription(), description);
+    EXPECT_EQ(newButton()->accessibleDescription(), QString());
+    card->UpdateDataDisplay();
+    EXPECT_EQ(left()->accessibleDescription(), description);
+    EXPECT_EQ(newButton()->accessibleDescription(), QString()) << "it is said of the part";
 }
 
 TEST_F(Card, ExactlyOneModeIsTheModeOfTheProject) {

@@ -61,6 +61,11 @@ class Change:
     new: str
     what: str
 
+    @property
+    def name(self):
+        """What it is called in equal.txt: without its line, which moves."""
+        return f"{self.path}: {self.what}"
+
     def applied_to(self, source):
         return source[: self.start] + self.new + source[self.end :]
 
