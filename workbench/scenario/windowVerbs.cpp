@@ -63,6 +63,9 @@ Plan key(Stage&, QWidget* window, const QJsonObject& args) {
     if (on.isEmpty() && !target) target = window;
     if (!target) return nothingCalled(window, on);
     return Plan::act([target, keys] {
+        // A person sees the window come up, and its focus, before the first key.
+        if (target->window()->windowType() != Qt::Popup)
+            QApplication::setActiveWindow(target->window());
         target->setFocus();
         pressKey(target, keys);
     });
