@@ -103,6 +103,62 @@ TEST_F(Told, ButtonsOfARowAreItsPartsAndOthersAreAsQtTellsThem) {
     EXPECT_EQ(toldOf(button("generalTaxButton"))->role(), QAccessible::CheckBox);
 }
 
+TEST_F(Told, ARowKnowsItsButtonAtAPlace) {
+    open();
+    QWidget* shown = card("lswGeneralTax", 0);
+    auto* create = child<QWidget>(shown, "btnNewProject");
+    const QPoint on = create->mapToGlobal(create->rect().center());
+    const QPoint beside = shown->mapToGlobal(QPoint(5, 5));
+    QAccessibleInterface* there = toldOf(shown)->childAt(on.x(), on.y());
+    ASSERT_TRUE(there);
+    EXPECT_EQ(there->object(), create);
+    EXPECT_FALSE(toldOf(shown)->childAt(beside.x(), beside.y()));
+}
+
+TEST_F(Told, ARowOffersToBePressedWhereItHasAButton) {
+    openTree();
+    using Actions = QAccessibleActionInterface;
+    const QStringList focus{Actions::setFocusAction()}, both{Actions::pressAction(), focus[0]};
+    const auto offered = [](QWidget* row) { return toldOf(row)->actionInterface()->actionNames(); };
+    EXPECT_EQ(offered(card("lswGeneralTax", 0)), both);
+    EXPECT_EQ(offered(treeRow(folder()->child(0))), both);
+    EXPECT_EQ(offered(treeRow(folder())), focus);
+}
+
+TEST_F(Told, ASplitButtonIsAGroupOfAButtonAndAMenu) {
+    open();
+    auto* frame = child<QWidget>(card("lswGeneralTax", 1), "btnNewProject");
+    EXPECT_EQ(toldOf(frame)->role(), QAccessible::Grouping);
+    EXPECT_EQ(toldOf(frame)->actionInterface()->actionNames(), QStringList());
+    const QList<zBaseButton*> parts = frame->findChildren<zBaseButton*>();
+    ASSERT_EQ(parts.size(), 2);
+    using Actions = QAccessibleActionInterface;
+    const std::pair<QAccessible::Role, QString> expected[] = {
+        {QAccessible::Button, Actions::pressAction()},
+        {QAccessible::ButtonMenu, Actions::showMenuAction()}};
+    for (int i = 0; i < 2; ++i) {
+        QAccessibleInterface* part = toldOf(parts[i]);
+        EXPECT_EQ(part->role(), expected[i].first);
+        EXPECT_EQ(part->state().hasPopup, i == 1);
+        EXPECT_EQ(part->actionInterface()->actionNames(), QStringList{expected[i].second});
+        part->actionInterface()->doAction(QStringLiteral("no such action"));
+    }
+    settle();
+    EXPECT_EQ(countOf("SignalCreatePro"), 0);
+    toldOf(parts[0])->actionInterface()->doAction(Actions::pressAction());
+    EXPECT_TRUE(QTest::qWaitFor([] { return countOf("SignalCreatePro") == 1; }));
+}
+
+TEST_F(Told, ARowThatIsScrolledOutIsOffTheScreenWithItsButton) {
+    open();
+    for (const int row : {0, 29}) {
+        QWidget* shown = card("lswGeneralTax", row);
+        EXPECT_EQ(toldOf(shown)->state().offscreen, row == 29);
+        auto* create = child<QWidget>(shown, "btnNewProject");
+        EXPECT_EQ(toldOf(create)->state().offscreen, row == 29);
+    }
+}
+
 TEST_F(Told, TheRowThatBecomesTheCurrentOneIsScrolledTo) {
     for (int i = 0; i < 60; ++i)
         host.addTemplate(QStringLiteral("kvys"), QStringLiteral("%1.MODX").arg(i));
