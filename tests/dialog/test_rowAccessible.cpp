@@ -103,6 +103,25 @@ TEST_F(Told, ButtonsOfARowAreItsPartsAndOthersAreAsQtTellsThem) {
     EXPECT_EQ(toldOf(button("generalTaxButton"))->role(), QAccessible::CheckBox);
 }
 
+TEST_F(Told, ACardTellsItsLinesWhole) {
+    open();
+    QWidget* shown = card("lswGeneralTax", 0);
+    const Lines lines{child<QLabel>(shown, "lblSource")->text().toStdString(),
+                      child<QLabel>(shown, "lblDescription")->accessibleName().toStdString()};
+    EXPECT_EQ(toldOf(shown)->text(QAccessible::Name), child<QLabel>(shown, "lblTitle")->text());
+    EXPECT_EQ(toldOf(shown)->text(QAccessible::Description).toStdString(),
+              lines[0] + '\n' + lines[1]);
+}
+
+TEST_F(Told, TheCardsOfAListThatIsNotLaidOutHaveTheirNumbers) {
+    host.setModels(QStringLiteral("Kvys"), 1,
+                   {model(QStringLiteral("甲")), model(QStringLiteral("乙"))});
+    open();
+    QAccessibleInterface* view = toldOf(list("lswSimpleTax"));
+    for (int row = 0; row < 2; ++row)
+        EXPECT_EQ(view->indexOfChild(toldOf(card("lswSimpleTax", row))), row);
+}
+
 TEST_F(Told, ARowKnowsItsButtonAtAPlace) {
     open();
     QWidget* shown = card("lswGeneralTax", 0);

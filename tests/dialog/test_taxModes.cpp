@@ -120,6 +120,16 @@ TEST_F(TaxModes, MoreThanOneCheckedButtonShowsMoreThanOneList) {
     EXPECT_FALSE(list("lswBusinessTax")->isHidden());
 }
 
+TEST_F(TaxModes, RefreshingGoesToTheFirstCheckedListFromOneThatIsNot) {
+    open();
+    button("simpleTaxButton")->setChecked(true);
+    button("businessTaxButton")->setChecked(true);
+    button("generalTaxButton")->setChecked(false);
+    ASSERT_EQ(taxStack()->currentIndex(), 0);
+    ASSERT_TRUE(call("flushListWidget"));
+    EXPECT_EQ(taxStack()->currentIndex(), 1);
+}
+
 TEST_F(TaxModes, AfterARefreshTheCurrentPageIsVisible) {
     open();
     for (const char* name : taxButtons) {

@@ -65,6 +65,8 @@ TEST(HistoryEntryParser, EveryLayoutIsRecognised) {
          HistoryLayout::CloudRecord, text("yp.x"), text("X")},
         {"a dot at the end does not count", text("yp##a.gcf."), HistoryLayout::MarkedCloud,
          text("a.gcf."), text("GCF")},
+        {"the only dot at the end", text("yp##gcf."), HistoryLayout::MarkedCloud, text("gcf."),
+         text("GCF")},
         {"blanks belong to the path",
          text("bd## /a "),
          HistoryLayout::MarkedLocal,

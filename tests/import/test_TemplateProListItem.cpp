@@ -5,7 +5,9 @@
 #include <QSignalSpy>
 #include <memory>
 
+#include "core/styleCodes.h"
 #include "import/TemplateProListItem.h"
+#include "tests/support/StyleOf.h"
 #include "tests/support/TestSupport.h"
 #include "zBaseControl.h"
 
@@ -153,6 +155,8 @@ TEST_F(TemplateCard, is_dressed_up_only_when_it_has_all_values) {
     EXPECT_EQ(title.weight(), int(QFont::Bold));
     EXPECT_EQ(title.pixelSize(), 13);
     EXPECT_EQ(child<QLabel>(&path, "lblTitle")->font(), path.font());
+    for (const char* name : {"lblTitle", "label", "label_2", "lblDescription", "lblPath"})
+        EXPECT_EQ(StyleOf::widget(child<zBaseLabel>(&full, name)).type, newpro::SecondaryText);
     for (const char* name : {"label", "label_2"}) {
         EXPECT_EQ(child<QLabel>(&full, name)->minimumHeight(), 15);
         EXPECT_EQ(child<QLabel>(&full, name)->maximumHeight(), 15);
@@ -173,11 +177,15 @@ TEST_F(TemplateCard, gives_its_button_a_place_of_its_own_on_the_host_s_first_sta
     EXPECT_EQ(row->itemAt(1)->layout()->indexOf(newButton(&card)), 0);
 
     // In a row of the list the button is in front of the lines that it reaches.
-    card.resize(600, 80);
     card.show();
-    const QRect button = newButton(&card)->geometry();
-    EXPECT_TRUE(card.rect().contains(button));
-    EXPECT_EQ(card.childAt(button.center().x(), button.bottom() - 1), newButton(&card));
+    for (const int height : {80, 60}) {
+        card.resize(600, height);
+        settle();
+        const QRect button = newButton(&card)->geometry();
+        EXPECT_TRUE(card.rect().contains(button));
+        for (int y = button.top() + 1; y < button.bottom(); ++y)
+            EXPECT_EQ(card.childAt(button.center().x(), y), newButton(&card)) << height << ' ' << y;
+    }
 }
 
 TEST_F(TemplateCard, of_a_missing_file_keeps_its_placeholders_and_still_offers_it) {

@@ -23,6 +23,16 @@ TEST_F(Card, ShowsNameBasisAndDescription) {
     EXPECT_EQ(newButton()->text(), QStringLiteral("新建"));
 }
 
+TEST_F(Card, TheTitleTakesTheRoomThatItsButtonLeaves) {
+    make(model(name));
+    card->resize(500, card->height());
+    settle();
+    const QRect title = label("lblTitle")->geometry();
+    EXPECT_LT(title.right(), newButton()->x());
+    EXPECT_GT(title.right(), newButton()->x() - 20);
+    EXPECT_LT(title.left(), 30);
+}
+
 TEST_F(Card, TheTitleIsBoldAndTheLinesBelowItAreOfTwelvePixels) {
     make(model(name));
     EXPECT_TRUE(label("lblTitle")->font().bold());
