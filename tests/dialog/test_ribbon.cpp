@@ -304,19 +304,6 @@ TEST_F(Ribbon, AnUnknownEntryShowsItsPageAndKeepsTheKind) {
     EXPECT_EQ(programType(), 8);
 }
 
-TEST_F(Ribbon, ADialogThatIsNotWholeAsksTheHostForNoModelsOfAKind) {
-    throwAt("CpfMain::IsProdAreaYN", testing_support::thrownKinds().front().as);
-    make();
-    ASSERT_EQ(countOf("exception"), 1);
-    throwNoMore();
-    QAction* budget = addKind(budgetLabel);
-    ASSERT_TRUE(budget);
-    clearJournal();
-    budget->trigger();
-    EXPECT_EQ(journalLines(), Lines{});
-    EXPECT_EQ(programType(), newpro::BudgetProgram);
-}
-
 TEST_F(Ribbon, WithoutASenderNothingHappens) {
     open();
     ASSERT_TRUE(call("slotRibbonTriggered"));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAction>
+#include <QDialog>
 #include <memory>
 
 #include "models/ProModelItemForm.h"

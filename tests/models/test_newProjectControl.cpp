@@ -56,7 +56,10 @@ TEST_F(Card, TheButtonIsCalledByTheModelThatItCreatesFrom) {
     EXPECT_EQ(newButton()->accessibleName(), QStringLiteral("新建：某模式"));
     EXPECT_EQ(left()->accessibleName(), QStringLiteral("新建：某模式"));
     EXPECT_EQ(right()->accessibleName(), QStringLiteral("选择计费方式"));
-    EXPECT_FALSE(left()->autoDefault() || right()->autoDefault());
+    QDialog dialog;
+    card->setParent(&dialog);
+    EXPECT_FALSE(left()->autoDefault() || right()->autoDefault()) << "Enter presses no button";
+    card->setParent(nullptr);
     const QString description = QStringLiteral("按此计价模型新建工程");
     EXPECT_EQ(left()->accessibleDescription(), description);
     EXPECT_EQ(newButton()->accessibleDescription(), QString());
