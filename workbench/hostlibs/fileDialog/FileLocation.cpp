@@ -14,8 +14,15 @@ namespace workbench {
 
 namespace {
 
+#ifdef Q_OS_WIN
+constexpr Qt::CaseSensitivity namesDiffer = Qt::CaseInsensitive;  // a drive's letter above all
+#else
+constexpr Qt::CaseSensitivity namesDiffer = Qt::CaseSensitive;
+#endif
+
 bool isAtOrBelow(const QString& path, const QString& folder) {
-    return path == folder || path.startsWith(folder + QLatin1Char('/'));
+    return path.compare(folder, namesDiffer) == 0 ||
+           path.startsWith(folder + QLatin1Char('/'), namesDiffer);
 }
 
 bool loggedIn() {
