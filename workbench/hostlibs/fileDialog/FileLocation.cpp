@@ -32,7 +32,9 @@ bool loggedIn() {
 }  // namespace
 
 QString projectFolder() {
-    return QDir::cleanPath(Host::instance().installation().projectFolder());
+    // With its drive, as the folder that is shown has it.
+    return QDir::cleanPath(
+        QFileInfo(Host::instance().installation().projectFolder()).absoluteFilePath());
 }
 
 FileLocation::FileLocation(bool withClouds, std::function<bool()> wait, cloud::Progress progress)
