@@ -146,7 +146,6 @@ TEST_F(AccessibleTree, OfEveryPageIsWhole_AndStandsInTheDocument) {
               (heading.trimmed() + QLatin1Char('\n') + document).split(QLatin1Char('\n')));
 }
 
-/// Asks for whatever is announced, as the bridge to a screen reader does.
 /// Asks for each widget as soon as it is shaped or seen, as a reader does that is there already.
 struct EarlyReader : QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {

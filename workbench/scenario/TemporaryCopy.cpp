@@ -115,8 +115,9 @@ TemporaryCopy::TemporaryCopy(const QString& source)
 
 void removeAbandonedCopies() {
     static const QRegularExpression ours(QStringLiteral("^newpro-workbench-[0-9a-f]{16}\\.lock$"));
-    if (temporaryPlace().isEmpty()) return;
-    const QDir temporary(temporaryPlace());
+    const QString place = temporaryPlace();
+    if (place.isEmpty()) return;
+    const QDir temporary(place);
     const QStringList candidates{QStringLiteral("newpro-workbench-*.lock")};
     for (const QFileInfo& file : temporary.entryInfoList(candidates, QDir::Files)) {
         const QFileInfo folder(temporary.filePath(file.completeBaseName()));

@@ -228,7 +228,8 @@ QJsonObject toJson(const ProjectSettingSpace::SysSettingInfo& info) {
 
 bool Installation::load(const QString& folder, Installation& into, QString& error) {
     Installation read;
-    read.folder = QDir(folder).absolutePath();
+    // With its drive, as every path has it that the host gives or shows.
+    read.folder = QDir::cleanPath(QFileInfo(QDir(folder).absolutePath()).absoluteFilePath());
     try {
         readModels(read.folder + QLatin1String("/models.json"), read);
         readSettings(read.folder + QLatin1String("/settings.json"), read);

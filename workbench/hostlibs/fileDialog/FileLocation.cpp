@@ -14,15 +14,8 @@ namespace workbench {
 
 namespace {
 
-#ifdef Q_OS_WIN
-constexpr Qt::CaseSensitivity namesDiffer = Qt::CaseInsensitive;  // a drive's letter above all
-#else
-constexpr Qt::CaseSensitivity namesDiffer = Qt::CaseSensitive;
-#endif
-
 bool isAtOrBelow(const QString& path, const QString& folder) {
-    return path.compare(folder, namesDiffer) == 0 ||
-           path.startsWith(folder + QLatin1Char('/'), namesDiffer);
+    return path == folder || path.startsWith(folder + QLatin1Char('/'));
 }
 
 bool loggedIn() {
@@ -32,9 +25,7 @@ bool loggedIn() {
 }  // namespace
 
 QString projectFolder() {
-    // With its drive, as the folder that is shown has it.
-    return QDir::cleanPath(
-        QFileInfo(Host::instance().installation().projectFolder()).absoluteFilePath());
+    return QDir::cleanPath(Host::instance().installation().projectFolder());
 }
 
 FileLocation::FileLocation(bool withClouds, std::function<bool()> wait, cloud::Progress progress)
