@@ -188,6 +188,12 @@ void doubleClick(QWidget* widget, const QPoint& place, Qt::MouseButton button) {
                       button, Qt::NoModifier);
     QSpontaneKeyEvent::setSpontaneous(&event);
     qApp->notify(widget, &event);
+    // Let go elsewhere: the widget may be gone.
+    QWidget elsewhere;
+    QMouseEvent release(QEvent::MouseButtonRelease, place, place, button, Qt::NoButton,
+                        Qt::NoModifier);
+    QSpontaneKeyEvent::setSpontaneous(&release);
+    qApp->notify(&elsewhere, &release);
 }
 
 void settle() {

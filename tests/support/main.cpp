@@ -40,7 +40,9 @@ void judgeMessage(QtMsgType type, const QMessageLogContext&, const QString& text
     ADD_FAILURE() << "unexpected Qt message: " << text.toStdString();
 }
 
-class WarningListener : public testing::EmptyTestEventListener {
+/// A test leaves no warning unread, and to the next one in its process no mouse that is held and no
+/// window that waits. (Of a key with Shift QTest itself leaves Shift.)
+class Listener : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override { expected().clear(); }
     void OnTestEnd(const testing::TestInfo&) override {
         for (const Expected& each : qAsConst(expected())) {
@@ -48,6 +50,9 @@ class WarningListener : public testing::EmptyTestEventListener {
                 << "no Qt message matched " << each.pattern.pattern().toStdString();
         }
         expected().clear();
+        EXPECT_EQ(QApplication::mouseButtons(), Qt::NoButton) << "left down";
+        EXPECT_FALSE(QApplication::activePopupWidget());
+        EXPECT_FALSE(QApplication::activeModalWidget());
     }
 };
 
@@ -72,7 +77,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     workbench::applySkin();
-    testing::UnitTest::GetInstance()->listeners().Append(new testing_support::WarningListener);
+    testing::UnitTest::GetInstance()->listeners().Append(new testing_support::Listener);
     qInstallMessageHandler(testing_support::judgeMessage);
     const int result = RUN_ALL_TESTS();
     qInstallMessageHandler(nullptr);
