@@ -101,9 +101,10 @@ TEST_P(Places, TheTaxRowEndsWithAStretchAndTheTenderButton) {
 
 TEST_P(Places, AStretchClosesTheRibbon) {
     const QLayout* row = find<QWidget>("ribbon")->layout();
-    ASSERT_EQ(row->count(), 5);
-    EXPECT_TRUE(row->itemAt(4)->spacerItem());
-    EXPECT_TRUE(row->itemAt(4)->expandingDirections() & Qt::Horizontal);
+    ASSERT_GE(row->count(), 5);
+    QLayoutItem* last = row->itemAt(row->count() - 1);
+    EXPECT_TRUE(last->spacerItem());
+    EXPECT_TRUE(last->expandingDirections() & Qt::Horizontal);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, Places, testing::Values(1.0, 2.0, 3.0),

@@ -110,6 +110,23 @@ TEST_F(Dots, AreNotInAListOfChoiceThatIsAsWideAsItWants) {
     }
 }
 
+TEST_F(Dots, OfAListOfChoiceLeaveTheNamesOfFiles) {
+    QVector<QImage> rows;
+    for (const char* name : {"一号楼", "二号楼"}) {
+        zBaseCombox field;
+        field.addItem(QStringLiteral("/home/用户/工程/某市/某区/某街道/某住宅小区/%1.GCFX")
+                          .arg(QString::fromUtf8(name)));
+        field.resize(200, 28);
+        field.show();
+        field.showPopup();
+        settle();
+        QWidget* list = field.view()->viewport();
+        EXPECT_TRUE(looks_tests::hasDots(list, list->rect()));
+        rows.append(list->grab().toImage());
+    }
+    EXPECT_NE(rows[0], rows[1]);
+}
+
 TEST_F(Dots, OfListsAreThoseOfLabels) {
     QVector<QPair<int, int>> found;
     for (const QString& text : {chinese, latin}) {

@@ -38,6 +38,7 @@ TEST_P(Geometry, NothingIsCutAndNothingOverlaps) {
         // The design's rows leave up to two pixels less than the tallest sign's ink.
         EXPECT_EQ(testing_support::clippedTexts(window.get(), 2, cutOnPurpose), QStringList());
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(testing_support::buttonsOverEachOther(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
         EXPECT_EQ(sideways(window.get(), true), QStringList());

@@ -28,6 +28,7 @@ TEST_P(Geometry, ADoubledFontIsCutWithDotsAtWorst) {
         settle();
         keepPicture(window.get(), page.name, "-doubled");
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(testing_support::buttonsOverEachOther(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
         if (isMeasured(GetParam())) {
@@ -55,6 +56,7 @@ TEST_P(LargeFont, IsCutWithDotsAtWorst) {
         const std::unique_ptr<QWidget> window = page.open();
         keepPicture(window.get(), page.name, "-large");
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(testing_support::buttonsOverEachOther(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
         EXPECT_EQ(cutWithoutDots(window.get()), QStringList());
@@ -81,6 +83,7 @@ TEST_P(LargeFont, LeavesTheWindowsOfTheWorkbenchOnTheScreen) {
         EXPECT_EQ(window->size().expandedTo(screen), screen);
         keepPicture(window.get(), page.name, "-small");
         EXPECT_EQ(testing_support::overlaps(window.get()), QStringList());
+        EXPECT_EQ(testing_support::buttonsOverEachOther(window.get()), QStringList());
         EXPECT_EQ(outsiders(window.get()), QStringList());
         EXPECT_EQ(untold(window.get()), QStringList());
         EXPECT_EQ(cutWithoutDots(window.get()), QStringList());

@@ -72,6 +72,26 @@ inline QStringList overlaps(const QWidget* page) {
     return found;
 }
 
+/// @return the buttons of a window of which a part is seen where another one is: by its edge alone
+/// no
+///         person tells which of them a click is for.
+inline QStringList buttonsOverEachOther(const QWidget* window) {
+    QStringList found;
+    QVector<QPair<const QAbstractButton*, QRect>> seen;
+    for (const auto* button : window->findChildren<QAbstractButton*>()) {
+        if (!button->isVisible() || button->window() != window) continue;
+        const QRect place =
+            button->visibleRegion().boundingRect().translated(button->mapTo(window, QPoint(0, 0)));
+        for (const auto& other : seen) {
+            if (other.first->isAncestorOf(button) || button->isAncestorOf(other.first)) continue;
+            if (place.intersects(other.second))
+                found << button->text() + QStringLiteral(" over ") + other.first->text();
+        }
+        seen.append({button, place});
+    }
+    return found;
+}
+
 struct Look {
     double scale;
     const char* skin;

@@ -127,9 +127,10 @@ int heightOfSigns(const QFont& font) {
     return qCeil(QFontInfo(font).pixelSize() * 1.15);
 }
 
-bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text) {
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text,
+              Qt::TextElideMode dots) {
     const QFontMetrics metrics = painter.fontMetrics();
-    const QString shown = metrics.elidedText(text, Qt::ElideRight, place.width());
+    const QString shown = metrics.elidedText(text, dots, place.width());
     if (shown == text) {
         painter.drawText(place, int(alignment) | Qt::TextSingleLine, text);
         return false;

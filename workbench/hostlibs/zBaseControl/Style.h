@@ -33,7 +33,8 @@ void drawField(QPainter& painter, const QRect& rect, const QColor& fill, QStyle:
 
 /// Draws a text on one line, cut with dots where it is too long for `place`. The dots look the same
 /// behind every script. @return whether it was cut.
-bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text);
+bool drawLine(QPainter& painter, const QRect& place, Qt::Alignment alignment, const QString& text,
+              Qt::TextElideMode dots = Qt::ElideRight);
 /// @return the font, smaller where the text would not fit: some widgets have a given size, whatever
 ///         the font of the application. Too small to read it does not get.
 /// @param needed what the text covers in this font, pixels.

@@ -28,12 +28,13 @@ class Rows : public QStyledItemDelegate {
         const bool chosen = option.state & QStyle::State_Selected;
         painter->fillRect(option.rect, colour(chosen ? Tint::Selected : Tint::Card));
         drawEntry(*painter, option.rect.adjusted(scaled(8), 0, -scaled(4), 0), index,
-                  option.decorationSize, option.font, true);
+                  option.decorationSize, option.font, true, Qt::ElideMiddle);
     }
 
-    /// Draws picture and text of an entry, as a row of the list and in the closed field.
+    /// Draws picture and text of an entry, as a row of the list and in the closed field. A row's
+    /// dots are in its middle: the files of one deep folder would look alike without their ends.
     void drawEntry(QPainter& painter, QRect place, const QModelIndex& index, const QSize& iconSize,
-                   const QFont& font, bool enabled) const {
+                   const QFont& font, bool enabled, Qt::TextElideMode dots = Qt::ElideRight) const {
         const auto icon = index.data(Qt::DecorationRole).value<QIcon>();
         if (iconsShown && !icon.isNull()) {
             const QRect at = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignLeft | Qt::AlignVCenter,
@@ -46,7 +47,7 @@ class Rows : public QStyledItemDelegate {
         painter.setPen(colour(usable ? Tint::Text : Tint::Faint));
         painter.setFont(font);
         const QString text = index.data(Qt::DisplayRole).toString();
-        workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, text);
+        workbench::drawLine(painter, place, Qt::AlignLeft | Qt::AlignVCenter, text, dots);
     }
 };
 

@@ -32,7 +32,9 @@ RibbonTab::RibbonTab(const RIBBON::CentralTab& tab, QWidget* parent) : zBaseWidg
     button->setAutoDefault(false);
     // The ribbon belongs to the mouse: with the focus it would only be a place where keys end.
     button->setFocusPolicy(Qt::NoFocus);
-    button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    // With a large font the entries give way, and cut their texts.
+    button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Expanding);
+    button->setMinimumWidth(scaled(40));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(button);
@@ -48,6 +50,7 @@ RibbonNavigationBar::RibbonNavigationBar(int style, int alignment, int exclusive
     setProperty("style", style);
     setProperty("alignment", alignment);
     setProperty(exclusiveProperty, exclusive == 1);
+    panelLayout()->addSpacing(scaled(40));  // the cross of its window lies there
 }
 
 QAction* RibbonNavigationBar::addTab(const RIBBON::CentralTab& tab) {
