@@ -32,7 +32,7 @@ void appendCard(QListWidget* list, std::unique_ptr<QListWidgetItem> item,
     list->insertItem(list->count(), row);
     // Before it joins the list: the sheets around the list are then matched once for each of its
     // widgets, not twice. What this and the next line bring: docs/measures.md.
-    polishNow(card.get());
+    isKeptHidden(card.get()) ? polishWhenShown(card.get()) : polishNow(card.get());
     offerToTab(card.get(), false);
     // The list lays it out at once.
     QCoreApplication::removePostedEvents(card.get(), QEvent::LayoutRequest);

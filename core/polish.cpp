@@ -17,4 +17,8 @@ void polishWhenShown(QWidget* widget) {
     }
 }
 
+bool isKeptHidden(const QWidget* widget) {
+    return widget->isHidden() && widget->testAttribute(Qt::WA_WState_ExplicitShowHide);
+}
+
 }  // namespace newpro

@@ -14,4 +14,7 @@ void polishNow(QWidget* widget);
 /// Lets `widget` and what is in it wait for its style until it is shown, if ever.
 void polishWhenShown(QWidget* widget);
 
+/// @return whether somebody has hidden the widget; a new one is merely not shown yet.
+bool isKeptHidden(const QWidget* widget);
+
 }  // namespace newpro

@@ -1,10 +1,12 @@
 #include "dialog/CardList.h"
 
-#include <QEvent>
+#include <QPaintEvent>
+#include <QPointer>
 #include <QScrollBar>
 
 #include "core/guard.h"
 #include "dialog/RowFocus.h"
+#include "models/ProModelItemForm.h"
 
 namespace newpro {
 
@@ -24,8 +26,60 @@ int CardList::rowsHeight() const {
     return count() == 0 ? 0 : count() * item(0)->sizeHint().height();
 }
 
+int CardList::rowHeight() const {
+    return count() == 0 ? 0 : rowsHeight() / count();
+}
+
+/// @return the part of the viewport that nothing around the list cuts off above or below.
+QRect CardList::inSight() const {
+    QRect part = isVisible() ? viewport()->rect() : QRect();
+    for (const QWidget* around = this; around; around = around->parentWidget()) {
+        const int top = viewport()->mapFrom(around, QPoint(0, 0)).y();
+        part.setTop(qMax(part.top(), top));
+        part.setBottom(qMin(part.bottom(), top + around->height() - 1));
+        if (around->isWindow()) break;
+    }
+    return part;
+}
+
+/// @param part of the viewport. The cards that come with it are styled, laid out and painted now.
+void CardList::showCards(const QRect& part) {
+    if (part.isEmpty() || rowHeight() <= 0) return;
+    const QPointer<CardList> alive = this;
+    const int first = qMax(0, (part.top() + verticalOffset()) / rowHeight());
+    const int last = (part.bottom() + verticalOffset()) / rowHeight();
+    for (int row = first; row <= last && alive && row < count(); ++row) {
+        auto* card = qobject_cast<ProModelItemForm*>(itemWidget(item(row)));
+        if (card) card->comeIntoSight();
+    }
+}
+
+void CardList::showCardsInSight() {
+    guarded("CardList", [this] {
+        if (!isVisible()) return;
+        executeDelayedItemsLayout();  // rows that have just come have no place before
+        showCards(inSight());
+    });
+}
+
+void CardList::updateEditorGeometries() {
+    guarded("CardList", [this] {
+        QListWidget::updateEditorGeometries();
+        showCards(inSight());
+    });
+}
+
+void CardList::showEvent(QShowEvent* event) {
+    guarded("CardList", [&] {
+        QListWidget::showEvent(event);
+        showCardsInSight();
+    });
+}
+
 bool CardList::viewportEvent(QEvent* event) {
     return guardedOr("CardList", false, [&] {
+        // Also where a picture is taken of what is out of sight.
+        if (event->type() == QEvent::Paint) showCards(static_cast<QPaintEvent*>(event)->rect());
         switch (event->type()) {
             // An item view paints everything anew for these, to show which rows are active: a
             // second paint of all cards each time the dialog opens (docs/measures.md).
@@ -85,8 +139,7 @@ QModelIndex CardList::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
 
 /// @return how many whole rows are in sight where the list stands; at least 1.
 int CardList::rowsInSight() const {
-    const int rowHeight = count() == 0 ? 0 : rowsHeight() / count();
-    return rowHeight <= 0 ? 1 : qMax(1, visibleRegion().boundingRect().height() / rowHeight);
+    return rowHeight() <= 0 ? 1 : qMax(1, inSight().height() / rowHeight());
 }
 
 }  // namespace newpro

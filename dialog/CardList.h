@@ -6,7 +6,7 @@
 namespace newpro {
 
 /// Cannot be selected. Whoever holds it gives it the height of its rows and scrolls it. It is one
-/// stop of Tab; see RowFocus.
+/// stop of Tab; see RowFocus. A card that waits for sight is shown as soon as its row is there.
 class CardList : public QListWidget {
     Q_OBJECT
   public:
@@ -15,8 +15,16 @@ class CardList : public QListWidget {
 
     /// @return what all rows together need, pixels; 0 without rows.
     int rowsHeight() const;
+    /// @return the height of each row, pixels; 0 without rows.
+    int rowHeight() const;
+
+    /// Shows the cards of the rows that are in sight. Call when rows have come, or the list has
+    /// been scrolled.
+    void showCardsInSight();
 
   protected:
+    void updateEditorGeometries() override;
+    void showEvent(QShowEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -26,6 +34,8 @@ class CardList : public QListWidget {
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
+    void showCards(const QRect& part);
+    QRect inSight() const;
     int rowsInSight() const;
 };
 

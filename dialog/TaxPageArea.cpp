@@ -22,7 +22,7 @@ int heightNeeded(const QWidget* page) {
 /// @return the height of a row of cards; 0 for a page without any.
 int rowHeight(const QWidget* page) {
     const auto* list = qobject_cast<const CardList*>(page);
-    return list && list->count() > 0 ? list->rowsHeight() / list->count() : 0;
+    return list ? list->rowHeight() : 0;
 }
 
 }  // namespace
@@ -57,6 +57,19 @@ void TaxPageArea::fitStack() {
     setVerticalScrollBarPolicy(scrolls ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     const int gap = scrolls ? scaled(gapBesideBar) : 0;
     stack->resize(viewport()->width() - gap, qMax(needed, viewport()->height()));
+    showCards();
+}
+
+void TaxPageArea::scrollContentsBy(int dx, int dy) {
+    guarded("TaxPageArea", [&] {
+        QScrollArea::scrollContentsBy(dx, dy);
+        if (stack) showCards();
+    });
+}
+
+void TaxPageArea::showCards() {
+    auto* list = qobject_cast<CardList*>(stack->currentWidget());
+    if (list) list->showCardsInSight();
 }
 
 void TaxPageArea::resizeEvent(QResizeEvent* event) {

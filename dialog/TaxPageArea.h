@@ -19,8 +19,11 @@ class TaxPageArea : public QScrollArea {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
   private:
+    void showCards();
+
     const Part<QStackedWidget> stack;
 };
 

@@ -133,6 +133,7 @@ void NewProCfgDialogPrivate::buildTaxPages() {
     lswTemplateEng->hide();
     lswTemplateEng->setAccessibleName(QStringLiteral("模板工程卡片"));
     catalogue.templates = lswTemplateEng;
+    catalogue.cardsWait = true;
 
     for (int mode = 0; mode < newpro::taxModeCount; ++mode) {
         const auto& list = catalogue.lists[size_t(mode)];

@@ -3,11 +3,13 @@
 #include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QLabel>
+#include <QListView>
 #include <QPointer>
 #include <QPushButton>
 #include <QTreeView>
 
 #include "core/guard.h"
+#include "core/polish.h"
 #include "core/rowButtons.h"
 #include "dialog/RowFocus.h"
 
@@ -45,7 +47,16 @@ QVector<QWidget*> rowsOf(const QAbstractItemView* view, const QModelIndex& paren
     return rows;
 }
 
+/// @return whether the widget stands in a row that a list has not shown yet, being out of sight.
+bool isInWaitingRow(const QWidget* widget) {
+    while (widget && !viewOf(widget)) widget = widget->parentWidget();
+    const auto* list = widget ? qobject_cast<const QListView*>(viewOf(widget)) : nullptr;
+    return list && list->isVisible() && widget->isHidden();
+}
+
+/// A row that is out of sight is told as such, be it shown already or not.
 QAccessible::State seenState(QAccessible::State state, const QWidget* widget) {
+    if (state.invisible && isInWaitingRow(widget)) state.invisible = false;
     if (!state.invisible && widget->visibleRegion().isEmpty()) state.offscreen = true;
     return state;
 }
@@ -133,7 +144,7 @@ class RowAccessible : public QAccessibleWidget {
             return parts().isEmpty() ? QStringLiteral("文件夹") : QStringLiteral("模板工程文件");
         QStringList lines;
         for (const QLabel* label : widget()->findChildren<QLabel*>()) {
-            if (label == title() || label->isHidden() || label->text().isEmpty()) continue;
+            if (label == title() || isKeptHidden(label) || label->text().isEmpty()) continue;
             const QString whole = label->accessibleName();
             lines << (whole.isEmpty() ? label->text() : whole);
         }

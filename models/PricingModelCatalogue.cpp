@@ -62,6 +62,7 @@ void PricingModelCatalogue::place(const ProjectSettingSpace::TaxTemplateInfo& mo
     // The host was asked for the card's configuration, and may have let the user pick another kind,
     // or have taken the list away.
     if (pool.filling() != filling) throw Gone();
+    if (cardsWait) card->waitForSight();
     QObject::connect(card.get(), &ProModelItemForm::signalNewPro, list.need(), create);
     std::unique_ptr<QListWidgetItem> item = pool.take();
     item->setData(Qt::UserRole, QVariant::fromValue(model));

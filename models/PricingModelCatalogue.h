@@ -20,6 +20,7 @@ class PricingModelCatalogue {
 
     std::array<Part<QListWidget>, taxModeCount> lists;  ///< By tax mode.
     Part<QListWidget> templates;                        ///< The template cards.
+    bool cardsWait = false;  ///< The lists themselves show a card, when its row comes into sight.
 
     /// Empties the template list and the lists of tax mode 2, 1 and 0, in this order.
     void clear();

@@ -265,6 +265,25 @@ void ProModelItemForm::emitFromMenu(zBaseMenu* menu, zBaseButton* create) {
     emitWithout(create);
 }
 
+void ProModelItemForm::waitForSight() {
+    waiting = true;
+    hide();
+}
+
+void ProModelItemForm::comeIntoSight() {
+    guarded(cardSource, [this] {
+        if (!waiting) return;
+        waiting = false;
+        show();
+    });
+}
+
+void ProModelItemForm::setVisible(bool visible) {
+    guarded(cardSource, [&] {
+        if (!visible || !waiting) zBaseWidget::setVisible(visible);
+    });
+}
+
 void ProModelItemForm::mouseDoubleClickEvent(QMouseEvent* event) {
     guarded(cardSource, [&] {
         const QPointer<ProModelItemForm> alive = this;

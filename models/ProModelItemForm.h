@@ -21,6 +21,13 @@ class ProModelItemForm : public zBaseWidget {
     /// Elides the description to the card's width.
     void UpdateDescriptionText();
 
+    /// Keeps the card hidden, whoever shows it, until it comes into sight: its style, its layout
+    /// and its place on the screen are most of what a card of a long list costs (docs/measures.md).
+    void waitForSight();
+    /// Ends the wait and shows the card.
+    void comeIntoSight();
+    void setVisible(bool visible) override;
+
   Q_SIGNALS:
     /// The user wants a project from this model. Receivers may delete the card.
     void signalNewPro(TaxTemplateInfo newProTaxInfo);
@@ -43,6 +50,7 @@ class ProModelItemForm : public zBaseWidget {
     QString descriptionText;
     int describedWidth = -1;  ///< The card's width that the shown description was elided for,
     QFont describedFont;      ///< and the font.
+    bool waiting = false;     ///< For its row to come into sight.
     QPointer<zBaseMenu> activeMenu;  ///< Whose entry is being triggered.
     std::unique_ptr<Form> ui;
 };

@@ -105,6 +105,31 @@ TEST_F(CardRows, HaveTheirStyleAndLeaveNoRequestInTheQueue) {
     EXPECT_TRUE(text->isVisible());
 }
 
+/// A card that nobody can show.
+class HiddenCard : public QLabel {
+  public:
+    using QLabel::QLabel;
+    void setVisible(bool visible) override {
+        if (!visible) QLabel::setVisible(false);
+    }
+};
+
+TEST_F(CardRows, ThatTheirMakerHidHaveNoStyleAndLeaveNoRequestEither) {
+    list.show();
+    testing_support::settle();
+    auto hidden = std::make_unique<HiddenCard>(QStringLiteral("a"));
+    hidden->hide();
+    QWidget* card = hidden.get();
+    EventCount polish(card, QEvent::PolishRequest);
+    newpro::appendCard(&list, std::make_unique<QListWidgetItem>(), std::move(hidden));
+    EXPECT_EQ(list.itemWidget(list.item(0)), card);
+    testing_support::settle();
+    EXPECT_FALSE(isPolished(*card));
+    EXPECT_EQ(polish.count, 0);
+    EXPECT_EQ(card->geometry(), list.visualItemRect(list.item(0)))
+        << "it has its place all the same";
+}
+
 TEST_F(CardRows, AreOneStopOfTheKeyboardTheirButtonsArePassedBy) {
     auto card = std::make_unique<QWidget>();
     const auto* button = new QPushButton(card.get());
@@ -162,6 +187,16 @@ TEST(Polish, NowIsDoneOnceAndNotAgainByTheQueue) {
     EXPECT_EQ(requests.count, 0);
     widget.show();
     EXPECT_TRUE(isPolished(*part));
+}
+
+TEST(Polish, OfAWidgetThatSomebodyHidIsToldFromThatOfANewOne) {
+    QWidget window;
+    QWidget part(&window);
+    EXPECT_FALSE(newpro::isKeptHidden(&part));
+    part.hide();
+    EXPECT_TRUE(newpro::isKeptHidden(&part));
+    part.show();
+    EXPECT_FALSE(newpro::isKeptHidden(&part));
 }
 
 TEST(Polish, WhenShownWaitsForTheShowing) {

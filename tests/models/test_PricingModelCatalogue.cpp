@@ -83,6 +83,27 @@ TEST_F(Catalogue, PlacesACardForEachModelInTheListOfItsTaxMode) {
     EXPECT_EQ(filled, (QVector<int>{1, 0, 2}));
 }
 
+TEST_F(Catalogue, CardsWaitWhereTheListsShowThem) {
+    configure({entry(0, {a, b})});
+    catalogue.cardsWait = true;
+    list(0).show();
+    load();
+    testing_support::settle();
+    EXPECT_EQ(names(0), (QStringList{a, b}));
+    for (ProModelItemForm* card : cards()) {
+        EXPECT_FALSE(card->isVisible());
+        EXPECT_EQ(card->width(), list(0).viewport()->width());
+    }
+    cards().at(1)->comeIntoSight();
+    EXPECT_TRUE(cards().at(1)->isVisible());
+    EXPECT_FALSE(cards().at(0)->isVisible());
+    catalogue.cardsWait = false;
+    list(0).clear();
+    load();
+    testing_support::settle();
+    EXPECT_TRUE(cards().constLast()->isVisible());
+}
+
 TEST_F(Catalogue, ACardAsksForAProjectFromItsModel) {
     configure({entry(0, {a, b})});
     load();
