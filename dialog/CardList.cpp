@@ -44,10 +44,11 @@ QRect CardList::inSight() const {
 
 /// @param part of the viewport. The cards that come with it are styled, laid out and painted now.
 void CardList::showCards(const QRect& part) {
-    if (part.isEmpty() || rowHeight() <= 0) return;
+    const int height = rowHeight();
+    if (part.isEmpty() || height <= 0) return;
     const QPointer<CardList> alive = this;
-    const int first = qMax(0, (part.top() + verticalOffset()) / rowHeight());
-    const int last = (part.bottom() + verticalOffset()) / rowHeight();
+    const int first = qMax(0, (part.top() + verticalOffset()) / height);
+    const int last = (part.bottom() + verticalOffset()) / height;
     for (int row = first; row <= last && alive && row < count(); ++row) {
         auto* card = qobject_cast<ProModelItemForm*>(itemWidget(item(row)));
         if (card) card->comeIntoSight();
@@ -139,7 +140,8 @@ QModelIndex CardList::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
 
 /// @return how many whole rows are in sight where the list stands; at least 1.
 int CardList::rowsInSight() const {
-    return rowHeight() <= 0 ? 1 : qMax(1, inSight().height() / rowHeight());
+    const int height = rowHeight();
+    return height <= 0 ? 1 : qMax(1, inSight().height() / height);
 }
 
 }  // namespace newpro
