@@ -63,13 +63,6 @@ void CardList::showCardsInSight() {
     });
 }
 
-void CardList::updateEditorGeometries() {
-    guarded("CardList", [this] {
-        QListWidget::updateEditorGeometries();
-        showCards(inSight());
-    });
-}
-
 void CardList::showEvent(QShowEvent* event) {
     guarded("CardList", [&] {
         QListWidget::showEvent(event);

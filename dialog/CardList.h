@@ -23,7 +23,6 @@ class CardList : public QListWidget {
     void showCardsInSight();
 
   protected:
-    void updateEditorGeometries() override;
     void showEvent(QShowEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

@@ -24,8 +24,8 @@ QAbstractItemView* viewOf(const QWidget* widget) {
     return view && view->viewport() == viewport && RowFocus::of(view) ? view : nullptr;
 }
 
-/// @return whether the widget stands in a row; all others are described by Qt.
-bool isInRow(const QWidget* widget) {
+/// @return the row that the widget is or stands in; null for all others, which Qt describes.
+const QWidget* rowAround(const QWidget* widget) {
     while (widget && !viewOf(widget)) widget = widget->parentWidget();
     return widget;
 }
@@ -49,9 +49,9 @@ QVector<QWidget*> rowsOf(const QAbstractItemView* view, const QModelIndex& paren
 
 /// @return whether the widget stands in a row that a list has not shown yet, being out of sight.
 bool isInWaitingRow(const QWidget* widget) {
-    while (widget && !viewOf(widget)) widget = widget->parentWidget();
-    const auto* list = widget ? qobject_cast<const QListView*>(viewOf(widget)) : nullptr;
-    return list && list->isVisible() && widget->isHidden();
+    const QWidget* row = rowAround(widget);
+    const auto* list = row ? qobject_cast<const QListView*>(viewOf(row)) : nullptr;
+    return list && list->isVisible() && row->isHidden();
 }
 
 /// A row that is out of sight is told as such, be it shown already or not.
@@ -244,7 +244,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (view) return RowFocus::of(view) ? new ViewAccessible(view) : nullptr;
     if (QAbstractItemView* around = viewOf(widget)) return new RowAccessible(widget, around);
     auto* button = qobject_cast<QAbstractButton*>(widget);
-    return button && isInRow(button) ? new RowButtonAccessible(button) : nullptr;
+    return button && rowAround(button) ? new RowButtonAccessible(button) : nullptr;
 }
 
 }  // namespace

@@ -271,11 +271,9 @@ void ProModelItemForm::waitForSight() {
 }
 
 void ProModelItemForm::comeIntoSight() {
-    guarded(cardSource, [this] {
-        if (!waiting) return;
-        waiting = false;
-        show();
-    });
+    if (!waiting) return;
+    waiting = false;
+    show();
 }
 
 void ProModelItemForm::setVisible(bool visible) {

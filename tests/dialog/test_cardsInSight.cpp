@@ -141,6 +141,14 @@ TEST_F(CardsInSight, AreNotTheOnlyOnesThatAReaderFinds) {
     EXPECT_TRUE(hidden->state().invisible);
 }
 
+TEST_F(CardsInSight, AreNotTheOnlyOnesThatAProgramClicks) {
+    open();
+    QWidget* last = card("lswGeneralTax", many - 1);
+    QTest::mouseClick(child<zBaseButton>(last, "btnNewProject"), Qt::LeftButton);
+    EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")),
+              QVariant(QStringLiteral("模型0-%1").arg(many - 1)));
+}
+
 TEST_F(CardsInSight, MayBeDeletedByOneThatComes) {
     open();
     const int next = rowsInSight(cards()).back() + 1;

@@ -1,3 +1,5 @@
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTimer>
 #include <algorithm>
@@ -179,9 +181,9 @@ TEST_F(Robustness, ThreeThousandModelsWork) {
     open();
     ASSERT_EQ(list("lswGeneralTax")->count(), 3000);
     EXPECT_EQ(list("lswGeneralTax")->minimumHeight(), 3000 * 80);
-    // Out of sight, where only a program finds it; test_cardsInSight.cpp has a person's ways.
-    QTest::mouseClick(child<zBaseButton>(card("lswGeneralTax", 2999), "btnNewProject"),
-                      Qt::LeftButton);
+    QScrollBar* bar = find<QScrollArea>("taxPageArea")->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    click(child<zBaseButton>(card("lswGeneralTax", 2999), "btnNewProject"));
     EXPECT_EQ(sent.toMap().value(QStringLiteral("m_strProjectType")),
               QVariant(QStringLiteral("模式2999")));
 }

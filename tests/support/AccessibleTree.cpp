@@ -112,6 +112,15 @@ QString told(QAccessibleInterface* thing) {
                                            object ? object->objectName() : QString());
 }
 
+/// @return whether it is told as scrolled out of a list that is on the screen: that need not have
+/// shown
+///         it yet.
+bool isScrolledOut(const QWidget& widget, const QAccessible::State& state) {
+    const QWidget* list = &widget;
+    while (list && !qobject_cast<const QAbstractItemView*>(list)) list = list->parentWidget();
+    return state.offscreen && list && list->isVisible();
+}
+
 }  // namespace
 
 QVector<Found> foundIn(QWidget* window) {
@@ -140,8 +149,7 @@ QStringList accessibleFaults(QWidget* window) {
             faults << QStringLiteral("no description: ") + told(thing);
         if (thing->role() == QAccessible::NoRole)
             faults << QStringLiteral("no role: ") + told(thing);
-        // What is scrolled out need not have been shown yet.
-        if (widget && !widget->isVisible() && !thing->state().offscreen)
+        if (widget && !widget->isVisible() && !isScrolledOut(*widget, thing->state()))
             faults << QStringLiteral("not on the screen: ") + told(thing);
         QAccessibleInterface* parent = thing->parent();
         if (each.depth > 0 && (!parent || parent->indexOfChild(thing) < 0))
