@@ -315,6 +315,23 @@ void touchpad(benchmark::State& state) {
     scroll(state, 12);
 }
 
+/// Another kind of project is picked: the cards in sight and all others are made anew.
+void changeKind(benchmark::State& state) {
+    useModels(int(state.range(0)));
+    NewProCfgDialog dialog(0, true, nullptr);
+    paint(dialog);
+    for (auto _ : state) {
+        QMetaObject::invokeMethod(&dialog, "GetModelCfgAndInitData");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+        state.PauseTiming();
+        workbench::Journal::instance().clear();
+        state.ResumeTiming();
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+BENCHMARK(changeKind)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);
 BENCHMARK(wheel)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(touchpad)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 BENCHMARK(plainList)->Arg(30)->Arg(300)->Arg(3000)->Complexity()->Unit(benchmark::kMillisecond);

@@ -44,14 +44,13 @@ QRect CardList::inSight() const {
 
 /// @param part of the viewport. The cards that come with it are styled, laid out and painted now.
 void CardList::showCards(const QRect& part) {
-    const int height = rowHeight();
-    if (part.isEmpty() || height <= 0) return;
     const QPointer<CardList> alive = this;
-    const int first = qMax(0, (part.top() + verticalOffset()) / height);
-    const int last = (part.bottom() + verticalOffset()) / height;
-    for (int row = first; row <= last && alive && row < count(); ++row) {
-        auto* card = qobject_cast<ProModelItemForm*>(itemWidget(item(row)));
-        if (card) card->comeIntoSight();
+    const int end = qMin(part.bottom() + 1, contentsSize().height() - verticalOffset());
+    for (int y = part.top(); alive && y < end;) {
+        // Asked for, and not counted: a host may have hidden rows, or put space between them.
+        const QModelIndex row = indexAt(QPoint(part.center().x(), y));
+        y = row.isValid() ? visualRect(row).bottom() + 1 : y + 1;
+        if (auto* card = qobject_cast<ProModelItemForm*>(indexWidget(row))) card->comeIntoSight();
     }
 }
 
@@ -61,6 +60,29 @@ void CardList::showCardsInSight() {
         executeDelayedItemsLayout();  // rows that have just come have no place before
         showCards(inSight());
     });
+}
+
+// A list view that is shown would lay out all its rows for each that comes or goes: thousands would
+// take the square of their number. They are laid out together, soon or when somebody asks for a
+// place.
+void CardList::rowsInserted(const QModelIndex& parent, int first, int last) {
+    layoutDue = true;
+    guarded("CardList", [&] { QListWidget::rowsInserted(parent, first, last); });
+}
+
+void CardList::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
+    layoutDue = true;
+    guarded("CardList", [&] { QListWidget::rowsAboutToBeRemoved(parent, first, last); });
+}
+
+void CardList::doItemsLayout() {
+    layoutDue = false;
+    guarded("CardList", [this] { QListWidget::doItemsLayout(); });
+}
+
+void CardList::updateEditorGeometries() {
+    if (layoutDue) return;
+    guarded("CardList", [this] { QListWidget::updateEditorGeometries(); });
 }
 
 void CardList::showEvent(QShowEvent* event) {

@@ -21,6 +21,7 @@ class CardList : public QListWidget {
     /// Shows the cards of the rows that are in sight. Call when rows have come, or the list has
     /// been scrolled.
     void showCardsInSight();
+    void doItemsLayout() override;
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -30,12 +31,17 @@ class CardList : public QListWidget {
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
   protected Q_SLOTS:
+    void rowsInserted(const QModelIndex& parent, int first, int last) override;
+    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
+    void updateEditorGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
     void showCards(const QRect& part);
     QRect inSight() const;
     int rowsInSight() const;
+
+    bool layoutDue = false;  ///< Rows have come or gone since the last one.
 };
 
 }  // namespace newpro

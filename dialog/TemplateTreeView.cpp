@@ -1,5 +1,6 @@
 #include "dialog/TemplateTreeView.h"
 
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "core/guard.h"
@@ -12,6 +13,21 @@ TemplateTreeView::TemplateTreeView(QWidget* parent) : QTreeWidget(parent) {
     setVerticalScrollMode(ScrollPerPixel);
     verticalScrollBar()->setSingleStep(fontMetrics().lineSpacing());
     new RowFocus(this);
+}
+
+// A tree view that has been shown would lay out all its rows for each that comes: thousands would
+// take the square of their number.
+void TemplateTreeView::rowsInserted(const QModelIndex& parent, int first, int last) {
+    guarded("TemplateTreeView", [&] {
+        scheduleDelayedItemsLayout();
+        const QScopedValueRollback<bool> until(filling, true);
+        QTreeWidget::rowsInserted(parent, first, last);
+    });
+}
+
+void TemplateTreeView::updateEditorGeometries() {
+    if (filling) return;
+    guarded("TemplateTreeView", [this] { QTreeWidget::updateEditorGeometries(); });
 }
 
 // Passing the tree view by is the point: it tells screen readers of table cells by their numbers,

@@ -12,9 +12,14 @@ class TemplateTreeView : public QTreeWidget {
     explicit TemplateTreeView(QWidget* parent);
 
   protected Q_SLOTS:
+    void rowsInserted(const QModelIndex& parent, int first, int last) override;
+    void updateEditorGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
+
+  private:
+    bool filling = false;  ///< A row comes, and all are laid out later.
 };
 
 }  // namespace newpro

@@ -17,7 +17,10 @@ void clearList(QListWidget* list, ListItemPool& pool) {
         // The list deletes the card later; until then it must not be seen behind the new ones.
         if (QWidget* card = list->itemWidget(item)) card->hide();
         list->setItemWidget(item, nullptr);
-        pool.keep(list->takeItem(row));
+    }
+    // All cards first: the list would go through those that are left for each row that it loses.
+    for (int row = list->count() - 1; row >= 0; --row) {
+        if (QListWidgetItem* item = list->takeItem(row)) pool.keep(item);
     }
 }
 

@@ -1,5 +1,6 @@
 /// A list has all its cards from the start, and shows each when its row comes into sight.
 #include <QAccessible>
+#include <QStyledItemDelegate>
 
 #include "models/ProModelItemForm.h"
 #include "tests/dialog/KeyboardFixture.h"
@@ -112,6 +113,59 @@ TEST_F(CardsInSight, ComeWithTheirPageAndWithAnotherKind) {
     pick(budgetLabel);
     for (const int row : rowsInSight(cards())) EXPECT_TRUE(card("lswGeneralTax", row)->isVisible());
     EXPECT_LT(shownRows().size(), 12u) << "made anew";
+}
+
+TEST_F(CardsInSight, ComeWhereAHostHasHiddenRowsOrPutSpaceBetweenThem) {
+    open();
+    const int under = rowsInSight(cards()).back() + 2;
+    for (int row = 0; row < 5; ++row) cards()->setRowHidden(row, true);
+    cards()->setRowHidden(under, true);
+    settle();
+    const auto isThere = [this](int row) {
+        return !cards()->isRowHidden(row) == card("lswGeneralTax", row)->isVisible();
+    };
+    for (const int row : rowsInSight(cards())) {
+        EXPECT_TRUE(row < 5 || isThere(row)) << row;
+    }
+    bar()->setValue(80 * 4);
+    EXPECT_FALSE(card("lswGeneralTax", under)->isVisible()) << "of a hidden row";
+    EXPECT_TRUE(isThere(under + 1));
+    cards()->setSpacing(20);
+    bar()->setValue(80 * 100);
+    settle();
+    for (const int row : rowsInSight(cards())) EXPECT_TRUE(isThere(row)) << row;
+}
+
+/// Counts how often rows are measured, which each layout of a list does with all of them.
+struct CountsRows : QStyledItemDelegate {
+    mutable int measured = 0;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        ++measured;
+        return QStyledItemDelegate::sizeHint(option, index);
+    }
+};
+
+TEST_F(CardsInSight, AreLaidOutTogetherWhenAnotherKindIsPicked) {
+    QList<TaxTemplateInfo> models;
+    for (int i = 0; i < many; ++i) models << model(QStringLiteral("总包%1").arg(i));
+    host.setModels(QStringLiteral("Kvzcb"), 0, models);
+    CountsRows rows;
+    open();
+    cards()->setItemDelegate(&rows);
+    addKindOnMainPage(contractingLabel);
+    settle();
+    for (const QString& kind : {contractingLabel, budgetLabel}) {
+        rows.measured = 0;
+        pick(kind);
+        settle();
+        EXPECT_EQ(cards()->count(), many);
+        EXPECT_GE(rows.measured, many);
+        EXPECT_LE(rows.measured, 4 * many) << "not once for each row that comes or goes";
+        for (int row = 0; row < many; ++row)
+            EXPECT_EQ(card("lswGeneralTax", row)->geometry(),
+                      cards()->visualItemRect(cards()->item(row)));
+    }
+    dialog.reset();  // before what measures its rows
 }
 
 TEST_F(CardsInSight, ComeWithAPictureOfTheWholeList) {

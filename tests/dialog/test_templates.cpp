@@ -1,4 +1,5 @@
 #include <QPainter>
+#include <QStyledItemDelegate>
 
 #include "tests/dialog/DialogFixture.h"
 
@@ -172,6 +173,42 @@ TEST_F(Templates, TheProgramTypeOfTheKindIsSent) {
     clearJournal();
     child<zBaseButton>(card("lswTemplateEng", 0), "btnNewProject")->click();
     EXPECT_EQ(flowLines().back(), "signal SignalCreateMB(8, 44, \"" + path.toStdString() + "\")");
+}
+
+/// Counts how often rows are placed, which each layout of the tree does with all of them.
+struct CountsPlaces : QStyledItemDelegate {
+    mutable int placed = 0;
+    void updateEditorGeometry(QWidget* row, const QStyleOptionViewItem& option,
+                              const QModelIndex&) const override {
+        ++placed;
+        row->setGeometry(option.rect);
+    }
+};
+
+TEST_F(Templates, ManyAreLaidOutTogetherWhenAnotherKindIsPicked) {
+    constexpr int many = 200;
+    for (int i = 0; i < many; ++i) {
+        for (const char* kind : {"kvys", "kvzcb"})
+            host.addTemplate(QLatin1String(kind), QStringLiteral("模板%1.MODX").arg(i));
+    }
+    CountsPlaces rows;
+    open();
+    addKindOnMainPage(contractingLabel);
+    click(button("templateButton"));
+    settle();
+    tree()->setItemDelegate(&rows);
+    for (const QString& kind : {contractingLabel, budgetLabel}) {
+        rows.placed = 0;
+        pick(kind);
+        click(button("templateButton"));
+        settle();
+        ASSERT_GE(tree()->topLevelItemCount(), many);
+        EXPECT_GE(rows.placed, many);
+        EXPECT_LE(rows.placed, 10 * many) << "not once for each row that comes";
+        QTreeWidgetItem* item = tree()->topLevelItem(many - 1);
+        EXPECT_EQ(tree()->itemWidget(item, 0)->y(), tree()->visualItemRect(item).y());
+    }
+    dialog.reset();  // before what places its rows
 }
 
 TEST_F(Templates, AMissingFolderLeavesListAndTreeEmpty) {
