@@ -99,8 +99,12 @@ void feeModeAsks() {
     needFirstPage();
     Opened opened;
     QPushButton* choose = nullptr;
-    for (auto* button : opened.dialog->findChildren<QPushButton*>())
-        if (!choose && button->isVisible() && button->menu()) choose = button;
+    for (const auto* list : opened.dialog->findChildren<QListWidget*>()) {
+        if (!list->isVisible()) continue;
+        // A card to which nobody has scrolled is there, and not visible.
+        for (auto* button : list->findChildren<QPushButton*>())
+            if (!choose && button->menu()) choose = button;
+    }
     if (!choose) throw NotReached{QStringLiteral("no pricing model has a choice of fee modes")};
     const Picker picker;
     choose->click();
