@@ -1,19 +1,19 @@
 # Copies the libraries that those in `programs` need from `folders`, and what these need in turn. CMake's own
 # search takes names in small letters, which on this file system are others.
-file(GLOB_RECURSE waiting ${programs}/*.exe ${programs}/*.dll)
+file(GLOB_RECURSE waiting "${programs}/*.exe" "${programs}/*.dll")
 while(waiting)
     list(POP_FRONT waiting file)
-    execute_process(COMMAND ${objdump} -p ${file} OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND "${objdump}" -p "${file}" OUTPUT_VARIABLE headers COMMAND_ERROR_IS_FATAL ANY)
     string(REGEX MATCHALL "DLL Name: [^\n]+" lines "${headers}")
     foreach(line IN LISTS lines)
         string(REPLACE "DLL Name: " "" name "${line}")
-        if(EXISTS ${programs}/${name})
+        if(EXISTS "${programs}/${name}")
             continue()
         endif()
         foreach(folder IN LISTS folders)
-            if(EXISTS ${folder}/${name})  # else it is Windows' own
-                file(COPY ${folder}/${name} DESTINATION ${programs} FOLLOW_SYMLINK_CHAIN)
-                list(APPEND waiting ${programs}/${name})
+            if(EXISTS "${folder}/${name}")  # else it is Windows' own
+                file(COPY "${folder}/${name}" DESTINATION "${programs}" FOLLOW_SYMLINK_CHAIN)
+                list(APPEND waiting "${programs}/${name}")
                 break()
             endif()
         endforeach()

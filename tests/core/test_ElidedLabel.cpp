@@ -2,7 +2,7 @@
 
 #include <QElapsedTimer>
 
-#include "tests/support/properties.h"
+#include "tests/support/TestSupport.h"
 
 namespace {
 
@@ -10,26 +10,6 @@ using newpro::elidedAtEnd;
 
 QFont fontOf(int pixels) {
     return TBaseTool::GetDefFont(pixels, QFont::Normal);
-}
-
-/// @return a text of letters of every width: Chinese, Latin, one outside the basic plane.
-QString textOf(const std::vector<int>& letters) {
-    const QStringList alphabet = {
-        QStringLiteral("工"), QStringLiteral("，"), QStringLiteral("W"),
-        QStringLiteral("i"),  QStringLiteral(" "),  QStringLiteral("AV"),
-        QStringLiteral("𠮷"), QStringLiteral("5"),  QStringLiteral("e\u0301")};
-    QString text;
-    for (int letter : letters) text += alphabet.at(letter);
-    return text;
-}
-
-RC_GTEST_PROP(ElidedAtEnd, IsWhatTheWholeTextElidesTo, ()) {
-    const QFontMetrics metrics(fontOf(*rc::gen::inRange(8, 40)));
-    const auto letters =
-        *rc::gen::scale(5.0, rc::gen::container<std::vector<int>>(rc::gen::inRange(0, 9)));
-    const QString text = textOf(letters);
-    const int width = *rc::gen::inRange(-100, 1500);
-    RC_ASSERT(elidedAtEnd(metrics, text, width) == metrics.elidedText(text, Qt::ElideRight, width));
 }
 
 TEST(ElidedAtEnd, TakesNarrowLettersWhole) {

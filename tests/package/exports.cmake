@@ -2,7 +2,7 @@
 # library's templates are not the module's and do not count.
 if(WIN32)
     # "[   0] +base[   1] 0000 _ZN15NewProCfgDialog..." in the table of names
-    execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} COMMAND sed -n "/Name Pointer. Table/,/^$/s/^.* \\(_Z\\)/0 T _Z/p"
+    execute_process(COMMAND ${OBJDUMP} -p ${LIBRARY} COMMAND sed -n "/Name Pointer. Table/,/^$/s/^.*\\[ *[0-9]*\\] \\(.* \\)*\\([^ ]*\\)$/0 T \\2/p"
                     COMMAND c++filt OUTPUT_VARIABLE symbols RESULTS_VARIABLE results)
 else()
     execute_process(COMMAND ${NM} -D --defined-only -C ${LIBRARY}

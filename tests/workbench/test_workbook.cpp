@@ -53,6 +53,15 @@ TEST(Workbook, BothFormatsOpenWhateverTheirNames) {
     EXPECT_EQ(answered("LibXLExcel::Open"), QJsonValue(true));
 }
 
+TEST(Workbook, BothFormatsOpenHoweverLongTheirPathsAre) {
+    TemporaryInstallation installation;
+    const QString folder =
+        QStringLiteral("工程资料/").repeated(60);  // Windows' old limit is 260 signs
+    for (const QString& sample : {smallXls, smallXlsx})
+        EXPECT_TRUE(opens(installation.write(folder + QStringLiteral("清单"), contentOf(sample))))
+            << sample.toStdString();
+}
+
 TEST(Workbook, WhatIsNoWorkbookDoesNotOpen) {
     TemporaryInstallation installation;
     const QByteArray xls = contentOf(smallXls);

@@ -39,7 +39,7 @@ Attempt take(QFile& file, QString& problem) {
     const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), 0);
     if (descriptor < 0) {
         CloseHandle(handle);
-        problem = qt_error_string(EMFILE);
+        problem = qt_error_string(ERROR_TOO_MANY_OPEN_FILES);
         return Attempt::Impossible;
     }
     if (file.open(descriptor, QIODevice::ReadWrite, QFile::AutoCloseHandle)) return Attempt::Held;

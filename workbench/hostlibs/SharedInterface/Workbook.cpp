@@ -9,6 +9,7 @@
 #include <QXmlStreamReader>
 #include <memory>
 
+#include "workbench/base/fileSystem.h"
 #include "workbench/hostlibs/SharedInterface/WorkbookGlobals.h"
 
 namespace workbench {
@@ -97,7 +98,7 @@ bool isWorkbookPart(const QByteArray& part) {
 /// @return the path as libzip takes it.
 QByteArray nameOf(const QString& path) {
 #ifdef Q_OS_WIN
-    return path.toUtf8();
+    return QString::fromStdWString(systemPath(path).native()).toUtf8();
 #else
     return QFile::encodeName(path);
 #endif
