@@ -2,6 +2,7 @@
 
 #include <QPaintEvent>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "core/guard.h"
@@ -45,10 +46,12 @@ QRect CardList::inSight() const {
 /// @param part of the viewport. The cards that come with it are styled, laid out and painted now.
 void CardList::showCards(const QRect& part) {
     const QPointer<CardList> alive = this;
+    executeDelayedItemsLayout();  // rows that have just come have no place before
+    const int x = viewport()->rect().center().x();
     const int end = qMin(part.bottom() + 1, contentsSize().height() - verticalOffset());
     for (int y = part.top(); alive && y < end;) {
         // Asked for, and not counted: a host may have hidden rows, or put space between them.
-        const QModelIndex row = indexAt(QPoint(part.center().x(), y));
+        const QModelIndex row = indexAt(QPoint(x, y));
         y = row.isValid() ? visualRect(row).bottom() + 1 : y + 1;
         if (auto* card = qobject_cast<ProModelItemForm*>(indexWidget(row))) card->comeIntoSight();
     }
@@ -56,32 +59,21 @@ void CardList::showCards(const QRect& part) {
 
 void CardList::showCardsInSight() {
     guarded("CardList", [this] {
-        if (!isVisible()) return;
-        executeDelayedItemsLayout();  // rows that have just come have no place before
-        showCards(inSight());
+        if (isVisible()) showCards(inSight());
     });
 }
 
-// A list view that is shown would lay out all its rows for each that comes or goes: thousands would
-// take the square of their number. They are laid out together, soon or when somebody asks for a
-// place.
+// A list view that is shown would lay out all its rows for each that comes: thousands would take
+// the square of their number. They are laid out together, soon or when somebody asks for a place.
 void CardList::rowsInserted(const QModelIndex& parent, int first, int last) {
-    layoutDue = true;
-    guarded("CardList", [&] { QListWidget::rowsInserted(parent, first, last); });
-}
-
-void CardList::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
-    layoutDue = true;
-    guarded("CardList", [&] { QListWidget::rowsAboutToBeRemoved(parent, first, last); });
-}
-
-void CardList::doItemsLayout() {
-    layoutDue = false;
-    guarded("CardList", [this] { QListWidget::doItemsLayout(); });
+    guarded("CardList", [&] {
+        const QScopedValueRollback<bool> until(filling, true);
+        QListWidget::rowsInserted(parent, first, last);
+    });
 }
 
 void CardList::updateEditorGeometries() {
-    if (layoutDue) return;
+    if (filling) return;
     guarded("CardList", [this] { QListWidget::updateEditorGeometries(); });
 }
 

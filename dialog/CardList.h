@@ -21,7 +21,6 @@ class CardList : public QListWidget {
     /// Shows the cards of the rows that are in sight. Call when rows have come, or the list has
     /// been scrolled.
     void showCardsInSight();
-    void doItemsLayout() override;
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -32,7 +31,6 @@ class CardList : public QListWidget {
 
   protected Q_SLOTS:
     void rowsInserted(const QModelIndex& parent, int first, int last) override;
-    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
     void updateEditorGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
@@ -41,7 +39,7 @@ class CardList : public QListWidget {
     QRect inSight() const;
     int rowsInSight() const;
 
-    bool layoutDue = false;  ///< Rows have come or gone since the last one.
+    bool filling = false;  ///< A row comes, and all are laid out later.
 };
 
 }  // namespace newpro

@@ -15,7 +15,7 @@ TemplateTreeView::TemplateTreeView(QWidget* parent) : QTreeWidget(parent) {
     new RowFocus(this);
 }
 
-// A tree view that has been shown would lay out all its rows for each that comes: thousands would
+// A tree view that is shown would lay out all its rows for each that comes: thousands would
 // take the square of their number.
 void TemplateTreeView::rowsInserted(const QModelIndex& parent, int first, int last) {
     guarded("TemplateTreeView", [&] {

@@ -174,6 +174,18 @@ TEST_F(CardsInSight, ComeWithAPictureOfTheWholeList) {
     EXPECT_EQ(shownRows().size(), size_t(many));
 }
 
+TEST_F(CardsInSight, ComeWithAPictureOfAListThatWasJustFilled) {
+    open();
+    cards()->clear();
+    settle();
+    auto* added = new ProModelItemForm(model(QStringLiteral("新")), nullptr);
+    added->waitForSight();
+    cards()->addItem(QString());
+    cards()->setItemWidget(cards()->item(0), added);
+    cards()->grab();
+    EXPECT_TRUE(added->isVisible());
+}
+
 TEST_F(CardsInSight, AreNotTheOnlyOnesThatAReaderFinds) {
     open();
     QAccessibleInterface* row = QAccessible::queryAccessibleInterface(cards())->child(many - 1);

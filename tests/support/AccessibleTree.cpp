@@ -112,9 +112,8 @@ QString told(QAccessibleInterface* thing) {
                                            object ? object->objectName() : QString());
 }
 
-/// @return whether it is told as scrolled out of a list that is on the screen: that need not have
-/// shown
-///         it yet.
+/// @return whether it is told as scrolled out of a list that is on the screen, which need not have
+///         shown it yet.
 bool isScrolledOut(const QWidget& widget, const QAccessible::State& state) {
     const QWidget* list = &widget;
     while (list && !qobject_cast<const QAbstractItemView*>(list)) list = list->parentWidget();
