@@ -1,4 +1,7 @@
 #include "files/projectFileType.h"
+
+#include <QSet>
+
 #include "tests/support/properties.h"
 
 namespace {
