@@ -160,7 +160,7 @@ TEST_F(CardsInSight, AreLaidOutTogetherWhenAnotherKindIsPicked) {
         settle();
         EXPECT_EQ(cards()->count(), many);
         EXPECT_GE(rows.measured, many);
-        EXPECT_LE(rows.measured, 4 * many) << "not once for each row that comes or goes";
+        EXPECT_LE(rows.measured, 4 * many) << "not once for each row that comes";
         for (int row = 0; row < many; ++row)
             EXPECT_EQ(card("lswGeneralTax", row)->geometry(),
                       cards()->visualItemRect(cards()->item(row)));
